@@ -1,0 +1,67 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace orbkl4 {
+
+/// The latest decoded fields of every data command and the sampling engine's own. Fields are shared
+/// across commands on purpose: a decoder's table says which it fills.
+struct SampleStateRecord {
+    using Matrix = std::array<double, 9>;  ///< column by column: M11, M21, M31, M12 …
+
+    double HeaderGyro = 0, HeaderInstant = 0;
+    double TicksGyro = 0, TicksInstant = 0;
+    double ChecksumGyro = 0, ChecksumInstant = 0;
+    double CalcChecksumGyro = 0, CalcChecksumInstant = 0;
+    double RawMag1 = 0, RawMag2 = 0, RawMag3 = 0;
+    double RawAcc1 = 0, RawAcc2 = 0, RawAcc3 = 0;
+    double RawAngRate1 = 0, RawAngRate2 = 0, RawAngRate3 = 0;
+    double StabMagX = 0, StabMagY = 0, StabMagZ = 0;
+    double StabAccX = 0, StabAccY = 0, StabAccZ = 0;
+    double CompAngRateX = 0, CompAngRateY = 0, CompAngRateZ = 0;
+    double InstMagX = 0, InstMagY = 0, InstMagZ = 0;
+    double InstAccX = 0, InstAccY = 0, InstAccZ = 0;
+    double InstAngRateX = 0, InstAngRateY = 0, InstAngRateZ = 0;
+    double StabQuat0 = 0, StabQuat1 = 0, StabQuat2 = 0, StabQuat3 = 0;
+    double InstQuat0 = 0, InstQuat1 = 0, InstQuat2 = 0, InstQuat3 = 0;
+    Matrix StabMatrix{}, InstMatrix{};
+    double MatrixDeterminant = 0;
+    double Roll = 0, Pitch = 0, Yaw = 0;  ///< degrees
+
+    bool SaveActive = false;            ///< samples are to be written
+    std::string SampleTimeText;         ///< seconds since the start of sampling, as text
+    std::int64_t LastReplyTime = 0;     ///< whole seconds of the monotonic clock; 0 is long ago
+    double LastWrittenTicks = 0;        ///< ticks of the last sample written; may go negative
+    double WriteIntervalTicks = 0;      ///< least distance of two written samples; 0 is every one
+    std::int64_t SampleStartCount = 0;  ///< performance counter at the start of sampling
+    std::int64_t SampleNowCount = 0;    ///< performance counter at the current sample
+};
+
+/// The one record of the process.
+inline SampleStateRecord SampleState;
+
+/// Names one number of `SampleStateRecord`, so that tables of fields can be written.
+class SampleField {
+  public:
+    // NOLINTNEXTLINE(google-explicit-constructor): rows of tables name the member alone
+    constexpr SampleField(double SampleStateRecord::*member) : member_(member) {}
+    constexpr SampleField(SampleStateRecord::Matrix SampleStateRecord::*matrix, std::size_t element)
+        : matrix_(matrix), element_(element) {}
+
+    /// The number itself in `state`.
+    constexpr double& In(SampleStateRecord& state) const {
+        return matrix_ != nullptr ? (state.*matrix_)[element_] : state.*member_;
+    }
+
+    constexpr bool operator==(const SampleField&) const = default;
+
+  private:
+    double SampleStateRecord::*member_ = nullptr;
+    SampleStateRecord::Matrix SampleStateRecord::*matrix_ = nullptr;
+    std::size_t element_ = 0;
+};
+
+}  // namespace orbkl4

@@ -1,0 +1,67 @@
+#include "base/number_text.h"
+
+#include "base/run_time_error.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int significantDigits = 15;
+
+}  // namespace
+
+std::string ScreenText(double number) {
+    if (number == 0) return "0";  // also for a negative zero, which rounding leaves behind
+    std::array<char, 32> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                   std::chars_format::general, significantDigits)
+                         .ptr;
+    std::string text(buffer.data(), end);
+    if (const auto exponent = text.find('e'); exponent != std::string::npos) text[exponent] = 'E';
+    return text;
+}
+
+std::string FileText(double number) {
+    std::string text = TrimmedFileText(number);
+    if (text.front() != '-') text.insert(text.begin(), ' ');
+    return text;
+}
+
+std::string TrimmedFileText(double number) {
+    std::string text = ScreenText(number);
+    const std::size_t first = text.front() == '-' ? 1 : 0;
+    if (text.compare(first, 2, "0.") == 0) text.erase(first, 1);
+    return text;
+}
+
+double ToNumber(std::string_view text) {
+    text = Trimmed(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range) Raise(ErrorNumber::Overflow);
+    const bool whole = error == std::errc{} && end == text.data() + text.size();
+    if (!whole || !std::isfinite(number)) Raise(ErrorNumber::TypeMismatch);
+    return number;
+}
+
+double LeadingNumber(std::string_view text) {
+    text = Trimmed(text);
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return std::isfinite(number) ? number : 0;
+}
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+}  // namespace orbkl4
