@@ -41,12 +41,14 @@ std::string TrimmedFileText(double number) {
 
 double ToNumber(std::string_view text) {
     text = Trimmed(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
+    const bool plus = text.starts_with('+');
+    if (plus) text.remove_prefix(1);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error == std::errc::result_out_of_range) Raise(ErrorNumber::Overflow);
     const bool whole = error == std::errc{} && end == text.data() + text.size();
-    if (!whole || !std::isfinite(number)) Raise(ErrorNumber::TypeMismatch);
+    const bool twoSigns = plus && text.starts_with('-');
+    if (!whole || twoSigns || !std::isfinite(number)) Raise(ErrorNumber::TypeMismatch);
     return number;
 }
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "link/logic/eeprom_address.h"
+
+#include <array>
+
+namespace orbkl4 {
+
+/// One word of the sensor's EEPROM and what it is to hold.
+struct EepromWrite {
+    eeprom::Address address;
+    double word;
+};
+
+/// Polled mode and the default calculation cycle of 6.5536 ms, in the order of writing.
+inline constexpr std::array resetWrites = {
+    EepromWrite{eeprom::continuousMode, 0},     EepromWrite{eeprom::timer2Prescaler, 16},
+    EepromWrite{eeprom::timer2Postscaler, 16},  EepromWrite{eeprom::timer2Compare, 256},
+    EepromWrite{eeprom::timerTicksInterval, 1},
+};
+
+}  // namespace orbkl4
