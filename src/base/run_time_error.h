@@ -22,6 +22,7 @@ enum class ErrorNumber {
     PortAlreadyOpen = 8005,
     DeviceGone = 8012,
     PortClosed = 8018,
+    DialogCancelled = 32755,
 };
 
 /// A run-time error: what the trap of an event handler catches and hands to the error handler.

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string_view>
+
+namespace orbkl4 {
+
+/// The title of every message box.
+inline constexpr const char* boxTitle = "ORB-KL4";
+
+enum class Answer { Retry, Cancel };
+
+/// Shows `text` (plain, UTF-8) with an OK button and returns when it is answered.
+void ShowMessage(std::string_view text);
+
+/// Shows `text` with Retry and Cancel and gives the answer; Esc and the close button mean Cancel.
+Answer AskRetryCancel(std::string_view text);
+
+/// As `ShowMessage`, for an error: ticks and `OnComm` rest a second more after the answer.
+void ShowErrorMessage(std::string_view text);
+
+/// As `AskRetryCancel`, for an error: ticks and `OnComm` rest a second more after the answer.
+Answer AskErrorRetryCancel(std::string_view text);
+
+/// The mouse pointer of the whole program.
+enum class Pointer { Default, Hourglass };
+
+/// Sets the mouse pointer; one absolute value, not a stack.
+void MousePointer(Pointer pointer);
+
+/// The mouse pointer in force.
+Pointer MousePointer();
+
+}  // namespace orbkl4

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace orbkl4 {
+
+/// Serial port numbers run from 1 to this.
+inline constexpr int lastPortNumber = 16;
+
+/// What a port number names on this machine.
+struct PortDevice {
+    QString name;  ///< the device's own path or name, links resolved; empty where none is named
+    QString description;     ///< the adapter's description, empty where the system has none
+    bool present = false;    ///< a terminal device is there
+    bool permitted = false;  ///< this user may read and write it
+    QString group;           ///< the group whose members may, where this user may not
+};
+
+/// The device that `number` (1 to 16) names: the user's link in the ports folder, else the fixed
+/// table; nothing for any other number.
+PortDevice DeviceOfPort(int number);
+
+}  // namespace orbkl4

@@ -1,0 +1,64 @@
+#include "platform/screen.h"
+
+#include "platform/resize.h"
+#include "platform/screen_registry.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+
+#include <string_view>
+
+namespace orbkl4 {
+
+Screen::Screen(const char* name, const char* title) {
+    setObjectName(QString::fromUtf8(name));
+    setWindowTitle(QString::fromUtf8(title));
+    new ReSize(this);
+}
+
+void Screen::Unload() { UnloadScreen(*this); }
+
+MenuEntry& Screen::Menu(const char* name) const {
+    auto* entry = findChild<MenuEntry*>(QLatin1String(name), Qt::FindDirectChildrenOnly);
+    Q_ASSERT_X(entry != nullptr, "Screen::Menu", name);
+    return *entry;
+}
+
+void Screen::BuildMenu(std::span<const MenuRow> rows) {
+    for (const MenuRow& row : rows) {
+        auto* entry = new MenuEntry(this, row);
+        if (std::string_view(row.menu).empty()) {
+            entry->MakeMenu(this);
+            menuBarEntries_ += entry;
+        } else {
+            Menu(row.menu).menu<QMenu*>()->addAction(entry);
+        }
+    }
+}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (closeAllowed_) Unload();
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (!isWindow()) {
+        QWidget::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Escape) {
+        close();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        PressEnter();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void Screen::PressEnter() {
+    auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
+    QAbstractButton* pressed = focused != nullptr ? focused : defaultButton_;
+    if (pressed != nullptr) pressed->animateClick();
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,10 @@
+#pragma once
+
+class QString;
+
+namespace orbkl4 {
+
+/// Asks the system to open the document at `path` with the program meant for it.
+void OpenDocument(const QString& path);
+
+}  // namespace orbkl4

@@ -1,0 +1,29 @@
+#include "support/box_hand.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+
+namespace orbkl4::test {
+
+BoxHand::BoxHand(std::vector<Button> answers, Button otherwise)
+    : answers_(std::move(answers)), otherwise_(otherwise) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+    timer_.start(1);
+}
+
+void BoxHand::Look() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible() || box == current_) return;
+    current_ = box;
+    texts_.push_back(box->text().toStdString());
+    QTimer::singleShot(hesitation_, box, [this, box] { Reply(*box); });
+}
+
+void BoxHand::Reply(QMessageBox& box) {
+    if (look_) look_(box);
+    Button button = texts_.size() <= answers_.size() ? answers_[texts_.size() - 1] : otherwise_;
+    if (box.button(button) == nullptr) button = QMessageBox::Ok;
+    if (QAbstractButton* chosen = box.button(button)) chosen->click();
+}
+
+}  // namespace orbkl4::test

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "base/bytes.h"
+
+#include <QString>
+
+namespace orbkl4::test {
+
+/// The far end of a serial line, held by the test.
+class PseudoTerminal {
+  public:
+    PseudoTerminal();
+    ~PseudoTerminal();
+    PseudoTerminal(const PseudoTerminal&) = delete;
+    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+
+    /// The device that a port opens.
+    QString Path() const { return path_; }
+
+    /// Sends `bytes` to whoever holds the port.
+    void Send(const Bytes& bytes) const;
+
+    /// Takes what has come from the port, waiting until `count` bytes have or two seconds are over.
+    Bytes Take(std::size_t count) const;
+
+    /// Takes what has come from the port so far.
+    Bytes TakeAll() const { return Take(0); }
+
+    /// Pulls the line out: whoever holds the port sees it hang up.
+    void HangUp();
+
+  private:
+    int master_ = -1;
+    QString path_;
+};
+
+}  // namespace orbkl4::test
