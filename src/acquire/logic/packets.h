@@ -1,0 +1,155 @@
+#pragma once
+
+#include "acquire/logic/sample_fields.h"
+#include "acquire/logic/sample_state.h"
+#include "link/logic/device_command.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+namespace orbkl4 {
+
+/// Which header, ticks and checksum fields a packet fills.
+enum class Side : std::uint8_t { Gyro, Instant };
+
+/// How the number of a field comes of its word w; s is w as a signed number.
+enum class Conversion : std::uint8_t {
+    RawBits,        ///< w as it stands
+    MagneticField,  ///< `MagGainScale` s / 32768000, 4 decimals
+    Acceleration,   ///< `AccGainScale` s / 32768000, 4 decimals
+    AngularRate,    ///< `GyroGainScale` s / 32768000, 4 decimals
+    Quaternion,     ///< s / 8192, 4 decimals
+    Angle,          ///< 360 s / 65536 degrees, 1 decimal
+    UnsignedAngle,  ///< 360 w / 65536 degrees, 1 decimal
+    Matrix,         ///< s / 8192, then divided by the determinant of all nine, 4 decimals
+};
+
+/// One payload word: where its number goes, and how it is converted.
+struct PacketWord {
+    SampleField field;
+    Conversion conversion;
+};
+
+/// The reply to one data command: command byte, words, ticks word, checksum word.
+struct SamplePacket {
+    DeviceCommand command;
+    std::size_t length;  ///< bytes of the whole reply
+    Side side;
+    std::span<const PacketWord> words;  ///< in packet order
+};
+
+/// The fields that every packet of a side fills.
+struct PacketFrameFields {
+    SampleField header, ticks, checksum, calcChecksum;
+};
+
+/// The frame's fields of `side`.
+constexpr PacketFrameFields SideFields(Side side) {
+    using State = SampleStateRecord;
+    if (side == Side::Gyro)
+        return {&State::HeaderGyro, &State::TicksGyro, &State::ChecksumGyro,
+                &State::CalcChecksumGyro};
+    return {&State::HeaderInstant, &State::TicksInstant, &State::ChecksumInstant,
+            &State::CalcChecksumInstant};
+}
+
+namespace detail {
+
+template <std::size_t count>
+constexpr std::array<PacketWord, count> As(Conversion conversion,
+                                           const fields::Group<count>& group) {
+    return [&]<std::size_t... i>(std::index_sequence<i...>) {
+        return std::array<PacketWord, count>{PacketWord{group[i], conversion}...};
+    }
+    (std::make_index_sequence<count>{});
+}
+
+using enum Conversion;
+using fields::Joined;
+
+inline constexpr auto stabQuat = As(Quaternion, fields::stabQuat);
+inline constexpr auto instQuat = As(Quaternion, fields::instQuat);
+inline constexpr auto stabMag = As(MagneticField, fields::stabMag);
+inline constexpr auto instMag = As(MagneticField, fields::instMag);
+inline constexpr auto stabAcc = As(Acceleration, fields::stabAcc);
+inline constexpr auto instAcc = As(Acceleration, fields::instAcc);
+inline constexpr auto compAngRate = As(AngularRate, fields::compAngRate);
+inline constexpr auto instAngRate = As(AngularRate, fields::instAngRate);
+inline constexpr auto rollPitch = As(Angle, fields::rollPitch);
+
+inline constexpr auto rawBits =
+    As(RawBits, Joined(fields::rawMag, fields::rawAcc, fields::rawAngRate));
+inline constexpr auto stabVectors = Joined(stabMag, stabAcc, compAngRate);
+inline constexpr auto instVectors = Joined(instMag, instAcc, instAngRate);
+inline constexpr auto stabMatrix = As(Matrix, fields::stabMatrix);
+inline constexpr auto instMatrix = As(Matrix, fields::instMatrix);
+inline constexpr auto euler = Joined(rollPitch, As(Angle, fields::yaw));
+/// The angles of this packet run from -180 to 180 but the yaw, which runs from 0 to 360.
+inline constexpr auto eulerAccelRate =
+    Joined(rollPitch, As(UnsignedAngle, fields::yaw), instAcc, compAngRate);
+/// The vectors beside the stabilized quaternion are the instantaneous ones but the rates.
+inline constexpr auto quatCompVectors = Joined(stabQuat, instMag, instAcc, compAngRate);
+inline constexpr auto quatInstVectors = Joined(instQuat, instMag, instAcc, instAngRate);
+
+}  // namespace detail
+
+/// The twelve packets.
+inline constexpr std::array samplePackets = [] {
+    using enum DeviceCommand;
+    using namespace detail;
+    return std::to_array<SamplePacket>({
+        {CmdRawSensorBits, 23, Side::Gyro, rawBits},
+        {CmdGyroStabVectors, 23, Side::Gyro, stabVectors},
+        {CmdInstantVectors, 23, Side::Instant, instVectors},
+        {CmdInstantQuaternion, 13, Side::Instant, instQuat},
+        {CmdGyroStabQuaternion, 13, Side::Gyro, stabQuat},
+        {CmdInstantMatrix, 23, Side::Instant, instMatrix},
+        {CmdGyroStabMatrix, 23, Side::Gyro, stabMatrix},
+        {CmdGyroStabQuatCompVectors, 31, Side::Gyro, quatCompVectors},
+        {CmdInstantEuler, 11, Side::Instant, euler},
+        {CmdGyroStabEuler, 11, Side::Gyro, euler},
+        {CmdGyroStabQuatInstantVectors, 31, Side::Instant, quatInstVectors},
+        {CmdEulerAccelRate, 23, Side::Gyro, eulerAccelRate},
+    });
+}();
+
+static_assert(
+    [] {
+        for (const SamplePacket& packet : samplePackets)
+            if (packet.length != 5 + 2 * packet.words.size() ||
+                packet.length != ReplyLength(packet.command))
+                return false;
+        return true;
+    }(),
+    "a packet is its command byte, its words, ticks and checksum");
+
+/// The packet that answers `command`, one of the twelve data commands.
+constexpr const SamplePacket& PacketOf(DeviceCommand command) {
+    std::size_t row = 0;
+    while (samplePackets.at(row).command != command) ++row;
+    return samplePackets.at(row);
+}
+
+/// Decodes `AppState.CommandBytes`, whose length and header the caller has checked, into
+/// `SampleState`. False for a bad checksum, and for any run-time error on the way; the payload
+/// fields then hold raw words.
+bool Decode(const SamplePacket& packet);
+
+// One for each data command: `Decode` of its packet.
+bool DecodeRawBits();
+bool DecodeGyroVectors();
+bool DecodeInstantVectors();
+bool DecodeGyroQuaternion();
+bool DecodeInstantQuaternion();
+bool DecodeGyroMatrix();
+bool DecodeInstantMatrix();
+bool DecodeGyroEuler();
+bool DecodeInstantEuler();
+bool DecodeEulerAccelRate();
+bool DecodeGyroQuatVectors();
+bool DecodeInstantQuatVectors();
+
+}  // namespace orbkl4
