@@ -1,0 +1,12 @@
+#pragma once
+
+namespace orbkl4 {
+
+/// Takes the counter frequency, builds the version text, reads the stored port and line settings
+/// and makes the program's folders, in this order; an error leaves the rest undone.
+void StartUp();
+
+/// Makes the folders for data files and logs where they don't exist; errors are reported here.
+void TestForFileFolders();
+
+}  // namespace orbkl4

@@ -1,0 +1,47 @@
+#include "link/communication.h"
+
+#include "base/run_time_error.h"
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "platform/clock.h"
+#include "platform/mscomm.h"
+#include "platform/screen.h"
+
+#include <limits>
+
+namespace orbkl4 {
+
+namespace {
+
+std::int32_t CheckedDifference(std::int32_t later, std::int32_t earlier) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const std::int64_t difference = std::int64_t{later} - earlier;
+    if (difference < Limits::min() || difference > Limits::max()) Raise(ErrorNumber::Overflow);
+    return static_cast<std::int32_t>(difference);
+}
+
+}  // namespace
+
+void OpenCommPort(MSComm& port, const Screen& screen) {
+    TrapAs(screen.objectName().toStdString(), "OpenCommPort", [&] {
+        if (port.PortOpen()) return;
+        port.CommPort(AppState.CommPort);
+        port.Settings(AppState.CommSettings);
+        port.InputLen(0);
+        port.PortOpen(true);
+    });
+}
+
+void CloseCommPort(MSComm& port, const Screen& screen) {
+    TrapAs(screen.objectName().toStdString(), "CloseCommPort", [&] {
+        if (port.PortOpen()) port.PortOpen(false);
+    });
+}
+
+void WaitMilliseconds(std::int32_t milliseconds) {
+    const std::int32_t start = TickCount();
+    while (CheckedDifference(TickCount(), start) < milliseconds) {
+    }
+}
+
+}  // namespace orbkl4
