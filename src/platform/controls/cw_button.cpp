@@ -1,0 +1,92 @@
+#include "platform/controls/cw_button.h"
+
+#include "platform/look.h"
+
+#include <QPainter>
+#include <QPixmapCache>
+#include <QRadialGradient>
+
+#include <algorithm>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int diameter = 22;
+
+struct Glass {
+    QColor core;  ///< where the light shines through
+    QColor rim;
+};
+
+Glass GlassOf(bool lit, bool enabled) {
+    if (!enabled) return {{0xD5, 0xDA, 0xE0}, {0xB4, 0xBC, 0xC6}};
+    if (lit) return {{0x8D, 0xFF, 0x9E}, {0x12, 0xA8, 0x3C}};
+    return {{0x4C, 0x6B, 0x55}, {0x24, 0x3A, 0x2C}};
+}
+
+/// Paints a lamp into a square of `side` pixels at the painter's origin.
+void PaintLamp(QPainter& painter, double side, bool lit, bool enabled) {
+    const QPointF centre(side / 2, side / 2);
+    const double radius = side / 2 - 1;
+    const Glass glass = GlassOf(lit, enabled);
+    painter.setPen(Qt::NoPen);
+    if (lit && enabled) {
+        QRadialGradient halo(centre, radius);
+        halo.setColorAt(0.7, QColor(0x3C, 0xE0, 0x66, 150));
+        halo.setColorAt(1, QColor(0x3C, 0xE0, 0x66, 0));
+        painter.setBrush(halo);
+        painter.drawEllipse(centre, radius, radius);
+    }
+    QLinearGradient bezel(0, 0, 0, side);
+    bezel.setColorAt(0, QColor(0x8A, 0x94, 0xA0));
+    bezel.setColorAt(1, QColor(0xE4, 0xE8, 0xED));
+    painter.setBrush(bezel);
+    painter.drawEllipse(centre, radius * 0.88, radius * 0.88);
+    QRadialGradient body(centre, radius * 0.75, centre + QPointF(0, radius * 0.12));
+    body.setColorAt(0, glass.core);
+    body.setColorAt(1, glass.rim);
+    painter.setBrush(body);
+    painter.drawEllipse(centre, radius * 0.74, radius * 0.74);
+    QLinearGradient gloss(0, side * 0.2, 0, side * 0.5);
+    gloss.setColorAt(0, QColor(255, 255, 255, lit ? 190 : 110));
+    gloss.setColorAt(1, QColor(255, 255, 255, 0));
+    painter.setBrush(gloss);
+    painter.drawEllipse(centre - QPointF(0, radius * 0.3), radius * 0.46, radius * 0.32);
+}
+
+}  // namespace
+
+CWButton::CWButton(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void CWButton::Value(bool lit) {
+    if (lit == value_) return;
+    value_ = lit;
+    repaint_.Mark();
+    Q_EMIT ValueChanged(lit);
+}
+
+QSize CWButton::sizeHint() const { return {diameter, diameter}; }
+
+void CWButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const int side = std::min(width(), height());
+    const QString key =
+        QStringLiteral("orbkl4-lamp-%1-%2-%3%4").arg(side).arg(ratio).arg(value_).arg(isEnabled());
+    QPixmap lamp;
+    if (!QPixmapCache::find(key, &lamp)) {
+        lamp = QPixmap((QSizeF(side, side) * ratio).toSize());
+        lamp.setDevicePixelRatio(ratio);
+        lamp.fill(Qt::transparent);
+        QPainter onLamp(&lamp);
+        onLamp.setRenderHint(QPainter::Antialiasing);
+        PaintLamp(onLamp, side, value_, isEnabled());
+        QPixmapCache::insert(key, lamp);
+    }
+    painter.drawPixmap(QPointF((width() - side) / 2.0, (height() - side) / 2.0), lamp);
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,129 @@
+#include "platform/controls/cw_graph.h"
+
+#include "base/run_time_error.h"
+#include "platform/look.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int frameMilliseconds = 17;  // just below 60 drawings a second
+
+constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
+constexpr std::array colours{QColor(0x1F, 0x6F, 0xB5), QColor(0xC8, 0x4B, 0x11),
+                             QColor(0x2E, 0x7D, 0x32), QColor(0x6A, 0x3D, 0x9A)};
+
+void StyleAxis(QCPAxis& axis, const QFont& font) {
+    axis.setLabelFont(font);
+    axis.setTickLabelFont(font);
+    axis.setLabelColor(look::ink);
+    axis.setTickLabelColor(look::ink);
+    for (const auto setPen :
+         {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
+        (axis.*setPen)(QPen(look::disabledInk, 1));
+    }
+    axis.grid()->setPen(QPen(QColor(0xE3, 0xE8, 0xED), 1));
+}
+
+}  // namespace
+
+CWGraph::CWGraph(std::size_t plots, QWidget* parent)
+    : QCustomPlot(parent), plots_(plots), values_(plots * window_) {
+    setMinimumSize(240, 160);
+    setNotAntialiasedElements(QCP::aeAll);
+    setPlottingHint(QCP::phFastPolylines);
+    setNoAntialiasingOnDrag(true);
+    for (std::size_t plot = 0; plot < plots; ++plot) AddPlot(plot);
+    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis, font());
+    for (QCPAxis* axis : {xAxis2, yAxis2}) {
+        axis->setVisible(true);
+        axis->setTicks(false);
+        axis->setBasePen(QPen(look::line, 1));
+    }
+    xAxis->setRange(rangeX_);
+    drawTimer_.setSingleShot(true);
+    drawTimer_.setInterval(frameMilliseconds);
+    connect(&drawTimer_, &QTimer::timeout, this, &CWGraph::Draw);
+}
+
+void CWGraph::AddPlot(std::size_t plot) {
+    QCPGraph* graph = addGraph();
+    const QColor colour = colours.at(plot / lineStyles.size() % colours.size());
+    graph->setPen(QPen(colour, 1, LineStyle(plot)));
+    graph->removeFromLegend();
+}
+
+Qt::PenStyle CWGraph::LineStyle(std::size_t plot) const {
+    return lineStyles.at(plot % lineStyles.size());
+}
+
+void CWGraph::AxisX(const QString& title, double minimum, double maximum) {
+    rangeX_ = {minimum, maximum};
+    window_ = static_cast<std::size_t>(std::max(1L, std::lround(maximum - minimum)));
+    values_.assign(plots_ * window_, 0);
+    xAxis->setLabel(title);
+    Clear();
+}
+
+void CWGraph::AxisY(const QString& title, double minimum, double maximum) {
+    yAxis->setLabel(title);
+    yAxis->setRange(minimum, maximum);
+    DrawSoon();
+}
+
+void CWGraph::PlotName(std::size_t plot, const QString& name) {
+    QCPGraph* named = graph(static_cast<int>(plot));
+    named->setName(name);
+    named->addToLegend();
+    if (!legend->visible()) {
+        // Beside the plots, not over them.
+        plotLayout()->addElement(0, 1, legend);
+        plotLayout()->setColumnStretchFactor(1, 0.001);
+        legend->setBorderPen(Qt::NoPen);
+        legend->setFont(font());
+        legend->setTextColor(look::ink);
+        legend->setVisible(true);
+    }
+    DrawSoon();
+}
+
+void CWGraph::Append(std::span<const double> values) {
+    if (values.size() != plots_) Raise(ErrorNumber::SubscriptOutOfRange);
+    const auto place = static_cast<std::ptrdiff_t>(reads_ % window_ * plots_);
+    std::copy(values.begin(), values.end(), values_.begin() + place);
+    ++reads_;
+    filled_ = std::min(filled_ + 1, window_);
+    DrawSoon();
+}
+
+void CWGraph::Clear() {
+    filled_ = 0;
+    reads_ = 0;
+    DrawSoon();
+}
+
+void CWGraph::DrawSoon() {
+    if (!drawTimer_.isActive()) drawTimer_.start();
+}
+
+void CWGraph::Draw() {
+    const std::size_t first = reads_ - filled_;
+    for (std::size_t plot = 0; plot < plots_; ++plot) {
+        QVector<QCPGraphData> points;
+        points.reserve(static_cast<qsizetype>(filled_));
+        for (std::size_t read = first; read < reads_; ++read) {
+            points.append({static_cast<double>(read), values_[read % window_ * plots_ + plot]});
+        }
+        graph(static_cast<int>(plot))->data()->set(points, true);
+    }
+    const double last = reads_ == 0 ? 0 : static_cast<double>(reads_ - 1);
+    const double shift = std::max(0.0, last - rangeX_.upper);
+    xAxis->setRange(rangeX_.lower + shift, rangeX_.upper + shift);
+    replot();
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,179 @@
+#include "platform/controls/cw_knob.h"
+
+#include "base/number_text.h"
+#include "platform/look.h"
+
+#include <QConicalGradient>
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadialGradient>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace orbkl4 {
+
+namespace {
+
+// Radii as shares of the dial's own.
+constexpr double faceRadius = 0.93;
+constexpr double markOuter = 0.88;
+constexpr double markInner = 0.79;
+constexpr double subMarkInner = 0.83;
+constexpr double numberRadius = 0.66;
+constexpr double needleTip = 0.80;
+constexpr double needleTail = 0.18;
+constexpr double numberSize = 0.105;
+constexpr double captionPlace = 0.36;
+
+constexpr QColor faceEdge{0x16, 0x1E, 0x28};
+constexpr QColor faceMiddle{0x2B, 0x37, 0x45};
+constexpr QColor marking{0xF2, 0xF5, 0xF8};
+constexpr QColor dimmed{0x8C, 0x97, 0xA3};
+constexpr QColor needle{0xFF, 0x9F, 0x1C};
+
+/// The point at `radius` from the origin, `degrees` clockwise from the top.
+QPointF OnCircle(double degrees, double radius) {
+    const double radians = degrees * std::numbers::pi / 180;
+    return {radius * std::sin(radians), -radius * std::cos(radians)};
+}
+
+}  // namespace
+
+CWKnob::CWKnob(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void CWKnob::SetAxis(const Axis& axis, Sweep sweep) {
+    axis_ = axis;
+    sweep_ = sweep;
+    face_.Forget();
+    update();
+}
+
+void CWKnob::Caption(const QString& caption) {
+    caption_ = caption;
+    face_.Forget();
+    update();
+}
+
+void CWKnob::Value(double value) {
+    value_ = value;
+    repaint_.Mark();
+    Q_EMIT ValueChanged(value);
+}
+
+double CWKnob::NeedleDegrees() const { return DegreesOf(value_); }
+
+double CWKnob::DegreesOf(double value) const {
+    const double sweep = sweep_ == Sweep::FullCircle ? 360 : 180;
+    return (axis_.Fraction(value) - 0.5) * sweep;
+}
+
+double CWKnob::Radius() const { return std::min(width(), height()) / 2.0 - 2; }
+
+QPointF CWKnob::Centre() const { return QRectF(rect()).center(); }
+
+QSize CWKnob::sizeHint() const { return {300, 300}; }
+
+QSize CWKnob::minimumSizeHint() const { return {140, 140}; }
+
+void CWKnob::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) face_.Forget();
+    QWidget::changeEvent(event);
+}
+
+void CWKnob::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    face_.Draw(painter, *this, [this](QPainter& onFace) {
+        onFace.translate(Centre());
+        PaintFace(onFace);
+        PaintMarks(onFace);
+        PaintNumbers(onFace);
+    });
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(Centre());
+    PaintNeedle(painter);
+}
+
+void CWKnob::PaintFace(QPainter& painter) const {
+    const double radius = Radius();
+    painter.setPen(Qt::NoPen);
+    QConicalGradient bezel(0, 0, 45);
+    bezel.setColorAt(0.00, QColor(0xF7, 0xF9, 0xFB));
+    bezel.setColorAt(0.25, QColor(0xB9, 0xC2, 0xCC));
+    bezel.setColorAt(0.50, QColor(0x86, 0x90, 0x9C));
+    bezel.setColorAt(0.75, QColor(0xB9, 0xC2, 0xCC));
+    bezel.setColorAt(1.00, QColor(0xF7, 0xF9, 0xFB));
+    painter.setBrush(bezel);
+    painter.drawEllipse(QPointF(), radius, radius);
+    QRadialGradient face(0, -radius * 0.3, radius * 1.3);
+    face.setColorAt(0, faceMiddle);
+    face.setColorAt(1, faceEdge);
+    painter.setBrush(face);
+    painter.setPen(QPen(QColor(0x0D, 0x12, 0x18), radius * 0.012));
+    painter.drawEllipse(QPointF(), radius * faceRadius, radius * faceRadius);
+}
+
+void CWKnob::PaintMarks(QPainter& painter) const {
+    const double radius = Radius();
+    const QColor ink = isEnabled() ? marking : dimmed;
+    const auto strokes = [&](double distance, double inner, double width) {
+        painter.setPen(QPen(ink, radius * width, Qt::SolidLine, Qt::FlatCap));
+        for (const double value : axis_.Multiples(distance)) {
+            const double degrees = DegreesOf(value);
+            painter.drawLine(OnCircle(degrees, radius * inner),
+                             OnCircle(degrees, radius * markOuter));
+        }
+    };
+    strokes(axis_.subMarks, subMarkInner, 0.009);
+    strokes(axis_.marks, markInner, 0.018);
+}
+
+void CWKnob::PaintNumbers(QPainter& painter) const {
+    const double radius = Radius();
+    QFont font = painter.font();
+    font.setPixelSize(std::max(static_cast<int>(radius * numberSize), 7));
+    painter.setFont(font);
+    painter.setPen(isEnabled() ? marking : dimmed);
+    const auto write = [&](const QPointF& place, const QString& text) {
+        QRectF box(0, 0, radius, radius * 0.2);
+        box.moveCenter(place);
+        painter.drawText(box, Qt::AlignCenter, text);
+    };
+    const std::vector<double> marks = axis_.Multiples(axis_.marks);
+    const bool endsMeet = sweep_ == Sweep::FullCircle && marks.size() > 1 &&
+                          DegreesOf(marks.back()) - DegreesOf(marks.front()) > 359;
+    for (const double value : marks) {
+        if (endsMeet && value == marks.front()) continue;
+        QString text = QString::fromStdString(ScreenText(value));
+        if (endsMeet && value == marks.back()) text.prepend(QChar(0x00B1));
+        write(OnCircle(DegreesOf(value), radius * numberRadius), text);
+    }
+    painter.setPen(dimmed);
+    write({0, radius * captionPlace}, caption_);
+}
+
+void CWKnob::PaintNeedle(QPainter& painter) const {
+    const double radius = Radius();
+    painter.save();
+    painter.rotate(NeedleDegrees());
+    painter.setPen(Qt::NoPen);
+    const double half = radius * 0.028;
+    const QPolygonF shape{{QPointF(0, -radius * needleTip), QPointF(half, -radius * 0.05),
+                           QPointF(half * 1.2, radius * needleTail),
+                           QPointF(-half * 1.2, radius * needleTail),
+                           QPointF(-half, -radius * 0.05)}};
+    painter.setBrush(isEnabled() ? needle : dimmed);
+    painter.drawPolygon(shape);
+    painter.restore();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0xD7, 0xDD, 0xE4));
+    painter.drawEllipse(QPointF(), radius * 0.075, radius * 0.075);
+    painter.setBrush(QColor(0x3A, 0x45, 0x52));
+    painter.drawEllipse(QPointF(), radius * 0.04, radius * 0.04);
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "platform/controls/colour.h"
+
+#include <QAbstractSpinBox>
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace orbkl4 {
+
+/// A field for one number. Its limits bind only what a person types or steps: a value set by code
+/// stands as it is, and typing takes effect once, on Enter, on leaving, or when a menu opens.
+class CWNumEdit : public QAbstractSpinBox {
+    Q_OBJECT
+    Q_PROPERTY(double value READ Value WRITE Value NOTIFY ValueChanged USER true)
+    Q_PROPERTY(double minimum READ Minimum WRITE Minimum)
+    Q_PROPERTY(double maximum READ Maximum WRITE Maximum)
+    Q_PROPERTY(uint backColorText READ BackColorText WRITE BackColorText)
+
+  public:
+    /// A field at 0, without limits, that steps by 1.
+    explicit CWNumEdit(QWidget* parent = nullptr);
+
+    /// The value; what is being typed counts only when committed.
+    double Value() const { return value_; }
+
+    /// Sets the value, inside the limits or not, and raises `ValueChanged` if it differs; what was
+    /// being typed is dropped.
+    void Value(double value);
+
+    double Minimum() const { return minimum_; }  ///< The least number that a person can enter.
+    double Maximum() const { return maximum_; }  ///< The greatest number that a person can enter.
+
+    /// Sets the lower limit; the value stays as it is.
+    void Minimum(double minimum) { minimum_ = minimum; }
+
+    /// Sets the upper limit; the value stays as it is.
+    void Maximum(double maximum) { maximum_ = maximum; }
+
+    /// Sets both limits; the value stays as it is.
+    void Limits(double minimum, double maximum);
+
+    /// Sets the distance of one step, above 0; it is 1 at first.
+    void Increment(double increment) { increment_ = increment; }
+
+    /// Whether a person can enter whole numbers only.
+    void WholeNumbers(bool wholeNumbers) { wholeNumbers_ = wholeNumbers; }
+
+    /// Leaves out the step buttons and narrows the margins, for screens that are full of fields.
+    void Compact();
+
+    /// The background, as 0xBBGGRR or `windowBackground`.
+    std::uint32_t BackColorText() const { return backColorText_; }
+
+    /// Sets the background, as 0xBBGGRR or `windowBackground`.
+    void BackColorText(std::uint32_t bgr);
+
+    /// Takes what was typed: a number moves to the nearest limit, anything else is dropped.
+    void Commit();
+
+    /// Commits the field that is being typed into, if there is one; to be called as a menu opens or
+    /// an entry is chosen, since neither takes the focus.
+    static void CommitPending();
+
+    void stepBy(int steps) override;
+    QValidator::State validate(QString& input, int& position) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  Q_SIGNALS:
+    /// The value has changed, by code or by hand; raised before the change returns.
+    void ValueChanged(double value);
+
+    /// The focus has left for another control or a menu; what was typed is committed already.
+    void LostFocus();
+
+  protected:
+    StepEnabled stepEnabled() const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+    std::optional<double> Typed() const;
+    double Limited(double number) const;
+    void ShowValue();
+    void StartTyping();
+
+    double value_ = 0;
+    double minimum_ = std::numeric_limits<double>::lowest();
+    double maximum_ = std::numeric_limits<double>::max();
+    double increment_ = 1;
+    std::uint32_t backColorText_ = windowBackground;
+    bool wholeNumbers_ = false;
+    bool typing_ = false;         ///< a person has changed the text since the last commit
+    bool ownMenuIsOpen_ = false;  ///< the field's own context menu takes no typing away
+};
+
+}  // namespace orbkl4

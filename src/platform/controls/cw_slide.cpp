@@ -1,0 +1,254 @@
+#include "platform/controls/cw_slide.h"
+
+#include "base/number_text.h"
+#include "platform/controls/slide_painting.h"
+#include "platform/look.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr double edge = 2;  // between picture and widget border, in pixels
+constexpr int stepsPerPage = 10;
+
+/// The text beside a mark.
+QString LabelOf(double mark) { return QString::fromStdString(ScreenText(mark)); }
+
+/// The width of the widest label of `axis`.
+double LabelWidth(const Axis& axis, const QFontMetricsF& metrics) {
+    return std::max(metrics.horizontalAdvance(LabelOf(axis.minimum)),
+                    metrics.horizontalAdvance(LabelOf(axis.maximum)));
+}
+
+QFont LabelFont(QFont font) {
+    font.setPointSizeF(font.pointSizeF() * 0.85);
+    return font;
+}
+
+}  // namespace
+
+CWSlide::CWSlide(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+}
+
+void CWSlide::SetAxis(const Axis& axis) {
+    axis_ = axis;
+    face_.Forget();
+    updateGeometry();
+    update();
+}
+
+void CWSlide::Orientation(Qt::Orientation orientation) {
+    orientation_ = orientation;
+    setSizePolicy(Vertical() ? QSizePolicy::Preferred : QSizePolicy::Expanding,
+                  Vertical() ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    face_.Forget();
+    updateGeometry();
+    update();
+}
+
+void CWSlide::Style(Look look) {
+    look_ = look;
+    Orientation(Qt::Vertical);
+}
+
+void CWSlide::MakeInteractive(double step) {
+    step_ = step;
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    update();
+}
+
+void CWSlide::Value(double value) {
+    if (value == value_) return;
+    value_ = value;
+    repaint_.Mark();
+    Q_EMIT ValueChanged(value);
+}
+
+QLineF CWSlide::Track() const {
+    using namespace slide;
+    const QFontMetricsF metrics(LabelFont(font()));
+    const double halfLabel = metrics.height() / 2;
+    if (Vertical()) {
+        const double labels = LabelWidth(axis_, metrics) + 3 + mark + markGap + groove / 2;
+        const double across = labels + groove / 2 + pointer;
+        const double x = std::max((width() - across) / 2, edge) + labels;
+        const double end = std::max(halfLabel, pointer) + edge;
+        const double below = look_ == Look::Thermometer ? 2 * bulb + 2 : 0;
+        return {x, height() - end - below, x, end};
+    }
+    const double end = std::max(LabelWidth(axis_, metrics) / 2, pointer) + edge;
+    return {end, pointer + 2 * edge, width() - end, pointer + 2 * edge};
+}
+
+QSize CWSlide::sizeHint() const {
+    using namespace slide;
+    const QFontMetricsF metrics(LabelFont(font()));
+    if (Vertical()) {
+        const double across = LabelWidth(axis_, metrics) + mark + markGap + groove + pointer + 12;
+        return {static_cast<int>(across), 260};
+    }
+    const double across = 2 * pointer + mark + markGap + metrics.height() + 4 * edge;
+    return {300, static_cast<int>(across)};
+}
+
+QSize CWSlide::minimumSizeHint() const {
+    constexpr int shortest = 120;
+    const QSize hint = sizeHint();
+    return Vertical() ? QSize(hint.width(), shortest) : QSize(shortest, hint.height());
+}
+
+void CWSlide::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) face_.Forget();
+    QWidget::changeEvent(event);
+}
+
+void CWSlide::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    face_.Draw(painter, *this, [this](QPainter& onFace) { PaintFace(onFace); });
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintPointer(painter);
+}
+
+void CWSlide::PaintFace(QPainter& painter) const {
+    if (look_ == Look::Thermometer) {
+        PaintGlass(painter, Track());
+    } else {
+        PaintGroove(painter, Track(), isEnabled());
+    }
+    PaintMarks(painter);
+}
+
+void CWSlide::PaintMarks(QPainter& painter) const {
+    painter.setFont(LabelFont(font()));
+    const QFontMetricsF metrics(painter.font());
+    painter.setPen(QPen(isEnabled() ? look::ink : look::disabledInk, 1));
+    const bool vertical = Vertical();
+    const double inner = (vertical ? slide::groove / 2 : slide::pointer) + slide::markGap;
+    const auto outwards = [vertical](double distance) {
+        return vertical ? QPointF(-distance, 0) : QPointF(0, distance);
+    };
+    for (const double value : axis_.Multiples(axis_.subMarks)) {
+        const QPointF place = PlaceOf(value);
+        painter.drawLine(place + outwards(inner), place + outwards(inner + slide::subMark));
+    }
+    const std::vector<double> marks = axis_.Multiples(axis_.marks);
+    // Where the numbers would touch, only every second, third ... one is written.
+    const double size = vertical ? metrics.height() : LabelWidth(axis_, metrics) * 1.3;
+    const double room = Track().length() * axis_.marks / (axis_.maximum - axis_.minimum);
+    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(size / room)));
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        const QPointF place = PlaceOf(marks[i]);
+        painter.drawLine(place + outwards(inner), place + outwards(inner + slide::mark));
+        if (i % every != 0) continue;
+        const QString label = LabelOf(marks[i]);
+        const QSizeF extent(metrics.horizontalAdvance(label), metrics.height());
+        const QPointF end = place + outwards(inner + slide::mark + 3);
+        const QPointF corner = vertical ? end - QPointF(extent.width(), extent.height() / 2)
+                                        : end - QPointF(extent.width() / 2, 0);
+        painter.drawText(corner + QPointF(0, metrics.ascent()), label);
+    }
+}
+
+void CWSlide::PaintPointer(QPainter& painter) const {
+    const QLineF track = Track();
+    const QPointF place = PlaceOf(value_);
+    if (look_ == Look::Thermometer) {
+        PaintFluid(painter, track, place, isEnabled());
+        return;
+    }
+    PaintLevel(painter, track, place, isEnabled());
+    if (Interactive()) {
+        PaintThumb(painter, place, Vertical(), hasFocus(), isEnabled());
+    } else {
+        PaintArrow(painter, place, Vertical(), isEnabled());
+    }
+}
+
+void CWSlide::MoveTo(double value) {
+    const double inside = std::clamp(value, axis_.minimum, axis_.maximum);
+    const double steps = std::round((inside - axis_.minimum) / step_);
+    // Its own text rids the sum of the dust of binary fractions: 2.1, not 2.1000000000000001.
+    const double snapped = ToNumber(ScreenText(axis_.minimum + steps * step_));
+    Value(std::min(snapped, axis_.maximum));
+}
+
+void CWSlide::MoveBySteps(double steps) {
+    MoveTo(std::clamp(value_, axis_.minimum, axis_.maximum) + steps * step_);
+}
+
+void CWSlide::MoveToMouse(const QPointF& mouse) {
+    const QLineF track = Track();
+    const QPointF place = mouse - grip_;
+    const double along = Vertical() ? (track.y1() - place.y()) / (track.y1() - track.y2())
+                                    : (place.x() - track.x1()) / (track.x2() - track.x1());
+    MoveTo(axis_.minimum + along * (axis_.maximum - axis_.minimum));
+}
+
+void CWSlide::mousePressEvent(QMouseEvent* event) {
+    if (!Interactive() || event->button() != Qt::LeftButton) return event->ignore();
+    dragging_ = true;
+    const QPointF offset = event->position() - PointerPlace();
+    const bool onPointer = std::hypot(offset.x(), offset.y()) <= slide::pointer;
+    grip_ = onPointer ? offset : QPointF();
+    if (!onPointer) MoveToMouse(event->position());
+}
+
+void CWSlide::mouseMoveEvent(QMouseEvent* event) {
+    if (!dragging_) return event->ignore();
+    MoveToMouse(event->position());
+}
+
+void CWSlide::mouseReleaseEvent(QMouseEvent* event) {
+    if (!dragging_) return event->ignore();
+    if (event->button() == Qt::LeftButton) dragging_ = false;
+}
+
+void CWSlide::wheelEvent(QWheelEvent* event) {
+    if (!Interactive()) return event->ignore();
+    wheelRest_ += event->angleDelta().y();
+    const int steps = wheelRest_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelRest_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0) MoveBySteps(steps);
+    event->accept();
+}
+
+void CWSlide::keyPressEvent(QKeyEvent* event) {
+    if (!Interactive()) return QWidget::keyPressEvent(event);
+    switch (event->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Down:
+            MoveBySteps(-1);
+            break;
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+            MoveBySteps(1);
+            break;
+        case Qt::Key_PageDown:
+            MoveBySteps(-stepsPerPage);
+            break;
+        case Qt::Key_PageUp:
+            MoveBySteps(stepsPerPage);
+            break;
+        case Qt::Key_Home:
+            MoveTo(axis_.minimum);
+            break;
+        case Qt::Key_End:
+            MoveTo(axis_.maximum);
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+            break;
+    }
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,18 @@
+#include "platform/controls/option_button.h"
+
+namespace orbkl4 {
+
+OptionButton::OptionButton(const QString& text, QWidget* parent) : QRadioButton(text, parent) {
+    connect(this, &QRadioButton::toggled, this, [this](bool chosen) {
+        if (chosen) Q_EMIT Click();
+    });
+}
+
+void OptionButton::Value(bool chosen) {
+    // Qt keeps one button of an exclusive group on; outside of it this one can be cleared.
+    setAutoExclusive(chosen);
+    setChecked(chosen);
+    setAutoExclusive(true);
+}
+
+}  // namespace orbkl4

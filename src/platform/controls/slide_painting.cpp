@@ -1,0 +1,117 @@
+#include "platform/controls/slide_painting.h"
+
+#include "platform/look.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadialGradient>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr QColor fluid{0xD8, 0x2B, 0x2B};
+constexpr QColor fluidDark{0xA3, 0x14, 0x18};
+
+/// The box around the part of the groove from `from` to `to`.
+QRectF GrooveBox(const QPointF& from, const QPointF& to, double width) {
+    const double half = width / 2;
+    return QRectF(from, to).normalized().adjusted(-half, -half, half, half);
+}
+
+/// The outline of a thermometer whose walls stand `shrink` inside the glass's outside.
+QPainterPath GlassOutline(const QLineF& track, double shrink) {
+    QPainterPath tube;
+    const double half = slide::groove / 2 + 2 - shrink;
+    tube.addRoundedRect(GrooveBox(track.p1() + QPointF(0, slide::bulb), track.p2(), 2 * half), half,
+                        half);
+    QPainterPath ball;
+    const double radius = slide::bulb - shrink;
+    ball.addEllipse(track.p1() + QPointF(0, slide::bulb + 1), radius, radius);
+    return tube.united(ball);
+}
+
+}  // namespace
+
+void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
+    painter.setPen(QPen(look::line, 1));
+    painter.setBrush(enabled ? QColor(0xFF, 0xFF, 0xFF) : QColor(0xF1, 0xF3, 0xF6));
+    const double round = slide::groove / 2;
+    painter.drawRoundedRect(GrooveBox(track.p1(), track.p2(), slide::groove), round, round);
+}
+
+void PaintLevel(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(enabled ? look::accent : look::line);
+    const double width = slide::groove - 2;
+    painter.drawRoundedRect(GrooveBox(track.p1(), place, width), width / 2, width / 2);
+}
+
+void PaintArrow(QPainter& painter, const QPointF& place, bool vertical, bool enabled) {
+    painter.save();
+    painter.translate(place);
+    if (!vertical) painter.rotate(90);
+    const double near = slide::groove / 2 + 1;
+    const double far = near + slide::pointer;
+    const double half = slide::pointer * 0.55;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(enabled ? look::ink : look::disabledInk);
+    painter.drawPolygon(QPolygonF{{QPointF(near, 0), QPointF(far, -half), QPointF(far, half)}});
+    painter.restore();
+}
+
+void PaintThumb(QPainter& painter, const QPointF& place, bool vertical, bool focus, bool enabled) {
+    constexpr double thickness = 7;
+    QRectF thumb(0, 0, vertical ? 2 * slide::pointer : 2 * thickness,
+                 vertical ? 2 * thickness : 2 * slide::pointer);
+    thumb.moveCenter(place);
+    if (focus) {
+        painter.setPen(QPen(QColor(0x1F, 0x6F, 0xB5, 90), 3));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(thumb.adjusted(-2, -2, 2, 2), 6, 6);
+    }
+    QLinearGradient metal(thumb.topLeft(), thumb.bottomLeft());
+    metal.setColorAt(0, Qt::white);
+    metal.setColorAt(1, QColor(0xDD, 0xE3, 0xEA));
+    painter.setPen(QPen(focus ? look::accent : look::disabledInk, 1));
+    painter.setBrush(metal);
+    painter.drawRoundedRect(thumb, 4, 4);
+    const QPointF along =
+        vertical ? QPointF(slide::pointer - 5, 0) : QPointF(0, slide::pointer - 5);
+    painter.setPen(QPen(enabled ? look::accent : look::disabledInk, 2));
+    painter.drawLine(place - along, place + along);
+}
+
+void PaintGlass(QPainter& painter, const QLineF& track) {
+    const QPainterPath outline = GlassOutline(track, 0);
+    const QRectF box = outline.boundingRect();
+    QLinearGradient glass(box.left(), 0, box.right(), 0);
+    glass.setColorAt(0, QColor(0xDF, 0xE6, 0xED));
+    glass.setColorAt(0.4, Qt::white);
+    glass.setColorAt(1, QColor(0xCF, 0xD8, 0xE1));
+    painter.setPen(QPen(QColor(0x93, 0x9F, 0xAC), 1.2));
+    painter.setBrush(glass);
+    painter.drawPath(outline);
+}
+
+void PaintFluid(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
+    const QPointF middle = track.p1() + QPointF(0, slide::bulb + 1);
+    const double radius = slide::bulb - 3.5;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(enabled ? fluid : look::line);
+    const double width = slide::groove - 2;
+    painter.drawRoundedRect(GrooveBox(middle, place + QPointF(0, width / 2), width), width / 2, 2);
+    QRadialGradient ball(middle, radius, middle - QPointF(radius / 3, radius / 3));
+    ball.setColorAt(0, enabled ? QColor(0xFF, 0x7A, 0x70) : look::line);
+    ball.setColorAt(0.5, enabled ? fluid : look::line);
+    ball.setColorAt(1, enabled ? fluidDark : look::disabledInk);
+    painter.setBrush(ball);
+    painter.drawEllipse(middle, radius, radius);
+    painter.setBrush(QColor(255, 255, 255, 110));
+    painter.drawRoundedRect(QRectF(track.x1() - width / 2 + 1, place.y() + 3, 1.6,
+                                   std::max(0.0, track.y1() - place.y() - 3)),
+                            0.8, 0.8);
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,84 @@
+#include "platform/look.h"
+
+#include "platform/controls/accessible_controls.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include <algorithm>
+
+namespace orbkl4 {
+
+namespace {
+
+/// Whether all ten digits are as wide as one another, so that streaming numbers don't jitter.
+bool HasTabularDigits(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    constexpr double slack = 0.01;
+    const double width = metrics.horizontalAdvance('0');
+    const QString others = QStringLiteral("123456789");
+    return std::all_of(others.begin(), others.end(), [&](QChar digit) {
+        return std::abs(metrics.horizontalAdvance(digit) - width) < slack;
+    });
+}
+
+QFont HouseFont(QFont font) {
+    constexpr int pointSize = 10;
+    if (font.pointSize() < pointSize) font.setPointSize(pointSize);
+    if (HasTabularDigits(font)) return font;
+    const QStringList installed = QFontDatabase::families();
+    for (const char* family : {"Noto Sans", "DejaVu Sans", "Segoe UI", "Liberation Sans"}) {
+        if (!installed.contains(QLatin1String(family))) continue;
+        font.setFamily(QLatin1String(family));
+        if (HasTabularDigits(font)) break;
+    }
+    return font;
+}
+
+QPalette HousePalette() {
+    QPalette palette(look::window);
+    palette.setColor(QPalette::Window, look::window);
+    palette.setColor(QPalette::WindowText, look::ink);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xF6, 0xF8, 0xFA));
+    palette.setColor(QPalette::Text, look::ink);
+    palette.setColor(QPalette::PlaceholderText, look::disabledInk);
+    palette.setColor(QPalette::Button, QColor(0xF4, 0xF6, 0xF9));
+    palette.setColor(QPalette::ButtonText, look::ink);
+    palette.setColor(QPalette::Highlight, look::accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, look::ink);
+    palette.setColor(QPalette::Link, look::accent);
+    palette.setColor(QPalette::Mid, look::line);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, look::disabledInk);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF1, 0xF3, 0xF6));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, look::line);
+    return palette;
+}
+
+}  // namespace
+
+void ApplyHouseLook(QApplication& application) {
+    InstallAccessibleControls();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(HousePalette());
+    application.setFont(HouseFont(QApplication::font()));
+}
+
+void MakeWarning(QLabel& label) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, look::warning);
+    label.setPalette(palette);
+    QFont font = label.font();
+    font.setBold(true);
+    label.setFont(font);
+}
+
+}  // namespace orbkl4
