@@ -1,0 +1,68 @@
+#pragma once
+
+#include "simulator/geometry.h"
+
+#include <array>
+#include <cstdint>
+
+namespace orbkl4sim {
+
+/// Addresses of the words that the sensor itself goes by; a matrix or vector stands at successive
+/// addresses from the one given.
+namespace address {
+inline constexpr int kCaptureBiasSamples = 26;
+inline constexpr int kBaudRate = 44;
+inline constexpr int kAccelerationErrorGain = 124;
+inline constexpr int kMagneticErrorGain = 126;
+inline constexpr int kBiasTrackingGain = 128;
+inline constexpr int kGyroGainScale = 130;
+inline constexpr int kContinuousMode = 132;
+inline constexpr int kSerialNumber = 134;
+inline constexpr int kTareMatrix = 136;
+inline constexpr int kIronMatrix = 154;
+inline constexpr int kIronOffset = 172;
+inline constexpr int kFirmwareVersion = 198;
+inline constexpr int kAccGainScale = 230;
+inline constexpr int kMagGainScale = 232;
+inline constexpr int kTimer2Prescaler = 238;
+inline constexpr int kTimer2Postscaler = 240;
+inline constexpr int kTimer2Compare = 242;
+inline constexpr int kTimerTicksInterval = 246;
+}  // namespace address
+
+/// The sensor's memory: 128 words of 16 bits at the even addresses 0 to 254.
+class Eeprom {
+  public:
+    /// The memory as it leaves the factory.
+    Eeprom();
+
+    /// Whether there is a word at `wordAddress`.
+    static bool Has(int wordAddress);
+
+    /// The word at `wordAddress`; throws std::out_of_range where there is none.
+    std::uint16_t Word(int wordAddress) const;
+
+    /// Sets the word at `wordAddress`; throws std::out_of_range where there is none.
+    void SetWord(int wordAddress, std::uint16_t word);
+
+    /// The matrix that begins at `wordAddress`, whose words count 1/8192.
+    Matrix3 Matrix(int wordAddress) const;
+
+    /// Stores `matrix` from `wordAddress` on.
+    void SetMatrix(int wordAddress, const Matrix3& matrix);
+
+    /// Counts the words set since the start, so that an owner sees when to save.
+    std::uint64_t Changes() const { return changes_; }
+
+  private:
+    std::array<std::uint16_t, 128> words_{};
+    std::uint64_t changes_ = 0;
+};
+
+/// `value` rounded to a signed word, held at its limits where it exceeds them.
+std::uint16_t SignedWord(double value);
+
+/// `word` as a signed number.
+inline std::int16_t ToSigned(std::uint16_t word) { return static_cast<std::int16_t>(word); }
+
+}  // namespace orbkl4sim

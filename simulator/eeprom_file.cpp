@@ -1,0 +1,83 @@
+#include "simulator/eeprom_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace orbkl4sim {
+
+namespace {
+
+constexpr int kLastAddress = 254;
+
+std::string Text(const Eeprom& memory) {
+    std::ostringstream text;
+    text << "# ORB-KL4 EEPROM: address word\n";
+    for (int wordAddress = 0; wordAddress <= kLastAddress; wordAddress += 2) {
+        text << wordAddress << ' ' << memory.Word(wordAddress) << '\n';
+    }
+    return text.str();
+}
+
+[[noreturn]] void Fail(const fs::path& file) {
+    throw std::system_error(errno, std::generic_category(), file.string());
+}
+
+/// Writes all of `text` to the open `descriptor` and waits until the disk has it.
+bool WriteThrough(int descriptor, const std::string& text) {
+    for (std::size_t done = 0; done < text.size();) {
+        const ssize_t size = write(descriptor, text.data() + done, text.size() - done);
+        if (size < 0 && errno != EINTR) return false;
+        if (size > 0) done += static_cast<std::size_t>(size);
+    }
+    return fsync(descriptor) == 0;
+}
+
+}  // namespace
+
+void LoadEeprom(const fs::path& file, Eeprom& memory) {
+    if (!fs::exists(file)) return;
+    std::ifstream stream(file);
+    if (!stream) throw std::runtime_error(file.string() + ": can't be read");
+    std::string line;
+    for (int number = 1; std::getline(stream, line); ++number) {
+        line.erase(std::min(line.find('#'), line.size()));
+        std::istringstream words(line);
+        if ((words >> std::ws).eof()) continue;
+        long wordAddress = -1;
+        long word = -1;
+        if (!(words >> wordAddress >> word) || !(words >> std::ws).eof() ||
+            wordAddress > kLastAddress || !Eeprom::Has(static_cast<int>(wordAddress)) || word < 0 ||
+            word > 0xFFFF) {
+            throw std::runtime_error(file.string() + ", line " + std::to_string(number) +
+                                     ": not an even address from 0 to 254 and a word");
+        }
+        memory.SetWord(static_cast<int>(wordAddress), static_cast<std::uint16_t>(word));
+    }
+}
+
+void SaveEeprom(const fs::path& file, const Eeprom& memory) {
+    fs::path fresh = file;
+    fresh += ".new";
+    const int descriptor = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (descriptor < 0) Fail(fresh);
+    const bool written = WriteThrough(descriptor, Text(memory));
+    if (close(descriptor) != 0 || !written) Fail(fresh);
+    if (rename(fresh.c_str(), file.c_str()) != 0) Fail(file);
+    // The rename itself is on the disk once the folder is.
+    const fs::path parent = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    const int folder = open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) Fail(parent);
+    fsync(folder);
+    close(folder);
+}
+
+}  // namespace orbkl4sim

@@ -1,0 +1,142 @@
+#include "simulator/line.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orbkl4sim {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kBitsPerByte = 10;  // 8 data bits, start and stop
+constexpr Time kFloodStep = 10ms;
+
+}  // namespace
+
+Line::Line(Device& device, bool paced, std::uint64_t seed)
+    : device_(device), paced_(paced), faults_(seed) {}
+
+Time Line::ByteTime() const { return paced_ ? Time{1s} * kBitsPerByte / device_.Baud() : Time{}; }
+
+void Line::Receive(const Bytes& bytes, Time now, int hostBaud) {
+    const bool heard = Accepts(hostBaud);
+    receiveFree_ = std::max(receiveFree_, now);
+    for (const std::uint8_t byte : bytes) {
+        receiveFree_ += ByteTime();
+        const auto request = (heard ? heard_ : unheard_).Feed(byte, receiveFree_);
+        if (!request) continue;
+        if (listener_) listener_(*request, heard);
+        if (heard) Answer(*request, receiveFree_);
+    }
+}
+
+void Line::Answer(const Bytes& request, Time complete) {
+    // A packet of continuous mode that has not begun gives way.
+    if (!outgoing_.empty() && outgoing_.front().streamed && outgoing_.front().begins > complete) {
+        outgoing_.clear();
+        sendFree_ = complete;
+    }
+    const Time taken = paced_ ? std::max(complete, sendFree_) : deviceTime_;
+    const auto answer = device_.Handle(request, taken);
+    if (answer) deviceTime_ = answer->ready;
+    Send(script_.Apply(request, answer ? answer->reply : Bytes{}),
+         paced_ && answer ? answer->ready : complete, false);
+}
+
+void Line::Send(Bytes reply, Time ready, bool streamed) {
+    if (silent_) return;
+    if (const auto delivery = faults_.Spoil(std::move(reply))) {
+        Schedule(*delivery, ready, streamed);
+    }
+}
+
+void Line::Schedule(const Delivery& delivery, Time ready, bool streamed) {
+    const Bytes& bytes = delivery.bytes;
+    const Time begins = std::max(ready + delivery.delay, sendFree_);
+    const Time gap = delivery.dribbled ? faults_.Rates().dribbleGap : cutGap_;
+    Time due = begins + ByteTime() * static_cast<Time::rep>(bytes.size());
+    auto at = bytes.begin();
+    for (std::size_t piece = 0; at != bytes.end(); ++piece) {
+        const auto left = static_cast<std::size_t>(bytes.end() - at);
+        std::size_t size = piece < cuts_.size() ? std::min(cuts_[piece], left) : left;
+        if (delivery.dribbled) size = 1;
+        const auto end = at + static_cast<std::ptrdiff_t>(size);
+        outgoing_.push_back({Bytes(at, end), due, begins, streamed});
+        sendFree_ = due;
+        due += gap;
+        at = end;
+    }
+}
+
+/// In continuous mode the next packet is made as soon as the line has carried the last one.
+void Line::ScheduleStream(Time now) {
+    const auto command = device_.ContinuousCommand();
+    if (!command || silent_ || !outgoing_.empty()) return;
+    // A late wake-up must not cost a cycle, so the line's own time counts unless it lags far.
+    const bool lags = sendFree_ + device_.Cycle() < now;
+    const Time ready = device_.NextCycle(paced_ ? (lags ? now : sendFree_) : deviceTime_);
+    deviceTime_ = ready;
+    streamed_ = std::max(streamed_ + device_.Cycle(), now);
+    const Time begins = paced_ ? ready : streamed_;
+    Send(device_.DataReply(*command, ready), begins, true);
+    // A dropped packet leaves a gap, and the next one follows all the same.
+    if (outgoing_.empty()) outgoing_.push_back({{}, begins, begins, true});
+    sendFree_ = outgoing_.back().due;
+}
+
+std::optional<Time> Line::NextDue(Time now) {
+    ScheduleStream(now);
+    std::optional<Time> due = flooded_;
+    if (due) *due += kFloodStep;
+    if (!outgoing_.empty()) due = std::min(due.value_or(Time::max()), outgoing_.front().due);
+    return due;
+}
+
+std::vector<Bytes> Line::TakeDue(Time now) {
+    std::vector<Bytes> writes;
+    while (!outgoing_.empty() && outgoing_.front().due <= now) {
+        Bytes& bytes = outgoing_.front().bytes;
+        if (!bytes.empty()) writes.push_back(std::move(bytes));
+        outgoing_.pop_front();
+    }
+    AppendFlood(now, writes);
+    return writes;
+}
+
+void Line::AppendFlood(Time now, std::vector<Bytes>& writes) {
+    if (!flooded_ || now < *flooded_ + kFloodStep) return;
+    const Time byteTime = Time{1s} * kBitsPerByte / device_.Baud();
+    // After a long sleep the line was not fuller than one second's worth.
+    const auto count = std::min<Time>(now - *flooded_, 1s) / byteTime;
+    writes.push_back(faults_.Garbage(static_cast<std::size_t>(count)));
+    flooded_ = now;
+}
+
+void Line::PowerCycle(Time now) {
+    Reset(now);
+    device_.PowerUp(ToDeviceTime(now));
+}
+
+void Line::Reset(Time now) {
+    outgoing_.clear();
+    heard_.Reset();
+    unheard_.Reset();
+    receiveFree_ = now;
+    sendFree_ = now;
+}
+
+void Line::SetSilent(bool silent) {
+    silent_ = silent;
+    if (silent) outgoing_.clear();
+}
+
+void Line::SetFlood(bool flood, Time now) { flooded_ = flood ? std::optional(now) : std::nullopt; }
+
+void Line::Cut(std::vector<std::size_t> sizes, Time gap) {
+    std::ranges::replace(sizes, std::size_t{0}, std::size_t{1});
+    cuts_ = std::move(sizes);
+    cutGap_ = gap;
+}
+
+}  // namespace orbkl4sim

@@ -1,0 +1,68 @@
+#include "simulator/motion.h"
+
+#include "simulator/surroundings.h"
+
+#include <cmath>
+#include <numbers>
+#include <sstream>
+#include <stdexcept>
+
+namespace orbkl4sim {
+
+namespace {
+
+constexpr double kRadians = std::numbers::pi / 180;
+
+double Seconds(Time time) { return std::chrono::duration<double>(time).count(); }
+
+/// Seen from the body, the earth's field goes round a closed curve through both ends of each axis:
+/// the turn about X at half the speed of that about Y does that. A slow turn about the field itself
+/// brings gravity everywhere too.
+Quaternion TumbleAttitude(double seconds) {
+    static const Quaternion fieldToZ =
+        FromRotationVector({0, -std::atan2(kEarthField.x, kEarthField.z), 0});
+    const auto turned = [seconds](double degreesPerSecond) {
+        return degreesPerSecond * kRadians * seconds;
+    };
+    const Quaternion earthToBody = FromRotationVector({turned(60), 0, 0}) *
+                                   FromRotationVector({0, turned(120), 0}) *
+                                   FromRotationVector({0, 0, turned(25)}) * fieldToZ;
+    return Conjugate(earthToBody);
+}
+
+}  // namespace
+
+Motion Rest(const Euler& attitude) {
+    return [pose = Pose{FromEuler(attitude), {}}](Time) { return pose; };
+}
+
+Motion Tumble() {
+    return [](Time time) {
+        constexpr double step = 1e-4;
+        const double seconds = Seconds(time);
+        const Quaternion turn =
+            Conjugate(TumbleAttitude(seconds - step)) * TumbleAttitude(seconds + step);
+        return Pose{TumbleAttitude(seconds), ToRotationVector(turn) * (1 / (2 * step))};
+    };
+}
+
+Motion ParseMotion(const std::string& text) {
+    std::istringstream words(text);
+    std::string kind;
+    words >> kind >> std::ws;
+    if (kind == "file") {
+        std::string path;
+        std::getline(words, path);
+        return ReadMotion(path);
+    }
+    if (kind == "tumble" && words.eof()) return Tumble();
+    if (kind == "rest" && words.eof()) return Rest();
+    if (Euler angles; kind == "rest" && words >> angles.roll >> angles.pitch >> angles.yaw &&
+                      (words >> std::ws).eof()) {
+        return Rest(angles);
+    }
+    throw std::runtime_error("no motion: '" + text +
+                             "' (rest, rest ROLL PITCH YAW, tumble or file PATH)");
+}
+
+}  // namespace orbkl4sim

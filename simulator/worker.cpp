@@ -1,0 +1,204 @@
+#include "simulator/worker.h"
+
+#include "simulator/eeprom_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <exception>
+#include <fcntl.h>
+#include <poll.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+
+namespace orbkl4sim {
+
+namespace {
+
+/// Lets waits end on the microsecond rather than somewhere in the next fifty.
+void WakeSharply() {
+#ifdef __linux__
+    prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
+#endif
+}
+
+}  // namespace
+
+Simulator::Worker::Worker(SimulatorOptions options)
+    : options_(std::move(options)),
+      device_(options_.motion, options_.noise, options_.seed),
+      line_(device_, options_.paced, options_.seed + 1) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
+    wakeReader_ = ends[0];
+    wakeWriter_ = ends[1];
+    for (const int end : ends) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+        fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+    line_.Faults().Rates() = options_.faults;
+    line_.SetListener([this](const Bytes& request, bool heard) { Note(request, heard); });
+    if (!options_.eepromFile.empty()) LoadEeprom(options_.eepromFile, device_.Memory());
+    if (options_.baud != 0) device_.Memory().SetWord(address::kBaudRate, BaudCode(options_.baud));
+}
+
+Simulator::Worker::~Worker() {
+    Stop();
+    close(wakeReader_);
+    close(wakeWriter_);
+}
+
+void Simulator::Worker::Start() {
+    if (thread_.joinable()) return;
+    SaveMemory();
+    line_.PowerCycle(Now());
+    Plug();
+    const std::lock_guard guard(mutex_);  // held until the thread may look at itself
+    stopping_ = false;
+    thread_ = std::thread([this] { Run(); });
+}
+
+void Simulator::Worker::Stop() {
+    if (!thread_.joinable()) return;
+    {
+        const std::lock_guard guard(mutex_);
+        stopping_ = true;
+    }
+    Wake();
+    thread_.join();
+    RunTasks();
+    Unplug();
+}
+
+void Simulator::Worker::Do(const std::function<void()>& task) {
+    if (!thread_.joinable() || std::this_thread::get_id() == thread_.get_id()) {
+        task();
+        return;
+    }
+    std::packaged_task<void()> packaged(task);
+    std::future<void> done = packaged.get_future();
+    {
+        const std::lock_guard guard(mutex_);
+        tasks_.push_back(std::move(packaged));
+    }
+    Wake();
+    done.get();
+}
+
+void Simulator::Worker::Plug() {
+    if (terminal_ != nullptr) return;
+    line_.Reset(Now());
+    terminal_ = std::make_unique<PseudoTerminal>();
+    for (const std::filesystem::path& link : linkPaths_) {
+        links_.emplace_back(link, terminal_->Path());
+    }
+}
+
+void Simulator::Worker::Unplug() {
+    links_.clear();
+    terminal_.reset();
+    line_.Reset(Now());
+}
+
+void Simulator::Worker::AddLink(const std::filesystem::path& link) {
+    if (terminal_ != nullptr) links_.emplace_back(link, terminal_->Path());
+    linkPaths_.push_back(link);
+}
+
+void Simulator::Worker::Run() {
+    WakeSharply();
+    while (true) {
+        {
+            const std::lock_guard guard(mutex_);
+            if (stopping_) return;
+        }
+        Wait();
+        RunTasks();
+        if (terminal_ != nullptr) ReceiveAll();
+        SendDue();
+        SaveMemory();
+    }
+}
+
+/// Sleeps until the host sends or closes, a task comes or bytes are due.
+void Simulator::Worker::Wait() {
+    const bool plugged = terminal_ != nullptr;
+    std::array<pollfd, 3> watched{
+        pollfd{wakeReader_, POLLIN, 0},
+        pollfd{plugged ? terminal_->Descriptor() : -1, POLLIN, 0},
+        pollfd{plugged ? terminal_->WatchDescriptor() : -1, POLLIN, 0},
+    };
+    const Time now = Now();
+    const auto due = line_.NextDue(now);
+    const Time left = std::max(due.value_or(now) - now, Time{});
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
+#ifdef __linux__
+    const timespec limit{seconds.count(), (left - seconds).count()};
+    ppoll(watched.data(), watched.size(), due ? &limit : nullptr, nullptr);
+#else
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(left).count();
+    poll(watched.data(), watched.size(), due ? static_cast<int>(wait) : -1);
+#endif
+    if (watched[0].revents != 0) {
+        std::array<char, 64> wakes;  // NOLINT(*-member-init): filled by read
+        while (read(wakeReader_, wakes.data(), wakes.size()) > 0) {
+        }
+    }
+    if (watched[2].revents != 0) terminal_->ClearMarkIfClosed();
+}
+
+void Simulator::Worker::RunTasks() {
+    while (true) {
+        std::packaged_task<void()> task;
+        {
+            const std::lock_guard guard(mutex_);
+            if (tasks_.empty()) return;
+            task = std::move(tasks_.front());
+            tasks_.pop_front();
+        }
+        task();
+    }
+}
+
+void Simulator::Worker::ReceiveAll() {
+    const Bytes bytes = terminal_->Read();
+    if (bytes.empty()) return;
+    hostBaud_ = terminal_->HostBaud();
+    if (options_.record) record_.Add(bytes);
+    line_.Receive(bytes, Now(), hostBaud_);
+}
+
+void Simulator::Worker::SendDue() {
+    for (const Bytes& bytes : line_.TakeDue(Now())) {
+        if (terminal_ != nullptr && line_.Accepts(terminal_->HostBaud())) terminal_->Write(bytes);
+    }
+}
+
+void Simulator::Worker::SaveMemory() {
+    const std::uint64_t changes = device_.Memory().Changes();
+    if (options_.eepromFile.empty() || changes == savedChanges_) return;
+    savedChanges_ = changes;
+    try {
+        SaveEeprom(options_.eepromFile, device_.Memory());
+    } catch (const std::exception& error) {
+        if (options_.onError) options_.onError(error.what());
+    }
+}
+
+void Simulator::Worker::Note(const Bytes& request, bool heard) {
+    const Request noted{request, std::chrono::steady_clock::now(), hostBaud_, heard};
+    if (options_.record) record_.Add(noted);
+    if (options_.onRequest) options_.onRequest(noted);
+}
+
+void Simulator::Worker::Wake() const {
+    // A full pipe wakes the thread as well.
+    [[maybe_unused]] const ssize_t size = write(wakeWriter_, "", 1);
+}
+
+}  // namespace orbkl4sim
