@@ -1,5 +1,6 @@
 #include "platform/screen.h"
 
+#include "platform/controls/cw_num_edit.h"
 #include "platform/resize.h"
 #include "platform/screen_registry.h"
 
@@ -30,7 +31,9 @@ void Screen::BuildMenu(std::span<const MenuRow> rows) {
     for (const MenuRow& row : rows) {
         auto* entry = new MenuEntry(this, row);
         if (std::string_view(row.menu).empty()) {
-            entry->MakeMenu(this);
+            // A menu takes no focus from the field that is being typed in.
+            connect(entry->MakeMenu(this), &QMenu::aboutToShow, this,
+                    [] { CWNumEdit::CommitPending(); });
             menuBarEntries_ += entry;
         } else {
             Menu(row.menu).menu<QMenu*>()->addAction(entry);

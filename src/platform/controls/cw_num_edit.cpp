@@ -140,14 +140,11 @@ QSize CWNumEdit::minimumSizeHint() const { return sizeHint(); }
 void CWNumEdit::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Enter:
-        case Qt::Key_Return:
-            Commit();
-            break;
+        case Qt::Key_Return: Commit(); break;
         case Qt::Key_Escape:
             if (typing_) return Value(value_);
             break;
-        default:
-            break;
+        default: break;
     }
     QAbstractSpinBox::keyPressEvent(event);
 }

@@ -226,28 +226,14 @@ void CWSlide::keyPressEvent(QKeyEvent* event) {
     if (!Interactive()) return QWidget::keyPressEvent(event);
     switch (event->key()) {
         case Qt::Key_Left:
-        case Qt::Key_Down:
-            MoveBySteps(-1);
-            break;
+        case Qt::Key_Down: MoveBySteps(-1); break;
         case Qt::Key_Right:
-        case Qt::Key_Up:
-            MoveBySteps(1);
-            break;
-        case Qt::Key_PageDown:
-            MoveBySteps(-stepsPerPage);
-            break;
-        case Qt::Key_PageUp:
-            MoveBySteps(stepsPerPage);
-            break;
-        case Qt::Key_Home:
-            MoveTo(axis_.minimum);
-            break;
-        case Qt::Key_End:
-            MoveTo(axis_.maximum);
-            break;
-        default:
-            QWidget::keyPressEvent(event);
-            break;
+        case Qt::Key_Up: MoveBySteps(1); break;
+        case Qt::Key_PageDown: MoveBySteps(-stepsPerPage); break;
+        case Qt::Key_PageUp: MoveBySteps(stepsPerPage); break;
+        case Qt::Key_Home: MoveTo(axis_.minimum); break;
+        case Qt::Key_End: MoveTo(axis_.maximum); break;
+        default: QWidget::keyPressEvent(event); break;
     }
 }
 

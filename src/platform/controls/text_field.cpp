@@ -213,21 +213,11 @@ void TextField::keyPressEvent(QKeyEvent* event) {
     const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
     int target = 0;
     switch (event->key()) {
-        case Qt::Key_Left:
-            target = std::max(cursor - 1, 0);
-            break;
-        case Qt::Key_Right:
-            target = std::min(cursor + 1, size);
-            break;
-        case Qt::Key_Home:
-            target = 0;
-            break;
-        case Qt::Key_End:
-            target = size;
-            break;
-        default:
-            QWidget::keyPressEvent(event);
-            return;
+        case Qt::Key_Left: target = std::max(cursor - 1, 0); break;
+        case Qt::Key_Right: target = std::min(cursor + 1, size); break;
+        case Qt::Key_Home: target = 0; break;
+        case Qt::Key_End: target = size; break;
+        default: QWidget::keyPressEvent(event); return;
     }
     Select(extend ? anchor : target, target);
 }

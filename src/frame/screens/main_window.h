@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/mscomm.h"
+#include "platform/screen.h"
+
+class QMouseEvent;
+
+namespace orbkl4 {
+
+/// The hub of the program: the picture of the sensor and the menu tree from which every other
+/// screen is opened.
+class Main : public Screen {
+    Q_OBJECT
+
+  public:
+    Main();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void BuildLayout();
+    void ConnectMenu();
+    void SetToPolledMode();
+    void picORBKL4_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    void mnuHardIronCal_Click();
+    void mnuHelpHelp_Click();
+
+    MSComm port_;
+    QWidget* picture_ = nullptr;
+};
+
+}  // namespace orbkl4

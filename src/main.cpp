@@ -1,0 +1,20 @@
+#include "all_screens.h"
+#include "frame/screens/mdi_form1.h"
+#include "platform/look.h"
+#include "platform/screen_registry.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    orbkl4::ApplyHouseLook(application);
+    orbkl4::RegisterAllScreens();
+    orbkl4::MDIForm1 frame;
+    orbkl4::PlaceScreensIn(&frame);
+    if (!frame.MDIForm_Load()) return EXIT_SUCCESS;
+    orbkl4::ShowScreen("Main");
+    frame.show();
+    return QApplication::exec();
+}

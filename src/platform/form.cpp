@@ -1,0 +1,53 @@
+#include "platform/form.h"
+
+#include "platform/event_gate.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include <utility>
+
+namespace orbkl4 {
+
+QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text) {
+    auto* label = Named(new QLabel(parent), name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    return label;
+}
+
+QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption) {
+    return Named(new QGroupBox(QString::fromUtf8(caption), parent), name);
+}
+
+QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
+                        std::function<void()> click) {
+    auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button, [click = std::move(click)] {
+        const HandlerScope scope;
+        click();
+    });
+    return button;
+}
+
+QLabel* MakeWarning(QWidget* parent) {
+    QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
+    QPalette palette = warning->palette();
+    palette.setColor(QPalette::WindowText, Qt::red);
+    warning->setPalette(palette);
+    QSizePolicy policy = warning->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    warning->setSizePolicy(policy);
+    warning->setVisible(false);
+    return warning;
+}
+
+TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption) {
+    auto* field = Named(new TextField(rows.parentWidget()), name);
+    rows.addRow(QString::fromUtf8(caption), field);
+    return field;
+}
+
+}  // namespace orbkl4

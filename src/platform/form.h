@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/controls/text_field.h"
+
+#include <QFormLayout>
+
+#include <functional>
+#include <string_view>
+
+class QGroupBox;
+class QLabel;
+class QPushButton;
+
+namespace orbkl4 {
+
+/// Gives `control` its control name.
+template <typename Control>
+Control* Named(Control* control, const char* name) {
+    control->setObjectName(QString::fromUtf8(name));
+    return control;
+}
+
+/// A label `name` that shows `text` (UTF-8, plain).
+QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text);
+
+/// A frame `name` with the caption `caption` (UTF-8).
+QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption);
+
+/// A button `name` that runs `click`, an event handler, when it is pressed.
+QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
+                        std::function<void()> click);
+
+/// The label in red letters that says that replies fail to come, hidden at first, with its room
+/// kept.
+QLabel* MakeWarning(QWidget* parent);
+
+/// Adds a row of the label `caption` and a text field `name` to `rows`.
+TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption);
+
+}  // namespace orbkl4
