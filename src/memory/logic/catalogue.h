@@ -1,0 +1,59 @@
+#pragma once
+
+#include "link/logic/eeprom_address.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orbkl4 {
+
+/// Who may change a word: `User` anyone, `Advanced` only at the level "Advanced", `Fixed` no one.
+enum class EepromAccess : std::uint8_t { User, Advanced, Fixed };
+
+/// What is known of one word. `minimum` and `maximum` limit what a person may enter.
+struct EepromWord {
+    eeprom::Address address;
+    std::string_view name;
+    int minimum, maximum;
+    EepromAccess access;
+};
+
+inline constexpr std::size_t eepromWordCount = 128;
+
+/// All words; a word's index is half its address.
+extern const std::array<EepromWord, eepromWordCount> eepromCatalogue;
+
+/// The index of the word at `address` in the catalogue and in every array of words.
+constexpr std::size_t IndexOf(eeprom::Address address) {
+    return static_cast<std::size_t>(address) / 2;
+}
+
+/// Whether the word at `address` is a signed number; its band of addresses decides.
+constexpr bool IsSignedAddress(eeprom::Address address) {
+    return (address >= 66 && address <= 118) || (address >= 136 && address <= 194);
+}
+
+/// The number that `word` (0 to 65535) stands for at `address`.
+double NumberOfWord(eeprom::Address address, double word);
+
+/// The word (0 to 65535) for `number` at `address`; the range isn't checked.
+double WordOfNumber(eeprom::Address address, double number);
+
+/// The remark on a word; it doesn't look at the access level.
+std::string_view RemarkOf(EepromAccess access);
+
+/// Whether a word's field is enabled at the level "Standard" or "Advanced".
+constexpr bool IsEnabled(EepromAccess access, bool advancedLevel) {
+    return advancedLevel ? access != EepromAccess::Fixed : access == EepromAccess::User;
+}
+
+/// The names of all words, by index.
+inline std::array<std::string, eepromWordCount> EEPROMNames;
+
+/// Fills `EEPROMNames` from the catalogue.
+void FillEEPROMNames();
+
+}  // namespace orbkl4

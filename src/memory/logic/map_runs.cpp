@@ -1,0 +1,57 @@
+#include "memory/logic/map_runs.h"
+
+#include "base/number_text.h"
+
+namespace orbkl4 {
+
+namespace {
+
+struct BaudCode {
+    double code;
+    std::string_view settings;
+};
+
+constexpr std::array baudCodes = {BaudCode{129, "19200,n,8,1"}, BaudCode{64, "38400,n,8,1"},
+                                  BaudCode{21, "115200,n,8,1"}};
+
+}  // namespace
+
+std::vector<eeprom::Address> WriteListOf(std::span<const bool, eepromWordCount> modified) {
+    std::vector<eeprom::Address> list;
+    for (const EepromWord& word : eepromCatalogue)
+        if (modified[IndexOf(word.address)]) list.push_back(word.address);
+    if (!modified[IndexOf(eeprom::last)]) list.push_back(0);
+    return list;
+}
+
+double SnappedBaudCode(double value) {
+    return value == 129 || value == 64 || value == 21 ? value : 64;
+}
+
+double SnappedPrescaler(double value) {
+    return value == 1 || value == 4 || value == 16 ? value : 1;
+}
+
+std::string_view CommSettingsOfBaudCode(double code) {
+    for (const BaudCode& row : baudCodes)
+        if (row.code == code) return row.settings;
+    return "0";
+}
+
+std::array<std::string, 3> EepromLogLines(std::span<const double, eepromWordCount> numbers) {
+    std::string body;
+    for (const EepromWord& word : eepromCatalogue)
+        body.append(std::to_string(word.address))
+            .append(",")
+            .append(TrimmedFileText(numbers[IndexOf(word.address)]))
+            .append("\r\n");
+    return {"ORB-KL4 EEPROM Log", "Address,Value", body};
+}
+
+std::string EepromLogName(const std::tm& now) {
+    std::array<char, 32> digits{};
+    const std::size_t length = std::strftime(digits.data(), digits.size(), "%m%d%Y%H%M%S", &now);
+    return "EEPROM_log_" + std::string(digits.data(), length) + ".csv";
+}
+
+}  // namespace orbkl4
