@@ -1,6 +1,7 @@
 #include "platform/form.h"
 
 #include "platform/event_gate.h"
+#include "platform/look.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -34,9 +35,7 @@ QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
 
 QLabel* MakeWarning(QWidget* parent) {
     QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
-    QPalette palette = warning->palette();
-    palette.setColor(QPalette::WindowText, Qt::red);
-    warning->setPalette(palette);
+    MakeWarning(*warning);
     QSizePolicy policy = warning->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     warning->setSizePolicy(policy);

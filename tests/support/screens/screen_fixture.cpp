@@ -1,0 +1,74 @@
+#include "support/screens/screen_fixture.h"
+
+#include "acquire/logic/sample_state.h"
+#include "all_screens.h"
+#include "frame/logic/app_state.h"
+#include "frame/start_up.h"
+#include "platform/boxes.h"
+#include "platform/file_channel.h"
+#include "platform/screen_registry.h"
+#include "support/wait.h"
+
+#include <QVariant>
+
+namespace orbkl4::test {
+
+namespace {
+
+Screen& AwaitActive(const char* name) {
+    Screen* screen = FindScreen(name);
+    if (screen == nullptr) ADD_FAILURE() << name << " isn't registered";
+    QCoreApplication::processEvents();
+    return *screen;
+}
+
+}  // namespace
+
+orbkl4sim::SimulatorOptions QuietSensor() {
+    orbkl4sim::SimulatorOptions options;
+    options.motion = orbkl4sim::Rest();
+    options.noise = false;
+    options.paced = false;
+    return options;
+}
+
+ScreenTest::ScreenTest(const orbkl4sim::SimulatorOptions& options) : sensor(options) {
+    AppState = {};
+    SampleState = {};
+    StartUp();
+    sensor.Start();
+    surroundings.LinkPort(1, QString::fromStdString(sensor.DevicePath().string()));
+    RegisterAllScreens();
+    PlaceScreensIn(&frame);
+    ShowScreen("Main");
+    frame.show();
+}
+
+ScreenTest::~ScreenTest() {
+    UnloadAllScreens();
+    PlaceScreensIn(nullptr);
+    Channel1().Close();
+    MousePointer(Pointer::Default);
+}
+
+Screen& ScreenTest::Open(const char* name) {
+    ShowScreen(name);
+    return AwaitActive(name);
+}
+
+Screen& ScreenTest::OpenModal(const char* name) {
+    ShowModalScreen(name);
+    return AwaitActive(name);
+}
+
+std::string ScreenTest::Property(const Screen& screen, const char* name, const char* property) {
+    return Get<QObject>(screen, name).property(property).toString().toStdString();
+}
+
+std::vector<Bytes> ScreenTest::Heard() const {
+    std::vector<Bytes> heard;
+    for (const orbkl4sim::Request& request : sensor.Requests()) heard.push_back(request.bytes);
+    return heard;
+}
+
+}  // namespace orbkl4::test

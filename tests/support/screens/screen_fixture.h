@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/bytes.h"
+#include "platform/mdi_frame.h"
+#include "platform/menu_entry.h"
+#include "platform/screen.h"
+#include "simulator/simulator.h"
+#include "support/surroundings.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace orbkl4::test {
+
+/// A sensor at rest, without noise, that answers as fast as it is asked.
+orbkl4sim::SimulatorOptions QuietSensor();
+
+/// A started program with its frame and main window on show, all screens registered, a state as
+/// after a connection at 38400 baud, and a simulated sensor on port 1.
+class ScreenTest : public testing::Test {
+  protected:
+    explicit ScreenTest(const orbkl4sim::SimulatorOptions& options = QuietSensor());
+    ~ScreenTest() override;
+
+    /// Shows the screen `name` in the frame, or as a dialog, without the main menu's own exchange
+    /// with the sensor, and waits until it has become active.
+    Screen& Open(const char* name);
+    Screen& OpenModal(const char* name);
+
+    /// The control `name` of the loaded screen `screen`; the test fails hard where there is none.
+    template <typename Control>
+    static Control& Get(const Screen& screen, const char* name) {
+        auto* control = screen.findChild<Control*>(QLatin1String(name));
+        if (control == nullptr) ADD_FAILURE() << "no control " << name;
+        return *control;
+    }
+
+    /// The Qt property `property` of the control `name` of `screen`, as text.
+    static std::string Property(const Screen& screen, const char* name, const char* property);
+
+    /// The `text` of the control `name` of `screen`.
+    static std::string Text(const Screen& screen, const char* name) {
+        return Property(screen, name, "text");
+    }
+
+    /// Chooses the menu entry as a person would; nothing happens where it is disabled.
+    static void Click(const Screen& screen, const char* entry) { screen.Menu(entry).trigger(); }
+
+    /// The requests that the sensor has heard so far, in order.
+    std::vector<Bytes> Heard() const;
+
+    Surroundings surroundings;
+    orbkl4sim::Simulator sensor;
+    MdiFrame frame{"MDIForm1", "Frame"};
+};
+
+}  // namespace orbkl4::test
