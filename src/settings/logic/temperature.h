@@ -1,0 +1,20 @@
+#pragma once
+
+namespace orbkl4 {
+
+/// Degrees Celsius of a raw temperature word, one decimal; 5 V full scale, 0.5 V at 0, 10 mV each.
+double CelsiusOf(double word);
+
+/// Degrees Fahrenheit, one decimal.
+double FahrenheitOf(double celsius);
+
+/// Degrees Reaumur, one decimal.
+double ReaumurOf(double celsius);
+
+/// Kelvin, one decimal.
+double KelvinOf(double celsius);
+
+/// Degrees Rankine, one decimal, of the Fahrenheit shown: its rounding is carried on.
+double RankineOf(double shownFahrenheit);
+
+}  // namespace orbkl4

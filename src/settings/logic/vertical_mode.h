@@ -1,0 +1,31 @@
+#pragma once
+
+#include "link/logic/eeprom_address.h"
+#include "link/logic/reset_writes.h"
+
+#include <array>
+#include <cstdint>
+
+namespace orbkl4 {
+
+/// What the EEPROM words 120 and 126 make of the sensor.
+enum class GyroMode : std::uint8_t { Vertical, Normal, Other };
+
+/// The writes that set vertical gyro mode, in order.
+inline constexpr std::array verticalModeWrites = {EepromWrite{eeprom::biasCompensationType, 0},
+                                                  EepromWrite{eeprom::magneticErrorGain, 0}};
+
+/// The writes that set normal mode, in order.
+inline constexpr std::array normalModeWrites = {EepromWrite{eeprom::biasCompensationType, 1},
+                                                EepromWrite{eeprom::magneticErrorGain, 100}};
+
+/// The mode that the words at 120 and 126 make.
+constexpr GyroMode GyroModeOf(double word120, double word126) {
+    const auto holds = [&](const std::array<EepromWrite, 2>& writes) {
+        return word120 == writes[0].word && word126 == writes[1].word;
+    };
+    if (holds(verticalModeWrites)) return GyroMode::Vertical;
+    return holds(normalModeWrites) ? GyroMode::Normal : GyroMode::Other;
+}
+
+}  // namespace orbkl4
