@@ -1,0 +1,29 @@
+#include "acquire/closed_port.h"
+
+#include "base/run_time_error.h"
+#include "platform/mscomm.h"
+
+namespace orbkl4 {
+
+namespace {
+
+template <typename PortCall>
+void PassOverClosedPort(const PortCall& call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        if (error.Number() != ErrorNumber::PortClosed) throw;
+    }
+}
+
+}  // namespace
+
+void InputUnlessClosed(MSComm& port, Bytes& bytes) {
+    PassOverClosedPort([&] { port.Input(bytes); });
+}
+
+void OutputUnlessClosed(MSComm& port, const Bytes& bytes) {
+    PassOverClosedPort([&] { port.Output(bytes); });
+}
+
+}  // namespace orbkl4

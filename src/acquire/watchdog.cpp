@@ -1,0 +1,29 @@
+#include "acquire/watchdog.h"
+
+#include "acquire/logic/sampling.h"
+#include "platform/clock.h"
+#include "platform/timer.h"
+
+#include <QWidget>
+
+namespace orbkl4 {
+
+void NoteReply(QWidget& lblWarning) {
+    SampleState.LastReplyTime = MonotonicSeconds();
+    lblWarning.setVisible(false);
+}
+
+void WatchdogTick(Timer& timer, QWidget& lblWarning, bool checked,
+                  const std::function<void()>& click) {
+    const bool overdue = ReplyOverdue(MonotonicSeconds());
+    if (!overdue) {
+        lblWarning.setVisible(false);
+        return;
+    }
+    timer.Enabled(false);
+    lblWarning.setVisible(true);
+    if (checked) click();
+    click();
+}
+
+}  // namespace orbkl4
