@@ -6,8 +6,10 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QLabel>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -25,6 +27,57 @@ bool HasTabularDigits(const QFont& font) {
         return std::abs(metrics.horizontalAdvance(digit) - width) < slack;
     });
 }
+
+/// Fusion, with frames as light cards that hold their titles.
+class HouseStyle final : public QProxyStyle {
+  public:
+    HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element != PE_FrameGroupBox) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        constexpr double corner = 4;
+        const bool enabled = option->state.testFlag(State_Enabled);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(cardLine, 1));
+        painter->setBrush(enabled ? card : disabledCard);
+        const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter->drawRoundedRect(box, corner, corner);
+        painter->restore();
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override {
+        painter->save();
+        if (control == CC_GroupBox) {
+            QFont title = painter->font();
+            title.setWeight(QFont::DemiBold);
+            painter->setFont(title);
+        }
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        painter->restore();
+    }
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override {
+        constexpr int fromLeft = 10;
+        constexpr int fromTop = 6;
+        QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+        if (control != CC_GroupBox) return rect;
+        if (part == SC_GroupBoxLabel) rect.adjust(fromLeft, fromTop, 3 * fromLeft, fromTop);
+        if (part == SC_GroupBoxContents && rect.top() > fromTop) rect.adjust(0, fromTop, 0, 0);
+        return rect;
+    }
+
+  private:
+    static constexpr QColor card{0xFB, 0xFC, 0xFD};
+    static constexpr QColor disabledCard{0xF1, 0xF3, 0xF6};
+    static constexpr QColor cardLine{0xD3, 0xDA, 0xE2};
+};
 
 QFont HouseFont(QFont font) {
     constexpr int pointSize = 10;
@@ -65,11 +118,11 @@ QPalette HousePalette() {
 
 }  // namespace
 
-void ApplyHouseLook(QApplication& application) {
+void ApplyHouseLook() {
     InstallAccessibleControls();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new HouseStyle);
     QApplication::setPalette(HousePalette());
-    application.setFont(HouseFont(QApplication::font()));
+    QApplication::setFont(HouseFont(QApplication::font()));
 }
 
 void MakeWarning(QLabel& label) {

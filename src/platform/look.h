@@ -2,7 +2,6 @@
 
 #include <QColor>
 
-class QApplication;
 class QLabel;
 
 namespace orbkl4 {
@@ -11,14 +10,15 @@ namespace orbkl4 {
 namespace look {
 inline constexpr QColor accent{0x1F, 0x6F, 0xB5};       ///< levels, pointers, selection
 inline constexpr QColor ink{0x1E, 0x27, 0x32};          ///< text and marks
-inline constexpr QColor line{0xB9, 0xC3, 0xCE};         ///< thin borders
+inline constexpr QColor line{0xB3, 0xBE, 0xCA};         ///< thin borders
 inline constexpr QColor window{0xEE, 0xF1, 0xF5};       ///< background of screens
 inline constexpr QColor disabledInk{0x9A, 0xA5, 0xB1};  ///< text and marks of what is disabled
 inline constexpr QColor warning{0xC4, 0x1E, 0x1E};      ///< the warning label
 }  // namespace look
 
-/// Gives the program its style, palette, icon size and a font with digits of one width.
-void ApplyHouseLook(QApplication& application);
+/// Gives the application object, which must exist, its style, palette, a font with digits of one
+/// width and the accessibility of the painted controls.
+void ApplyHouseLook();
 
 /// Makes `label` a warning: bold red letters.
 void MakeWarning(QLabel& label);

@@ -3,8 +3,8 @@
 #include "base/number_text.h"
 #include "platform/look.h"
 
-#include <QConicalGradient>
 #include <QEvent>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
@@ -22,10 +22,10 @@ constexpr double faceRadius = 0.93;
 constexpr double markOuter = 0.88;
 constexpr double markInner = 0.79;
 constexpr double subMarkInner = 0.83;
-constexpr double numberRadius = 0.66;
+constexpr double numberRadius = 0.665;
 constexpr double needleTip = 0.80;
 constexpr double needleTail = 0.18;
-constexpr double numberSize = 0.105;
+constexpr double numberSize = 0.107;
 constexpr double captionPlace = 0.36;
 
 constexpr QColor faceEdge{0x16, 0x1E, 0x28};
@@ -101,12 +101,10 @@ void CWKnob::paintEvent(QPaintEvent* /*event*/) {
 void CWKnob::PaintFace(QPainter& painter) const {
     const double radius = Radius();
     painter.setPen(Qt::NoPen);
-    QConicalGradient bezel(0, 0, 45);
-    bezel.setColorAt(0.00, QColor(0xF7, 0xF9, 0xFB));
-    bezel.setColorAt(0.25, QColor(0xB9, 0xC2, 0xCC));
-    bezel.setColorAt(0.50, QColor(0x86, 0x90, 0x9C));
-    bezel.setColorAt(0.75, QColor(0xB9, 0xC2, 0xCC));
-    bezel.setColorAt(1.00, QColor(0xF7, 0xF9, 0xFB));
+    QLinearGradient bezel(-radius * 0.7, -radius * 0.7, radius * 0.7, radius * 0.7);
+    bezel.setColorAt(0, QColor(0xF2, 0xF5, 0xF8));
+    bezel.setColorAt(0.5, QColor(0xB4, 0xBE, 0xC9));
+    bezel.setColorAt(1, QColor(0x80, 0x8B, 0x98));
     painter.setBrush(bezel);
     painter.drawEllipse(QPointF(), radius, radius);
     QRadialGradient face(0, -radius * 0.3, radius * 1.3);
@@ -128,6 +126,11 @@ void CWKnob::PaintMarks(QPainter& painter) const {
                              OnCircle(degrees, radius * markOuter));
         }
     };
+    if (sweep_ == Sweep::HalfCircle) {
+        const QPointF corner(radius * markOuter, radius * markOuter);
+        painter.setPen(QPen(ink, radius * 0.009));
+        painter.drawArc(QRectF(-corner, corner), 0, 180 * 16);
+    }
     strokes(axis_.subMarks, subMarkInner, 0.009);
     strokes(axis_.marks, markInner, 0.018);
 }
@@ -144,13 +147,13 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
         painter.drawText(box, Qt::AlignCenter, text);
     };
     const std::vector<double> marks = axis_.Multiples(axis_.marks);
+    // -180 and 180 share a place and are written once.
     const bool endsMeet = sweep_ == Sweep::FullCircle && marks.size() > 1 &&
                           DegreesOf(marks.back()) - DegreesOf(marks.front()) > 359;
     for (const double value : marks) {
         if (endsMeet && value == marks.front()) continue;
-        QString text = QString::fromStdString(ScreenText(value));
-        if (endsMeet && value == marks.back()) text.prepend(QChar(0x00B1));
-        write(OnCircle(DegreesOf(value), radius * numberRadius), text);
+        write(OnCircle(DegreesOf(value), radius * numberRadius),
+              QString::fromStdString(ScreenText(value)));
     }
     painter.setPen(dimmed);
     write({0, radius * captionPlace}, caption_);
@@ -161,7 +164,7 @@ void CWKnob::PaintNeedle(QPainter& painter) const {
     painter.save();
     painter.rotate(NeedleDegrees());
     painter.setPen(Qt::NoPen);
-    const double half = radius * 0.028;
+    const double half = radius * 0.034;
     const QPolygonF shape{{QPointF(0, -radius * needleTip), QPointF(half, -radius * 0.05),
                            QPointF(half * 1.2, radius * needleTail),
                            QPointF(-half * 1.2, radius * needleTail),

@@ -113,17 +113,6 @@ QAbstractSpinBox::StepEnabled CWNumEdit::stepEnabled() const {
     return steps;
 }
 
-QValidator::State CWNumEdit::validate(QString& input, int& position) const {
-    const auto size = input.size();
-    input = input.trimmed();
-    if (input.size() != size) position = std::min(position, static_cast<int>(input.size()));
-    const QString allowed =
-        wholeNumbers_ ? QStringLiteral("0123456789-+") : QStringLiteral("0123456789-+.eE");
-    const bool plain = std::all_of(input.begin(), input.end(),
-                                   [&](QChar character) { return allowed.contains(character); });
-    return plain ? QValidator::Acceptable : QValidator::Invalid;
-}
-
 QSize CWNumEdit::sizeHint() const {
     constexpr std::size_t fewest = 5;
     constexpr std::size_t most = 9;

@@ -46,7 +46,7 @@ class CWNumEdit : public QAbstractSpinBox {
     /// Sets the distance of one step, above 0; it is 1 at first.
     void Increment(double increment) { increment_ = increment; }
 
-    /// Whether a person can enter whole numbers only.
+    /// Whether what a person types is rounded to a whole number, ties to even.
     void WholeNumbers(bool wholeNumbers) { wholeNumbers_ = wholeNumbers; }
 
     /// Leaves out the step buttons and narrows the margins, for screens that are full of fields.
@@ -66,7 +66,6 @@ class CWNumEdit : public QAbstractSpinBox {
     static void CommitPending();
 
     void stepBy(int steps) override;
-    QValidator::State validate(QString& input, int& position) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

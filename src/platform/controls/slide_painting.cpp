@@ -42,6 +42,7 @@ void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
 }
 
 void PaintLevel(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
+    if (place == track.p1()) return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(enabled ? look::accent : look::line);
     const double width = slide::groove - 2;

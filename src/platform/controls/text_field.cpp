@@ -117,12 +117,12 @@ double TextField::TextLeft(const QString& text) const {
 
 void TextField::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    // Filled rectangles keep the frame sharp at every scale of the screen.
+    const int frame = hasFocus() ? 2 : 1;
     const bool plain = backColorText_ == windowBackground;
-    const QRect frame = rect().adjusted(0, 0, -1, -1);
-    painter.setPen(hasFocus() ? look::accent : look::line);
-    painter.setBrush(plain ? palette().color(QPalette::Base) : Colour(backColorText_));
-    painter.drawRect(frame);
-    if (hasFocus()) painter.drawRect(frame.adjusted(1, 1, -1, -1));
+    painter.fillRect(rect(), hasFocus() ? look::accent : look::line);
+    painter.fillRect(rect().adjusted(frame, frame, -frame, -frame),
+                     plain ? palette().color(QPalette::Base) : Colour(backColorText_));
     if (!text_.empty()) PaintText(painter, QtText());
 }
 

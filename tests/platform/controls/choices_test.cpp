@@ -1,0 +1,107 @@
+#include "base/run_time_error.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/option_button.h"
+
+#include <QAbstractItemView>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace orbkl4 {
+namespace {
+
+TEST(OptionButton, RaisesClickWhenItComesOnWhoeverSetsIt) {
+    QWidget frame;
+    OptionButton one("1", &frame);
+    OptionButton four("4", &frame);
+    QStringList log;
+    QObject::connect(&one, &OptionButton::Click, [&] { log << "1"; });
+    QObject::connect(&four, &OptionButton::Click, [&] { log << "4"; });
+    one.Value(true);
+    one.Value(true);
+    QTest::mouseClick(&four, Qt::LeftButton, {}, QPoint(8, four.height() / 2));
+    EXPECT_TRUE(four.Value());
+    EXPECT_FALSE(one.Value());
+    one.Value(true);
+    EXPECT_EQ(log, (QStringList{"1", "4", "1"}));
+}
+
+TEST(OptionButton, CanBeClearedSoThatNoneIsChosen) {
+    QWidget frame;
+    OptionButton one("1", &frame);
+    OptionButton four("4", &frame);
+    four.Value(true);
+    QSignalSpy clicks(&four, &OptionButton::Click);
+    four.Value(false);
+    EXPECT_FALSE(four.Value());
+    EXPECT_FALSE(one.Value());
+    EXPECT_EQ(clicks.count(), 0);
+    four.Value(true);  // still excludes the others
+    one.Value(true);
+    EXPECT_FALSE(four.Value());
+}
+
+/// A list of three rows with the focus.
+class ComboBoxTest : public testing::Test {
+  protected:
+    ComboBoxTest() : clicks(&box, &ComboBox::Click) {
+        for (const char* text : {"Off", "Test", "Custom"}) box.AddItem(text);
+        box.show();
+        box.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    }
+
+    ComboBox box;
+    QSignalSpy clicks;
+};
+
+TEST_F(ComboBoxTest, StartsWithoutAChoice) {
+    EXPECT_EQ(box.ListIndex(), -1);
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(ComboBoxTest, RaisesClickAtEveryAssignment) {
+    for (const int row : {1, 1, 0, -1, 2}) {
+        clicks.clear();
+        box.ListIndex(row);
+        EXPECT_EQ(clicks.count(), 1) << row;
+        EXPECT_EQ(box.ListIndex(), row);
+    }
+    EXPECT_EQ(box.Text(), "Custom");
+}
+
+TEST_F(ComboBoxTest, RefusesARowThatDoesNotExist) {
+    box.ListIndex(1);
+    clicks.clear();
+    for (const int row : {3, 255, -2}) {
+        try {
+            box.ListIndex(row);
+            ADD_FAILURE() << row;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::InvalidPropertyValue);
+        }
+    }
+    EXPECT_EQ(box.ListIndex(), 1);
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(ComboBoxTest, RaisesClickOnceForEveryChoiceByHand) {
+    box.ListIndex(0);
+    clicks.clear();
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(box.ListIndex(), 1);
+    EXPECT_EQ(clicks.count(), 1);
+    for (const int row : {2, 2}) {  // the second time the row stands already
+        clicks.clear();
+        box.showPopup();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(box.view()->window()));
+        box.view()->setCurrentIndex(box.model()->index(row, 0));
+        QTest::keyClick(box.view(), Qt::Key_Return);
+        EXPECT_EQ(box.ListIndex(), row);
+        EXPECT_EQ(clicks.count(), 1);
+    }
+}
+
+}  // namespace
+}  // namespace orbkl4

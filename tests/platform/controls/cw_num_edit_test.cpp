@@ -1,0 +1,231 @@
+#include "platform/controls/cw_num_edit.h"
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+namespace orbkl4 {
+namespace {
+
+/// A window with two fields and a menu bar, the first field with the focus.
+class CWNumEditTest : public testing::Test {
+  protected:
+    CWNumEditTest() {
+        auto* layout = new QVBoxLayout(&window);
+        menuBar = new QMenuBar(&window);
+        menu = menuBar->addMenu("&File");
+        menu->addAction("&Write");
+        layout->setMenuBar(menuBar);
+        layout->addWidget(edit = new CWNumEdit);
+        layout->addWidget(other = new CWNumEdit);
+        window.resize(200, 120);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        edit->setFocus();
+        edit->Limits(0, 65535);
+    }
+
+    QString Shown() const { return edit->findChild<QLineEdit*>()->text(); }
+
+    void Type(const QString& text) {
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(edit, Qt::Key_Delete);
+        QTest::keyClicks(edit, text);
+    }
+
+    void TurnWheel(CWNumEdit& over, int notches) {
+        const QPointF place = over.rect().center();
+        QWheelEvent turn(place, over.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&over, &turn);
+    }
+
+    QWidget window;
+    CWNumEdit* edit = nullptr;
+    CWNumEdit* other = nullptr;
+    QMenuBar* menuBar = nullptr;
+    QMenu* menu = nullptr;
+};
+
+TEST_F(CWNumEditTest, TakesWhatIsTypedOnceAndInsideTheLimits) {
+    struct Case {
+        bool whole;
+        double minimum, maximum, start;
+        const char* typed;
+        double value;
+        const char* shown;
+        int changes;
+    };
+    const Case cases[] = {
+        {true, 0, 65535, 100, "42", 42, "42", 1},
+        {true, 0, 65535, 100, "100", 100, "100", 0},
+        {true, 0, 65535, 100, "0100", 100, "100", 0},
+        {true, 0, 65535, 100, "70000", 65535, "65535", 1},
+        {true, 0, 65535, 100, "-1", 0, "0", 1},
+        {true, -32768, 32767, 0, "-32768", -32768, "-32768", 1},
+        {true, 0, 65535, 100, " 12.7 ", 13, "13", 1},
+        {true, 0, 65535, 100, "1e999", 100, "100", 0},
+        {false, 0.01, 157, 10, "0.001", 0.01, "0.01", 1},
+        {false, -5, 5, 0.52, "-.52", -0.52, "-0.52", 1},
+        {false, -5, 5, 0.52, "0,25", 0.52, "0.52", 0},
+        {false, -5, 5, 0.52, "", 0.52, "0.52", 0},
+        {false, -5, 5, 0.52, "-", 0.52, "0.52", 0},
+        {false, -5, 5, 0.52, "1x", 0.52, "0.52", 0},
+    };
+    for (const Case& one : cases) {
+        edit->WholeNumbers(one.whole);
+        edit->Limits(one.minimum, one.maximum);
+        edit->Value(one.start);
+        QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+        Type(one.typed);
+        EXPECT_EQ(changes.count(), 0) << one.typed;
+        EXPECT_EQ(edit->Value(), one.start) << one.typed;
+        QTest::keyClick(edit, Qt::Key_Return);
+        EXPECT_EQ(edit->Value(), one.value) << one.typed;
+        EXPECT_EQ(Shown(), one.shown) << one.typed;
+        other->setFocus();
+        edit->setFocus();
+        EXPECT_EQ(changes.count(), one.changes) << one.typed;
+    }
+}
+
+TEST_F(CWNumEditTest, CommitsOnLeavingAndWhenAMenuOpens) {
+    QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+    Type("5");
+    other->setFocus();
+    EXPECT_EQ(edit->Value(), 5);
+
+    edit->setFocus();
+    Type("6");
+    QTest::mouseClick(menuBar, Qt::LeftButton, {},
+                      menuBar->actionGeometry(menu->menuAction()).center());
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(edit->Value(), 6);
+    menu->close();
+
+    Type("7");
+    CWNumEdit::CommitPending();
+    EXPECT_EQ(edit->Value(), 7);
+    CWNumEdit::CommitPending();
+    EXPECT_EQ(changes.count(), 3);
+}
+
+TEST_F(CWNumEditTest, LetsAValueSetByCodeStandOutsideTheLimits) {
+    edit->Limits(1, 16);
+    QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+    edit->Value(70000);
+    edit->setProperty("value", 70000.0);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(Shown(), "70000");
+
+    QTest::keyClick(edit, Qt::Key_Tab);
+    EXPECT_TRUE(other->hasFocus());
+    QTest::keyClick(other, Qt::Key_Backtab);
+    QTest::keyClick(edit, Qt::Key_Return);
+    Type("70000");  // the same again, by hand
+    other->setFocus();
+    edit->Minimum(100);
+    edit->Maximum(200);
+    EXPECT_EQ(edit->Value(), 70000);
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(CWNumEditTest, DropsWhatIsBeingTypedWhenCodeSetsTheValueOrEscIsPressed) {
+    edit->Value(3);
+    QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+    Type("9");
+    edit->Value(3);
+    EXPECT_EQ(Shown(), "3");
+    Type("8");
+    QTest::keyClick(edit, Qt::Key_Escape);
+    EXPECT_EQ(Shown(), "3");
+    other->setFocus();
+    EXPECT_EQ(edit->Value(), 3);
+    EXPECT_EQ(changes.count(), 0);
+}
+
+TEST_F(CWNumEditTest, StepsWithoutDustAndTowardsTheLimits) {
+    struct Case {
+        double start, increment, minimum, maximum;
+        Qt::Key key;
+        int times;
+        double value;
+    };
+    const Case cases[] = {
+        {0.52, 0.01, -5, 5, Qt::Key_Up, 3, 0.55},   {0, 0.1, -5, 5, Qt::Key_Up, 7, 0.7},
+        {15, 1, 1, 16, Qt::Key_Up, 3, 16},          {15, 1, 1, 16, Qt::Key_PageDown, 2, 1},
+        {70000, 1, 0, 65535, Qt::Key_Up, 1, 70000}, {70000, 1, 0, 65535, Qt::Key_Down, 1, 65535},
+        {0, 1, 0.01, 157, Qt::Key_Down, 1, 0},      {0, 1, 0.01, 157, Qt::Key_Up, 1, 1},
+    };
+    for (const Case& one : cases) {
+        edit->Value(one.start);
+        edit->Increment(one.increment);
+        edit->Limits(one.minimum, one.maximum);
+        for (int i = 0; i < one.times; ++i) QTest::keyClick(edit, one.key);
+        EXPECT_EQ(edit->Value(), one.value) << one.start << " by " << one.increment;
+    }
+}
+
+TEST_F(CWNumEditTest, StepsFromWhatIsBeingTyped) {
+    edit->Increment(1);
+    QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+    Type("41");
+    QTest::keyClick(edit, Qt::Key_Up);
+    EXPECT_EQ(edit->Value(), 42);
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(CWNumEditTest, HeedsTheWheelOnlyWithTheFocus) {
+    other->Value(7);
+    TurnWheel(*other, 1);
+    EXPECT_EQ(other->Value(), 7);
+    other->setFocus();
+    TurnWheel(*other, 1);
+    EXPECT_EQ(other->Value(), 8);
+}
+
+TEST_F(CWNumEditTest, RaisesLostFocusAfterTheCommit) {
+    QStringList log;
+    QObject::connect(edit, &CWNumEdit::ValueChanged,
+                     [&](double value) { log << QString::number(value); });
+    QObject::connect(edit, &CWNumEdit::LostFocus, [&] {
+        log << "lost";
+        if (edit->Value() == 100) edit->Value(64);
+    });
+    Type("100");
+    other->setFocus();
+    EXPECT_EQ(log, (QStringList{"100", "lost", "64"}));
+    EXPECT_EQ(Shown(), "64");
+}
+
+TEST_F(CWNumEditTest, ShowsUpToFifteenDigitsWithAPeriod) {
+    struct Case {
+        double value;
+        const char* shown;
+    };
+    for (const Case& one :
+         {Case{1.0 / 3, "0.333333333333333"}, Case{15.2587890625, "15.2587890625"},
+          Case{-0.5, "-0.5"}, Case{65535, "65535"}}) {
+        edit->Value(one.value);
+        EXPECT_EQ(Shown(), one.shown);
+    }
+}
+
+TEST_F(CWNumEditTest, ChangesItsColourAndNothingElse) {
+    QSignalSpy changes(edit, &CWNumEdit::ValueChanged);
+    const QColor plain = edit->palette().color(QPalette::Base);
+    edit->BackColorText(0xC0C0FF);
+    EXPECT_EQ(edit->palette().color(QPalette::Base), QColor(255, 192, 192));
+    EXPECT_EQ(edit->property("backColorText").toUInt(), 0xC0C0FFU);
+    edit->setProperty("backColorText", windowBackground);
+    EXPECT_EQ(edit->palette().color(QPalette::Base), plain);
+    EXPECT_EQ(changes.count(), 0);
+}
+
+}  // namespace
+}  // namespace orbkl4

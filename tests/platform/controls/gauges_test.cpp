@@ -1,0 +1,212 @@
+#include "platform/controls/axis.h"
+#include "platform/controls/cw_button.h"
+#include "platform/controls/cw_knob.h"
+#include "platform/controls/cw_slide.h"
+
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace orbkl4 {
+namespace {
+
+/// A picture of a control, one pixel for each of its own whatever the screen's scale.
+QImage Shot(QWidget& control) {
+    QImage image(control.size(), QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    control.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+constexpr Axis wordAxis{0, 65535, 5000, 2500};
+constexpr Axis turnAxis{-179.99, 179.99, 20, 10};
+constexpr Axis tickAxis{2, 25, 1, 0.5};
+
+/// A slide from 2.0 to 25.0 in steps of 0.1, lying, 400 pixels long, at 2.0.
+class HandSlide : public testing::Test {
+  protected:
+    HandSlide() {
+        slide.SetAxis(tickAxis);
+        slide.Orientation(Qt::Horizontal);
+        slide.MakeInteractive(0.1);
+        slide.resize(400, 60);
+        slide.Value(2);
+    }
+
+    void Drag(double from, double to) {
+        slide.Value(from);
+        const QPoint start = slide.PointerPlace().toPoint();
+        const auto end = QPoint(start.x() + static_cast<int>(to), start.y());
+        QTest::mousePress(&slide, Qt::LeftButton, {}, start);
+        QMouseEvent move(QEvent::MouseMove, end, slide.mapToGlobal(end), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&slide, &move);
+        QTest::mouseRelease(&slide, Qt::LeftButton, {}, end);
+    }
+
+    CWSlide slide;
+};
+
+TEST(Axis, HasItsMarksAtWholeMultiples) {
+    struct Case {
+        Axis axis;
+        double distance, first, last;
+        std::size_t count;
+    };
+    for (const Case& one :
+         {Case{wordAxis, 5000, 0, 65000, 14}, Case{turnAxis, 20, -180, 180, 19},
+          Case{{-90, 90, 20, 10}, 20, -80, 80, 9}, Case{{-50, 100, 10, 5}, 5, -50, 100, 31},
+          Case{tickAxis, 5, 5, 25, 5}}) {
+        const std::vector<double> marks = one.axis.Multiples(one.distance);
+        ASSERT_EQ(marks.size(), one.count) << one.distance;
+        EXPECT_EQ(marks.front(), one.first);
+        EXPECT_EQ(marks.back(), one.last);
+    }
+}
+
+TEST(CWSlide, RaisesItsEventWhenTheValueDiffersAndKeepsWhatTheAxisCannotShow) {
+    CWSlide slide;
+    slide.SetAxis(wordAxis);
+    slide.resize(80, 300);
+    QSignalSpy changes(&slide, &CWSlide::ValueChanged);
+    slide.Value(65535);
+    slide.Value(65535);
+    const QPointF top = slide.PointerPlace();
+    slide.Value(70000);
+    EXPECT_EQ(slide.PointerPlace(), top);
+    EXPECT_EQ(slide.property("value").toDouble(), 70000);
+    slide.setProperty("value", 0.0);
+    const QPointF bottom = slide.PointerPlace();
+    slide.Value(-450);
+    EXPECT_EQ(slide.PointerPlace(), bottom);
+    EXPECT_EQ(slide.Value(), -450);
+    EXPECT_GT(bottom.y(), top.y() + 200);
+    EXPECT_EQ(changes.count(), 4);
+}
+
+TEST(CWSlide, LeavesTheMouseAloneUnlessInteractive) {
+    QWidget window;
+    window.resize(100, 300);
+    CWSlide slide(&window);
+    slide.resize(window.size());
+    QTest::mouseClick(&slide, Qt::LeftButton, {}, QPoint(40, 40));
+    QTest::keyClick(&slide, Qt::Key_Up);
+    EXPECT_EQ(slide.Value(), 0);
+    EXPECT_EQ(slide.focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(HandSlide, StopsAtEveryTenthExactly) {
+    for (int tenths = 20; tenths <= 250; ++tenths) {
+        ASSERT_EQ(slide.Value(), tenths / 10.0);
+        QTest::keyClick(&slide, Qt::Key_Right);
+    }
+    EXPECT_EQ(slide.Value(), 25);
+}
+
+TEST_F(HandSlide, FollowsKeysWheelAndMouse) {
+    struct Case {
+        Qt::Key key;
+        double value;
+    };
+    for (const Case& one :
+         {Case{Qt::Key_Up, 10.1}, Case{Qt::Key_Left, 9.9}, Case{Qt::Key_Down, 9.9},
+          Case{Qt::Key_PageUp, 11}, Case{Qt::Key_PageDown, 9}, Case{Qt::Key_Home, 2},
+          Case{Qt::Key_End, 25}}) {
+        slide.Value(10);
+        QTest::keyClick(&slide, one.key);
+        EXPECT_EQ(slide.Value(), one.value);
+    }
+
+    slide.Value(10);
+    for (const int eighths : {60, 60, -360}) {  // half notches add up
+        QWheelEvent turn({9, 9}, {9, 9}, {}, {0, eighths}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                         false);
+        QCoreApplication::sendEvent(&slide, &turn);
+    }
+    EXPECT_EQ(slide.Value(), 9.8);
+
+    slide.Value(20);
+    const QPoint atTwenty = slide.PointerPlace().toPoint();
+    slide.Value(2);
+    QTest::mouseClick(&slide, Qt::LeftButton, {}, atTwenty);
+    EXPECT_NEAR(slide.Value(), 20, 0.1);
+
+    Drag(10, 0);  // taking hold of the pointer moves nothing
+    EXPECT_EQ(slide.Value(), 10);
+    Drag(10, -1000);
+    EXPECT_EQ(slide.Value(), 2);
+    Drag(10, 1000);
+    EXPECT_EQ(slide.Value(), 25);
+}
+
+TEST(CWKnob, RaisesItsEventAtEveryAssignmentWithTheNumberAsSet) {
+    CWKnob knob;
+    knob.SetAxis(turnAxis, CWKnob::Sweep::FullCircle);
+    QSignalSpy changes(&knob, &CWKnob::ValueChanged);
+    for (const double value : {0.0, 0.0, 180.0, 180.0}) knob.Value(value);
+    ASSERT_EQ(changes.count(), 4);
+    EXPECT_EQ(changes.at(1).at(0).toDouble(), 0);
+    EXPECT_EQ(changes.at(3).at(0).toDouble(), 180);
+    EXPECT_EQ(knob.property("value").toDouble(), 180);
+}
+
+TEST(CWKnob, TurnsItsNeedleOverTheSweepAndNoFarther) {
+    struct Case {
+        Axis axis;
+        CWKnob::Sweep sweep;
+        double value, degrees;
+    };
+    const Axis halfAxis{-90, 90, 20, 10};
+    for (const Case& one : {Case{turnAxis, CWKnob::Sweep::FullCircle, 0, 0},
+                            Case{turnAxis, CWKnob::Sweep::FullCircle, -90, -90.005},
+                            Case{turnAxis, CWKnob::Sweep::FullCircle, 180, 180},
+                            Case{turnAxis, CWKnob::Sweep::FullCircle, -200, -180},
+                            Case{halfAxis, CWKnob::Sweep::HalfCircle, 45, 45},
+                            Case{halfAxis, CWKnob::Sweep::HalfCircle, 120, 90},
+                            Case{halfAxis, CWKnob::Sweep::HalfCircle, -1000, -90}}) {
+        CWKnob knob;
+        knob.SetAxis(one.axis, one.sweep);
+        knob.Value(one.value);
+        EXPECT_NEAR(knob.NeedleDegrees(), one.degrees, 0.001);
+        EXPECT_EQ(knob.Value(), one.value);
+    }
+}
+
+TEST(CWKnob, PaintsItsNeedleWhereItPoints) {
+    CWKnob knob;
+    knob.resize(200, 200);
+    const auto lightAt = [&](double degrees) {
+        const QImage picture = Shot(knob);
+        const double radians = degrees * std::numbers::pi / 180;
+        const QPointF place(99.5 + 40 * std::sin(radians), 99.5 - 40 * std::cos(radians));
+        return picture.pixelColor(place.toPoint()).red();
+    };
+    for (const double value : {0.0, 90.0, -135.0}) {
+        knob.Value(value);
+        for (const double degrees : {0.0, 90.0, -135.0}) {
+            EXPECT_EQ(lightAt(degrees) > 200, degrees == value) << value << " at " << degrees;
+        }
+    }
+}
+
+TEST(CWButton, LightsUp) {
+    CWButton lamp;
+    lamp.resize(lamp.sizeHint());
+    QSignalSpy changes(&lamp, &CWButton::ValueChanged);
+    const QImage dark = Shot(lamp);
+    lamp.Value(true);
+    lamp.Value(true);
+    EXPECT_EQ(changes.count(), 1);
+    const QPoint centre = lamp.rect().center();
+    EXPECT_GT(Shot(lamp).pixelColor(centre).green(), dark.pixelColor(centre).green() + 80);
+    lamp.setProperty("value", false);
+    EXPECT_EQ(Shot(lamp), dark);
+}
+
+}  // namespace
+}  // namespace orbkl4
