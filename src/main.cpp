@@ -9,7 +9,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    orbkl4::ApplyHouseLook(application);
+    orbkl4::ApplyHouseLook();
     orbkl4::RegisterAllScreens();
     orbkl4::MDIForm1 frame;
     orbkl4::PlaceScreensIn(&frame);
