@@ -97,38 +97,24 @@ std::optional<Answer> Device::Handle(const Bytes& request, Time taken) {
         return Answer{DataReply(command, ready), ready};
     }
     switch (command) {
-        case 0x06:
-            return CaptureBias(taken);
-        case 0x07:
-            return Answer{Temperature(taken), taken};
+        case 0x06: return CaptureBias(taken);
+        case 0x07: return Answer{Temperature(taken), taken};
         case 0x0F:
-        case 0x11:
-            return Answer{Tare(request, taken), taken};
-        case 0x24:
-            return Answer{WriteGains(request, taken), taken};
-        case 0x25:
-            return Answer{ReadGains(taken), taken};
-        case 0x27:
-            selfTest_ = request[1];
-            return Answer{{}, taken};
-        case 0x28:
-            return Answer{ReadWord(request, taken), taken};
-        case 0x29:
-            return Answer{WriteWord(request, taken), taken};
-        case 0x40:
-            return Answer{InitHardIron(taken), taken};
+        case 0x11: return Answer{Tare(request, taken), taken};
+        case 0x24: return Answer{WriteGains(request, taken), taken};
+        case 0x25: return Answer{ReadGains(taken), taken};
+        case 0x27: selfTest_ = request[1]; return Answer{{}, taken};
+        case 0x28: return Answer{ReadWord(request, taken), taken};
+        case 0x29: return Answer{WriteWord(request, taken), taken};
+        case 0x40: return Answer{InitHardIron(taken), taken};
         case 0x41: {
             const Time ready = NextCycle(taken);
             return Answer{CollectHardIron(ready), ready};
         }
-        case 0x42:
-            return Answer{ComputeHardIron(request, taken), taken};
-        case 0xF0:
-            return Answer{Frame(command, {memory_.Word(address::kFirmwareVersion)}), taken};
-        case 0xF1:
-            return Answer{Frame(command, {memory_.Word(address::kSerialNumber)}), taken};
-        default:
-            return std::nullopt;
+        case 0x42: return Answer{ComputeHardIron(request, taken), taken};
+        case 0xF0: return Answer{Frame(command, {memory_.Word(address::kFirmwareVersion)}), taken};
+        case 0xF1: return Answer{Frame(command, {memory_.Word(address::kSerialNumber)}), taken};
+        default: return std::nullopt;
     }
 }
 

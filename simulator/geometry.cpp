@@ -78,14 +78,10 @@ Quaternion FromMatrix(const Matrix3& m) {
     const std::array<double, 4> pivots{1 + m[0] + m[4] + m[8], 1 + m[0] - m[4] - m[8],
                                        1 - m[0] + m[4] - m[8], 1 - m[0] - m[4] + m[8]};
     switch (std::max_element(pivots.begin(), pivots.end()) - pivots.begin()) {
-        case 0:
-            return Normalized({pivots[0], m[5] - m[7], m[6] - m[2], m[1] - m[3]});
-        case 1:
-            return Normalized({m[5] - m[7], pivots[1], m[1] + m[3], m[6] + m[2]});
-        case 2:
-            return Normalized({m[6] - m[2], m[1] + m[3], pivots[2], m[5] + m[7]});
-        default:
-            return Normalized({m[1] - m[3], m[6] + m[2], m[5] + m[7], pivots[3]});
+        case 0: return Normalized({pivots[0], m[5] - m[7], m[6] - m[2], m[1] - m[3]});
+        case 1: return Normalized({m[5] - m[7], pivots[1], m[1] + m[3], m[6] + m[2]});
+        case 2: return Normalized({m[6] - m[2], m[1] + m[3], pivots[2], m[5] + m[7]});
+        default: return Normalized({m[1] - m[3], m[6] + m[2], m[5] + m[7], pivots[3]});
     }
 }
 

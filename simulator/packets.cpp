@@ -51,18 +51,10 @@ class Appender {
                 Each(sample_.rawAcceleration, RawWord);
                 Each(sample_.rawRate, RawWord);
                 break;
-            case kField:
-                Vector(sample_.field, sample_.fieldScale);
-                break;
-            case kAcceleration:
-                Vector(sample_.acceleration, sample_.accelerationScale);
-                break;
-            case kRate:
-                Vector(sample_.rate, sample_.rateScale);
-                break;
-            case kQuaternion:
-                AppendQuaternion();
-                break;
+            case kField: Vector(sample_.field, sample_.fieldScale); break;
+            case kAcceleration: Vector(sample_.acceleration, sample_.accelerationScale); break;
+            case kRate: Vector(sample_.rate, sample_.rateScale); break;
+            case kQuaternion: AppendQuaternion(); break;
             case kMatrix:
                 for (const double element : ToMatrix(sample_.attitude)) {
                     words_.push_back(SignedWord(element * kUnitWord));

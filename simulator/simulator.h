@@ -28,14 +28,14 @@ struct SimulatorOptions {
     bool noise = true;
     bool paced = true;  // false: as fast as the host asks, the sensor's time running with it
     std::uint64_t seed = 1;
-    int baud = 0;                      // in bits a second; 0: what the memory says
-    std::filesystem::path eepromFile;  // keeps the memory; empty: nothing does
-    FaultRates faults;
+    int baud = 0;                           // in bits a second; 0: what the memory says
+    std::filesystem::path eepromFile = {};  // keeps the memory; empty: nothing does
+    FaultRates faults = {};
     bool record = true;  // whether requests and bytes received are kept for the asking
     /// Called on the simulator's thread with each request.
-    std::function<void(const Request&)> onRequest;
+    std::function<void(const Request&)> onRequest = {};
     /// Called on the simulator's thread with what went wrong there.
-    std::function<void(const std::string&)> onError;
+    std::function<void(const std::string&)> onError = {};
 };
 
 /// A simulated ORB-KL4 on a pseudo terminal, on a thread of its own. All operations may be called

@@ -1,0 +1,157 @@
+#include "simulator/device.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+
+namespace orbkl4sim {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr double kGaussPerWord = 2500 / 32768000.0;
+constexpr double kRadiansPerWord = 8727 / 32768000.0;
+const Bytes kTare{0x0F, 0xC1, 0xC3, 0xC5};
+const Bytes kInit{0x40, 0x71, 0x3E};
+const Bytes kComputeSphere{0x42, 0x71, 0x3E, 0x00, 0x02, 0x08};
+const Bytes kComputeCircle{0x42, 0x71, 0x3E, 0x01, 0x02, 0x08};  // 520: 0.52 gauss
+
+Bytes ReplyOf(Device& device, const Bytes& request, Time taken = {}) {
+    return device.Handle(request, taken).value().reply;
+}
+
+/// The three signed words at `offset`, each times `unit`.
+Vector3 VectorAt(const Bytes& reply, std::size_t offset, double unit) {
+    return {ToSigned(WordAt(reply, offset)) * unit, ToSigned(WordAt(reply, offset + 2)) * unit,
+            ToSigned(WordAt(reply, offset + 4)) * unit};
+}
+
+Euler Angles(Device& device) {
+    const Vector3 angles = VectorAt(ReplyOf(device, {0x0E}), 1, 360 / 65536.0);
+    return {angles.x, angles.y, angles.z};
+}
+
+/// Turns the tumbling sensor for `seconds`, collecting with each cycle.
+void Collect(Device& device, Time from, Time until) {
+    for (Time time = from; time < until;) time = device.Handle({0x41}, time).value().ready;
+}
+
+TEST(Tare, TheMatrixLandsInTheMemoryAndTurnsTheAttitude) {
+    Device device(Rest({0, 0, 90}), false, 1);
+    ReplyOf(device, kTare);
+    const int words[] = {0, -8192, 0, 8192, 0, 0, 0, 0, 8192};  // back by 90 degrees about Z
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(words[i], ToSigned(device.Memory().Word(136 + 2 * i)));
+    EXPECT_NEAR(0, Angles(device).yaw, 0.01);
+
+    device.Place().SetMotion(Rest({0, 20, 90}));
+    EXPECT_NEAR(20, Angles(device).pitch, 0.01);
+    EXPECT_NEAR(0, Angles(device).yaw, 0.01);
+}
+
+TEST(Tare, AnyAttitudeBecomesTheOriginTwiceOverAndBack) {
+    Device device(Rest({20, -30, 100}), false, 1);
+    for (int time = 0; time < 2; ++time) {
+        ReplyOf(device, kTare);
+        EXPECT_NEAR(0, Angles(device).roll, 0.02);
+        EXPECT_NEAR(0, Angles(device).pitch, 0.02);
+        EXPECT_NEAR(0, Angles(device).yaw, 0.02);
+        EXPECT_EQ(8192, WordAt(ReplyOf(device, {0x05}), 1));
+        EXPECT_NEAR(8192, WordAt(ReplyOf(device, {0x0B}), 1), 1);
+    }
+    device.PowerUp(1s);
+    EXPECT_NEAR(0, Angles(device).yaw, 0.02) << "the memory keeps the tare";
+    ReplyOf(device, {0x11, 0xC1, 0xC3, 0xC5});
+    EXPECT_NEAR(20, Angles(device).roll, 0.01);
+    EXPECT_NEAR(-30, Angles(device).pitch, 0.01);
+    EXPECT_NEAR(100, Angles(device).yaw, 0.01);
+}
+
+TEST(GyroBias, CaptureRemovesItUntilThePowerGoes) {
+    Device device(Rest({5, 6, 7}), true, 3);
+    const auto rate = [&device](std::uint8_t command) {
+        return Length(VectorAt(ReplyOf(device, {command}), 13, kRadiansPerWord));
+    };
+    EXPECT_NEAR(0.0269, rate(0x02), 0.01);  // the length of 0.02, -0.015, 0.01
+    device.Memory().SetWord(address::kCaptureBiasSamples, 40);
+    const auto answer = device.Handle({0x06}, 0s);
+    EXPECT_EQ(40 * device.Cycle(), answer->ready) << "a sample a cycle";
+    EXPECT_EQ((Bytes{0x06, 0x00, 40, 0x00, 46}), answer->reply);
+    EXPECT_LT(rate(0x02), 0.01);
+    EXPECT_LT(rate(0x03), 0.01);
+    device.PowerUp(1s);
+    EXPECT_NEAR(0.0269, rate(0x03), 0.01);
+}
+
+TEST(GyroBias, CaptureOfATurningSensorTakesItsRateForBias) {
+    Device device(Rest({0, 0, 0}), false, 1);
+    device.Place().SetMotion([](Time) { return Pose{{}, {0.5, 0, 0}}; });
+    ReplyOf(device, {0x06});
+    EXPECT_NEAR(0, VectorAt(ReplyOf(device, {0x02}), 13, kRadiansPerWord).x, 0.001);
+    device.Place().SetMotion(Rest({0, 0, 0}));
+    EXPECT_NEAR(-0.5, VectorAt(ReplyOf(device, {0x02}), 13, kRadiansPerWord).x, 0.001);
+}
+
+TEST(HardIron, CollectionFollowsTheMotion) {
+    Device device(Rest({0, 0, 0}), false, 1);
+    // Level: 0.24, -0.04, 0.60 gauss at 13107.2 a gauss, three times over.
+    const Bytes first{0x41, 0x0C, 0x4A, 0xFD, 0xF4, 0x1E, 0xB8, 0x0C, 0x4A, 0xFD, 0xF4, 0x1E,
+                      0xB8, 0x0C, 0x4A, 0xFD, 0xF4, 0x1E, 0xB8, 0x00, 0x01, 0x7B, 0x24};
+    EXPECT_EQ(first, ReplyOf(device, {0x41}));
+    // On its back: Z is now -0.52 + 0.08.
+    device.Place().SetMotion(Rest({180, 0, 0}));
+    const Bytes second{0x41, 0x0C, 0x4A, 0xFD, 0xF4, 0xE9, 0x79, 0x0C, 0x4A, 0xFD, 0xF4, 0xE9,
+                       0x79, 0x0C, 0x4A, 0xFD, 0xF4, 0x1E, 0xB8, 0x00, 0x01, 0x10, 0xA6};
+    EXPECT_EQ(second, ReplyOf(device, {0x41}));
+    ReplyOf(device, kInit);
+    const Bytes afresh = ReplyOf(device, {0x41});
+    EXPECT_EQ(0xE979, WordAt(afresh, 17)) << "the beginning forgets the old maximum";
+}
+
+TEST(HardIron, ATumbleFindsTheOffsetAndBringsTheFieldBack) {
+    Device device(Tumble(), true, 2);
+    const auto fieldLength = [&device](Time time) {
+        return Length(VectorAt(ReplyOf(device, {0x02}, time), 1, kGaussPerWord));
+    };
+    Collect(device, 100s, 101s);
+    ReplyOf(device, kInit, 101s);
+    Collect(device, 101s, 108s);
+    const Vector3 found = VectorAt(ReplyOf(device, kComputeSphere, 108s), 1, kGaussPerWord);
+    EXPECT_NEAR(kHardIron.x, found.x, 0.003);
+    EXPECT_NEAR(kHardIron.y, found.y, 0.003);
+    EXPECT_NEAR(kHardIron.z, found.z, 0.003);
+    EXPECT_NEAR(found.x, ToSigned(device.Memory().Word(172)) * kGaussPerWord, 1e-9);
+    EXPECT_NEAR(found.z, ToSigned(device.Memory().Word(176)) * kGaussPerWord, 1e-9);
+    const double earth = std::hypot(0.18, 0.52);
+    for (Time time = 110s; time < 116s; time += 100ms) {
+        EXPECT_NEAR(earth, fieldLength(time), 0.01);
+    }
+    ReplyOf(device, kInit, 116s);
+    EXPECT_EQ(0, device.Memory().Word(172));
+    double worst = 0;
+    for (Time time = 116s; time < 122s; time += 100ms) {
+        worst = std::max(worst, std::abs(fieldLength(time) - earth));
+    }
+    EXPECT_GT(worst, 0.07) << "erasing brings the iron back";
+}
+
+TEST(HardIron, ALevelTurnNeedsTheVerticalField) {
+    Device device(Rest({0, 0, 0}), false, 1);
+    for (const double yaw : {0.0, 90.0, 180.0, 270.0}) {
+        device.Place().SetMotion(Rest({0, 0, yaw}));
+        ReplyOf(device, {0x41});
+    }
+    // X and Y swing by 0.18 round the iron's 0.06 and -0.04; Z stands at 0.60, 0.08 above 0.52.
+    const Bytes reply{0x42, 0x03, 0x12, 0xFD, 0xF4, 0x04, 0x19, 0x00, 0x00, 0x05, 0x61};
+    EXPECT_EQ(reply, ReplyOf(device, kComputeCircle));
+}
+
+TEST(HardIron, ComputingFromNothingKeepsTheOffset) {
+    Device device(Rest({0, 0, 0}), false, 1);
+    device.Memory().SetWord(174, 0x0102);
+    EXPECT_EQ((Bytes{0x42, 0, 0, 0x01, 0x02, 0, 0, 0, 0, 0x01, 0x44}),
+              ReplyOf(device, kComputeSphere));
+}
+
+}  // namespace
+}  // namespace orbkl4sim

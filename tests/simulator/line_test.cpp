@@ -1,0 +1,261 @@
+#include "simulator/line.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <chrono>
+
+namespace orbkl4sim {
+namespace {
+
+using namespace std::chrono_literals;
+
+const Bytes kFirmware{0xF0, 0x0C, 0x1D, 0x0D, 0x0D};
+constexpr Time kByte = 1000000000ns / 3840;  // at 38400 baud
+constexpr Time kCycle = 6553600ns;
+
+struct Write {
+    Time time;
+    Bytes bytes;
+};
+
+/// A line with a level sensor, and a clock that jumps from one event to the next.
+class LineTest : public testing::Test {
+  protected:
+    /// All writes due until `end`.
+    std::vector<Write> RunUntil(Time end) {
+        std::vector<Write> writes;
+        while (const auto due = line.NextDue(now)) {
+            if (*due > end) break;
+            now = std::max(now, *due);
+            for (Bytes& bytes : line.TakeDue(now)) writes.push_back({now, std::move(bytes)});
+        }
+        now = end;
+        return writes;
+    }
+
+    /// What comes within a second for `request`, in writes.
+    std::vector<Write> Ask(const Bytes& request) {
+        line.Receive(request, now, 38400);
+        return RunUntil(now + 1s);
+    }
+
+    Bytes AskForBytes(const Bytes& request) {
+        Bytes bytes;
+        for (const Write& write : Ask(request)) {
+            bytes.insert(bytes.end(), write.bytes.begin(), write.bytes.end());
+        }
+        return bytes;
+    }
+
+    Device device{Rest({0, 0, 0}), false, 1};
+    Line line{device, true, 1};
+    Time now{};
+};
+
+TEST_F(LineTest, ARequestAndItsReplyTakeTheirTimeOnTheLine) {
+    const auto writes = Ask({0xF0});
+    ASSERT_EQ(1U, writes.size());
+    EXPECT_EQ(6 * kByte, writes[0].time);
+    EXPECT_EQ(kFirmware, writes[0].bytes);
+}
+
+TEST_F(LineTest, ADataReplyWaitsForTheCycle) {
+    line.Receive({0x0E, 0x0E}, 0ms, 38400);
+    const auto writes = RunUntil(1s);
+    ASSERT_EQ(2U, writes.size());
+    EXPECT_EQ(kCycle + 11 * kByte, writes[0].time);
+    EXPECT_EQ(1, WordAt(writes[0].bytes, 7));
+    EXPECT_EQ(2 * kCycle + 11 * kByte, writes[1].time);
+    EXPECT_EQ(2, WordAt(writes[1].bytes, 7));
+}
+
+TEST_F(LineTest, RequestsInOneGoAreAnsweredOneByOne) {
+    line.Receive({0xF0, 0xF1, 0x28, 0x00, 0x82}, 0ms, 38400);
+    const auto writes = RunUntil(1s);
+    ASSERT_EQ(3U, writes.size());
+    EXPECT_EQ(0xF1, writes[1].bytes[0]);
+    EXPECT_EQ(11 * kByte, writes[1].time);
+    EXPECT_EQ(18 * kByte, writes[2].time);
+}
+
+TEST_F(LineTest, HearsNothingAtTheWrongSpeed) {
+    std::vector<bool> heard;
+    line.SetListener([&](const Bytes&, bool was) { heard.push_back(was); });
+    for (const int baud : {19200, 115200, -1, 38400, 0}) line.Receive({0xF0}, now, baud);
+    EXPECT_EQ((std::vector<bool>{false, false, false, true, true}), heard);
+    EXPECT_EQ(2U, RunUntil(1s).size());
+    // Half a request heard does not combine with a half that wasn't.
+    line.Receive({0x28, 0x00}, now, 38400);
+    line.Receive({0x2C}, now, 19200);
+    EXPECT_TRUE(RunUntil(2s).empty());
+}
+
+TEST_F(LineTest, RepeatsItselfInContinuousMode) {
+    device.Memory().SetWord(132, 0x0E);
+    const auto writes = RunUntil(5 * kCycle);
+    ASSERT_EQ(4U, writes.size());
+    for (int i = 0; i < 4; ++i) EXPECT_EQ((i + 1) * kCycle + 11 * kByte, writes[i].time);
+    // The line is slower than the cycle: 31 bytes at 19200 baud take 16.1 ms, so every third fits.
+    device.Memory().SetWord(132, 0x0C);
+    device.Memory().SetWord(44, 129);
+    line.PowerCycle(now);
+    const auto slow = RunUntil(now + 10 * kCycle);
+    ASSERT_EQ(3U, slow.size());
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(1 + 3 * i, WordAt(slow[i].bytes, 27));
+}
+
+TEST_F(LineTest, LeavesContinuousModeWhenTold) {
+    device.Memory().SetWord(132, 0x31);
+    line.Faults().Rates().drop = 1;
+    EXPECT_TRUE(RunUntil(3 * kCycle).empty()) << "dropped packets";
+    line.Faults().Rates().drop = 0;
+    EXPECT_FALSE(RunUntil(10 * kCycle).empty());
+    line.Receive({0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA}, now, 38400);
+    const auto writes = RunUntil(now + 1s);
+    ASSERT_FALSE(writes.empty());
+    EXPECT_EQ(0x29, writes.back().bytes[0]);
+    EXPECT_LE(writes.size(), 2U) << "no more than the packet under way";
+}
+
+TEST_F(LineTest, UnpacedTimeRunsWithTheRequests) {
+    Line fast(device, false, 1);
+    for (int i = 1; i <= 3; ++i) {
+        fast.Receive({0x05}, 1s, 38400);
+        const auto writes = fast.TakeDue(1s);
+        ASSERT_EQ(1U, writes.size());
+        EXPECT_EQ(i, WordAt(writes[0], 9));
+    }
+    device.Memory().SetWord(132, 0x05);
+    EXPECT_EQ(1s, fast.NextDue(1s));
+    EXPECT_EQ(4, WordAt(fast.TakeDue(1s).at(0), 9));
+    EXPECT_EQ(1s + kCycle, fast.NextDue(1s)) << "continuous mode keeps the cycle's pace";
+}
+
+TEST_F(LineTest, FaultsSpoilReplies) {
+    FaultRates& rates = line.Faults().Rates();
+    rates = {.drop = 1};
+    EXPECT_EQ(Bytes{}, AskForBytes({0xF0}));
+
+    rates = {.corrupt = 1};
+    for (int i = 0; i < 50; ++i) {
+        const Bytes reply = AskForBytes({0xF0});
+        ASSERT_EQ(5U, reply.size());
+        int flipped = 0;
+        for (std::size_t at = 0; at < 5; ++at) {
+            flipped += std::popcount(static_cast<unsigned>(reply[at] ^ kFirmware[at]));
+        }
+        EXPECT_EQ(1, flipped);
+    }
+
+    rates = {.truncate = 1};
+    std::array<int, 6> lengths{};
+    for (int i = 0; i < 100; ++i) ++lengths.at(AskForBytes({0xF0}).size());
+    EXPECT_EQ(0, lengths[0] + lengths[5]);
+    EXPECT_GT(std::min(lengths[1], lengths[4]), 0);
+
+    rates = {.stray = 1};
+    for (int i = 0; i < 20; ++i) {
+        const auto writes = Ask({0xF0});
+        ASSERT_EQ(1U, writes.size()) << "stray bytes come with the reply";
+        const Bytes& bytes = writes[0].bytes;
+        EXPECT_GT(bytes.size(), 5U);
+        EXPECT_LE(bytes.size(), 9U);
+        EXPECT_EQ(kFirmware, Bytes(bytes.end() - 5, bytes.end()));
+    }
+
+    rates = {.dribble = 1};
+    const Time start = now;
+    const auto drops = Ask({0xF0});
+    ASSERT_EQ(5U, drops.size());
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_EQ(Bytes{kFirmware[i]}, drops[i].bytes);
+        EXPECT_EQ(start + 6 * kByte + i * 2ms, drops[i].time);
+    }
+
+    rates = {.delay = 1, .delayTime = 70ms};
+    const Time asked = now;
+    EXPECT_EQ(asked + 6 * kByte + 70ms, Ask({0xF0}).at(0).time);
+}
+
+TEST_F(LineTest, FaultsComeAtTheirRateAndByTheSeed) {
+    const auto answered = [](std::uint64_t seed) {
+        Device sensor(Rest(), false, 1);
+        Line lossy(sensor, false, seed);
+        lossy.Faults().Rates().drop = 0.25;
+        std::vector<bool> got;
+        for (int i = 0; i < 1000; ++i) {
+            lossy.Receive({0xF1}, 0ms, 0);
+            got.push_back(!lossy.TakeDue(0ms).empty());
+        }
+        return got;
+    };
+    const auto first = answered(1);
+    EXPECT_NEAR(750, static_cast<double>(std::ranges::count(first, true)), 70);  // five deviations
+    EXPECT_EQ(first, answered(1));
+    EXPECT_NE(first, answered(2));
+}
+
+TEST_F(LineTest, SilenceObeysAllTheSame) {
+    line.Receive({0xF0}, now, 0);
+    line.SetSilent(true);
+    EXPECT_EQ(Bytes{}, AskForBytes({0x29, 0x71, 0x00, 0x1A, 0x00, 0x07, 0xAA}));
+    EXPECT_EQ(7, device.Memory().Word(26));
+    line.SetSilent(false);
+    EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
+}
+
+TEST_F(LineTest, AFloodFillsTheLineAtItsSpeed) {
+    line.SetFlood(true, now);
+    std::size_t count = 0;
+    for (const Write& write : RunUntil(1s)) count += write.bytes.size();
+    EXPECT_NEAR(3840, static_cast<double>(count), 45);  // of which one step may be outstanding
+    line.SetFlood(false, now);
+    EXPECT_TRUE(RunUntil(2s).empty());
+}
+
+TEST_F(LineTest, APowerCycleForgetsWhatWasUnderWay) {
+    line.Receive({0xF0, 0x28, 0x00}, now, 0);
+    line.PowerCycle(now);
+    EXPECT_EQ(Bytes{}, AskForBytes({0x2C}));
+    EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
+}
+
+TEST_F(LineTest, AScriptStandsInForTheSensor) {
+    ReplyScript& script = line.Script();
+    script.Queue(0xF0, {1, 2, 3});
+    script.Queue(0xF0, {});
+    script.Always(0xF1, {9});
+    script.Filter([](const Bytes& request, const Bytes& reply) -> std::optional<Bytes> {
+        if (request[0] == 0x25) return std::nullopt;
+        Bytes longer = reply;
+        longer.push_back(0xEE);
+        return longer;
+    });
+    EXPECT_EQ((Bytes{1, 2, 3}), AskForBytes({0xF0}));
+    EXPECT_EQ(Bytes{}, AskForBytes({0xF0}));
+    EXPECT_EQ((Bytes{0xF0, 0x0C, 0x1D, 0x0D, 0x0D, 0xEE}), AskForBytes({0xF0}));
+    EXPECT_EQ(Bytes{9}, AskForBytes({0xF1}));
+    EXPECT_EQ(Bytes{9}, AskForBytes({0xF1}));
+    EXPECT_EQ(Bytes{}, AskForBytes({0x25}));
+    script.Clear();
+    EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
+}
+
+TEST_F(LineTest, RepliesCanBeCutAnywhere) {
+    line.Cut({1, 3, 100}, 20ms);
+    const auto writes = Ask({0xF0});
+    ASSERT_EQ(3U, writes.size());
+    EXPECT_EQ(Bytes{0xF0}, writes[0].bytes);
+    EXPECT_EQ((Bytes{0x0C, 0x1D, 0x0D}), writes[1].bytes);
+    EXPECT_EQ(Bytes{0x0D}, writes[2].bytes);
+    EXPECT_EQ(6 * kByte, writes[0].time);
+    EXPECT_EQ(6 * kByte + 40ms, writes[2].time);
+    line.Cut({}, {});
+    EXPECT_EQ(1U, Ask({0xF0}).size());
+}
+
+}  // namespace
+}  // namespace orbkl4sim

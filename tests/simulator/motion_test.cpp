@@ -1,0 +1,113 @@
+#include "simulator/motion.h"
+
+#include "simulator/surroundings.h"
+#include "simulator/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <stdexcept>
+
+namespace orbkl4sim {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr double kRadians = std::numbers::pi / 180;
+
+TEST(Motion, ARecordingIsFollowedBetweenItsRowsAndBegunAgain) {
+    const TemporaryFolder folder;
+    // From 170 to 200 degrees in a second, and back to 140 in two.
+    const Motion angles = ReadMotion(folder.Write(
+        "angles.csv",
+        "# by hand\n\ntime,roll,pitch,yaw\r\n10, 0,0,170\r\n11,0,0,200\n13,0,0,140\n"));
+    struct Row {
+        Time time;
+        double yaw;
+        double rate;  // degrees a second about Z
+    };
+    for (const Row& row : {Row{0s, 170, 30}, Row{500ms, -175, 30}, Row{1500ms, -175, -30},
+                           Row{2500ms, 155, -30}, Row{3500ms, -175, 30}, Row{30500ms, -175, 30}}) {
+        const Pose pose = angles(row.time);
+        EXPECT_NEAR(row.yaw, ToEuler(pose.attitude).yaw, 1e-9) << row.time.count();
+        EXPECT_NEAR(row.rate * kRadians, pose.rate.z, 1e-9) << row.time.count();
+        EXPECT_NEAR(0, pose.rate.x, 1e-9);
+    }
+    // The same quarter turn about X by q and by -q, at any length.
+    const Motion quaternion =
+        ReadMotion(folder.Write("quaternion.csv", "time,q0,q1,q2,q3\n0,1,0,0,0\n1,-2,-2,0,0\n"));
+    EXPECT_NEAR(45, ToEuler(quaternion(500ms).attitude).roll, 1e-9);
+    EXPECT_NEAR(90 * kRadians, quaternion(500ms).rate.x, 1e-9);
+
+    const Motion still = ReadMotion(folder.Write("still.csv", "time,roll,pitch,yaw\n5,1,2,3\n"));
+    EXPECT_NEAR(2, ToEuler(still(77s).attitude).pitch, 1e-9);
+    EXPECT_EQ(0, Length(still(77s).rate));
+}
+
+TEST(Motion, TheRecordingDeliveredTurnsOnceRound) {
+    const Motion motion = ParseMotion("file " MOTION_FOLDER "/hand_turn.csv");
+    EXPECT_NEAR(90, ToEuler(motion(5s).attitude).yaw, 0.01);
+    EXPECT_NEAR(0, ToEuler(motion(20s).attitude).yaw, 0.01);
+}
+
+TEST(Motion, TheTumbleTurnsEveryAxisAlongTheFieldAndAgainstIt) {
+    const Motion tumble = Tumble();
+    const double strength = Length(kEarthField);
+    for (const Time start : {0s, 1000s}) {
+        Vector3 low;
+        Vector3 high;
+        for (Time time = start; time < start + 6s; time += 5ms) {
+            const Vector3 field = Rotate(Conjugate(tumble(time).attitude), kEarthField);
+            low = {std::min(low.x, field.x), std::min(low.y, field.y), std::min(low.z, field.z)};
+            high = {std::max(high.x, field.x), std::max(high.y, field.y),
+                    std::max(high.z, field.z)};
+        }
+        for (const double extreme : {high.x, high.y, high.z, -low.x, -low.y, -low.z}) {
+            EXPECT_NEAR(strength, extreme, 0.0005);
+        }
+    }
+}
+
+TEST(Motion, ABadRecordingIsNamedWithItsLine) {
+    struct Row {
+        const char* text;
+        const char* complaint;
+    };
+    const Row rows[] = {
+        {"", ": holds no motion"},
+        {"time,roll,pitch,yaw\n", ": holds no motion"},
+        {"time;roll;pitch;yaw\n0;0;0;0\n", ", line 1: the head must be"},
+        {"time,roll,pitch,yaw\n0,1,2\n", ", line 2: not 4 numbers"},
+        {"time,roll,pitch,yaw\n0,1,2,3,4\n", ", line 2: not 4 numbers"},
+        {"time,roll,pitch,yaw\n0,1,2,3x\n", ", line 2: not 4 numbers"},
+        {"time,roll,pitch,yaw\n0,1,2,nan\n", ", line 2: not 4 numbers"},
+        {"time,q0,q1,q2,q3\n\n0,1,0,0\n", ", line 3: not 5 numbers"},
+        {"time,roll,pitch,yaw\n0,1,2,3\n1,1,2,3\n1,1,2,3\n", ", line 4: the time does not ascend"},
+    };
+    const TemporaryFolder folder;
+    for (const Row& row : rows) {
+        const auto file = folder.Write("bad.csv", row.text);
+        try {
+            ReadMotion(file);
+            ADD_FAILURE() << "taken: " << row.text;
+        } catch (const std::runtime_error& error) {
+            EXPECT_EQ(0U, std::string(error.what()).find(file.string() + row.complaint))
+                << error.what();
+        }
+    }
+    EXPECT_THROW(ReadMotion(folder / "missing.csv"), std::runtime_error);
+}
+
+TEST(Motion, IsNamedByText) {
+    EXPECT_NEAR(30, ToEuler(ParseMotion("rest 10 20 30")(5s).attitude).yaw, 1e-9);
+    EXPECT_NEAR(40, ToEuler(ParseMotion("rest")(5s).attitude).yaw, 1e-9);
+    EXPECT_GT(Length(ParseMotion("tumble")(5s).rate), 1);
+    for (const char* text : {"", "fly", "rest 1 2", "rest 1 2 3 4", "rest a b c", "tumble 3"}) {
+        EXPECT_THROW(ParseMotion(text), std::runtime_error) << text;
+    }
+}
+
+}  // namespace
+}  // namespace orbkl4sim

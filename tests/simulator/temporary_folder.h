@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace orbkl4sim {
+
+/// A folder of a test's own that goes with this object.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "orbkl4-XXXXXX").string();
+        path_ = mkdtemp(name.data());
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+    std::filesystem::path operator/(const char* name) const { return path_ / name; }
+
+    /// Writes `text` to the file `name` and gives its path.
+    std::filesystem::path Write(const char* name, const std::string& text) const {
+        std::ofstream(path_ / name) << text;
+        return path_ / name;
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+inline std::string ContentOf(const std::filesystem::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
+}  // namespace orbkl4sim
