@@ -1,5 +1,6 @@
 #include "platform/mdi_frame.h"
 
+#include "platform/look.h"
 #include "platform/screen.h"
 #include "platform/screen_registry.h"
 
@@ -17,12 +18,30 @@ constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
 constexpr double twipsPerInch = 1440;
 
+/// The strip that bears the title of the child on show.
+QLabel* MakeHeading() {
+    auto* heading = new QLabel;
+    heading->setObjectName(QStringLiteral("lblHeading"));
+    heading->setTextFormat(Qt::PlainText);
+    heading->setAutoFillBackground(true);
+    heading->setContentsMargins(14, 6, 14, 6);
+    QPalette palette = heading->palette();
+    palette.setColor(QPalette::Window, look::accent);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    heading->setPalette(palette);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    heading->setFont(font);
+    return heading;
+}
+
 }  // namespace
 
-MdiFrame::MdiFrame(const char* name, const char* title) : heading_(new QLabel), area_(new QWidget) {
+MdiFrame::MdiFrame(const char* name, const char* title)
+    : heading_(MakeHeading()), area_(new QWidget) {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(QString::fromUtf8(title));
-    heading_->setObjectName(QStringLiteral("lblHeading"));
     area_->installEventFilter(this);
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);

@@ -1,0 +1,114 @@
+#include "tour/guide.h"
+
+#include "platform/mdi_frame.h"
+#include "platform/menu_entry.h"
+#include "platform/screen.h"
+#include "platform/screen_registry.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPixmap>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace orbkl4::tour {
+
+namespace {
+
+constexpr int lookMilliseconds = 50;
+
+template <typename Control>
+Control* Find(const char* name) {
+    return ActiveScreen()->findChild<Control*>(QLatin1String(name));
+}
+
+}  // namespace
+
+Guide::Guide(MdiFrame& frame, const QDir& pictures) : frame_(frame), pictures_(pictures) {
+    QObject::connect(&lookout_, &QTimer::timeout, &lookout_, [this] { AnswerModal(); });
+    lookout_.start(lookMilliseconds);
+}
+
+bool Guide::Choose(const char* entry) const {
+    auto* found = Find<MenuEntry>(entry);
+    if (found == nullptr || !found->Enabled() || !found->Visible()) return false;
+    found->trigger();
+    return true;
+}
+
+void Guide::Press(const char* name) const {
+    if (auto* button = Find<QAbstractButton>(name)) button->click();
+}
+
+void Guide::TurnTo(const char* name, int index) const {
+    if (auto* tabs = Find<QTabWidget>(name)) tabs->setCurrentIndex(index);
+}
+
+void Guide::Watch(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void Guide::WatchUntilEnabled(const char* entry, int seconds) const {
+    constexpr int looksPerSecond = 1000 / lookMilliseconds;
+    for (int looks = seconds * looksPerSecond; looks > 0; --looks) {
+        Watch(lookMilliseconds);
+        const auto* found = Find<MenuEntry>(entry);
+        if (found == nullptr || found->Enabled()) return;
+    }
+}
+
+void Guide::TakePicture(const QString& name) {
+    QPixmap picture = frame_.grab();
+    Screen* top = ActiveScreen();
+    if (top->isWindow()) {
+        QPainter painter(&picture);
+        const QPixmap dialog = top->grab();
+        const QPoint corner = frame_.rect().center() - top->rect().center();
+        painter.drawPixmap(corner, dialog);
+        painter.drawRect(QRect(corner, top->size()));
+    }
+    Keep(picture, name);
+}
+
+void Guide::Keep(const QPixmap& picture, const QString& name) {
+    if (picture.save(pictures_.filePath(name + QStringLiteral(".png")))) ++pictureCount_;
+}
+
+void Guide::AnswerModal() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == answered_ || !modal->isVisible()) return;
+    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+        answered_ = box;
+        Answer(*box);
+    } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+        answered_ = dialog;
+        Answer(*dialog);
+    }
+}
+
+void Guide::Answer(QMessageBox& box) {
+    if (!boxPicture_.isEmpty()) Keep(box.grab(), std::exchange(boxPicture_, QString()));
+    if (box.icon() == QMessageBox::Critical || box.icon() == QMessageBox::Warning) {
+        complaints_ += box.text();
+    }
+    // Cancel leaves the operation, or in an error box the program; Retry only goes on.
+    const bool error = box.icon() == QMessageBox::Critical;
+    QAbstractButton* button = box.button(error ? QMessageBox::Retry : QMessageBox::Cancel);
+    if (button == nullptr) button = box.button(QMessageBox::Ok);
+    button->click();
+}
+
+void Guide::Answer(QFileDialog& dialog) {
+    dialog.selectFile(saveIn_);
+    auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    buttons->button(QDialogButtonBox::Save)->click();
+}
+
+}  // namespace orbkl4::tour

@@ -1,0 +1,97 @@
+#include "all_screens.h"
+#include "frame/screens/mdi_form1.h"
+#include "platform/look.h"
+#include "platform/program_folder.h"
+#include "platform/screen.h"
+#include "platform/screen_registry.h"
+#include "simulator/simulator.h"
+#include "tour/guide.h"
+#include "tour/itinerary.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QMouseEvent>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+using namespace orbkl4;
+
+struct Choices {
+    QString pictures;
+    QString device;
+    QSize size;
+};
+
+Choices ReadCommandLine(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addPositionalArgument("pictures", "Folder for the pictures.");
+    const QCommandLineOption port("port", "A real sensor's device in place of the simulated one.",
+                                  "device");
+    const QCommandLineOption size("size", "Size of the window, such as 1280x800.", "size",
+                                  "1280x800");
+    parser.addOptions({port, size});
+    parser.process(application);
+    const QStringList sides = parser.value(size).split('x');
+    return {parser.positionalArguments().value(0, "tour"),
+            parser.value(port),
+            {sides.value(0).toInt(), sides.value(1).toInt()}};
+}
+
+/// Makes the hidden entries of the Tools menu appear, by the gesture that a person would use.
+void ShowHiddenEntries() {
+    auto* picture = FindScreen("Main")->findChild<QWidget*>("picORBKL4");
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::MiddleButton,
+                      Qt::MiddleButton, Qt::ShiftModifier | Qt::ControlModifier);
+    QApplication::sendEvent(picture, &press);
+}
+
+void LinkDevice(const QString& device) {
+    const QString ports = ConfigPath("ORB-KL4-RS232/ports");
+    QDir().mkpath(ports);
+    QFile::remove(ports + "/1");
+    QFile::link(QFileInfo(device).canonicalFilePath(), ports + "/1");
+}
+
+int Tour(const Choices& choices, MDIForm1& frame) {
+    QDir().mkpath(choices.pictures);
+    tour::Guide guide(frame, QDir(choices.pictures));
+    if (!frame.MDIForm_Load()) return EXIT_FAILURE;
+    ShowScreen("Main");
+    frame.resize(choices.size);
+    frame.show();
+    ShowHiddenEntries();
+    if (!tour::VisitConnect(guide)) {
+        std::puts("The sensor was not found.");
+        return EXIT_FAILURE;
+    }
+    tour::VisitViews(guide, DataFilesFolder());
+    tour::VisitTools(guide);
+    for (const QString& complaint : guide.Complaints()) std::puts(qPrintable(complaint));
+    std::printf("%d pictures are in %s\nThe data files are in %s\n", guide.PictureCount(),
+                qPrintable(QDir(choices.pictures).absolutePath()), qPrintable(DataFilesFolder()));
+    return guide.Complaints().isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const Choices choices = ReadCommandLine(application);
+    ApplyHouseLook();
+    RegisterAllScreens();
+    orbkl4sim::Simulator sensor;
+    if (choices.device.isEmpty()) {
+        sensor.Start();
+        sensor.LinkAsPort(1);
+    } else {
+        LinkDevice(choices.device);
+    }
+    MDIForm1 frame;
+    PlaceScreensIn(&frame);
+    return Tour(choices, frame);
+}
