@@ -3,6 +3,11 @@ add_library(orbkl4_flags INTERFACE)
 target_compile_options(orbkl4_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Werror)
+if(ORBKL4_WITH_FUZZ)
+  # Coverage for the search, in every target that a fuzzer may link.
+  target_compile_options(orbkl4_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(orbkl4_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(ORBKL4_SANITIZE)
   target_compile_options(orbkl4_flags INTERFACE
     -fsanitize=${ORBKL4_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

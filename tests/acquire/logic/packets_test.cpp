@@ -2,6 +2,7 @@
 
 #include "frame/logic/app_state.h"
 #include "support/frames.h"
+#include "support/logic/decoder_oracle.h"
 
 #include <gtest/gtest.h>
 
@@ -21,112 +22,21 @@ class Packets : public testing::Test {
     }
 };
 
-/// A decoder, its command byte, its side, and a member for each word it fills, in packet order.
-struct DecoderRow {
-    const char* name;
-    bool (*decode)();
-    unsigned command;
-    double State::*header;
-    double State::*ticks;
-    std::vector<double State::*> members;
-};
-
-const std::vector<DecoderRow>& DecoderRows() {
-    constexpr auto gyro = &State::HeaderGyro;
-    constexpr auto instant = &State::HeaderInstant;
-    constexpr auto gyroTicks = &State::TicksGyro;
-    constexpr auto instantTicks = &State::TicksInstant;
-    static const std::vector<DecoderRow> rows = {
-        {"raw",
-         DecodeRawBits,
-         0x01,
-         gyro,
-         gyroTicks,
-         {&State::RawMag1, &State::RawMag2, &State::RawMag3, &State::RawAcc1, &State::RawAcc2,
-          &State::RawAcc3, &State::RawAngRate1, &State::RawAngRate2, &State::RawAngRate3}},
-        {"gyro vectors",
-         DecodeGyroVectors,
-         0x02,
-         gyro,
-         gyroTicks,
-         {&State::StabMagX, &State::StabMagY, &State::StabMagZ, &State::StabAccX, &State::StabAccY,
-          &State::StabAccZ, &State::CompAngRateX, &State::CompAngRateY, &State::CompAngRateZ}},
-        {"instant vectors",
-         DecodeInstantVectors,
-         0x03,
-         instant,
-         instantTicks,
-         {&State::InstMagX, &State::InstMagY, &State::InstMagZ, &State::InstAccX, &State::InstAccY,
-          &State::InstAccZ, &State::InstAngRateX, &State::InstAngRateY, &State::InstAngRateZ}},
-        {"instant quaternion",
-         DecodeInstantQuaternion,
-         0x04,
-         instant,
-         instantTicks,
-         {&State::InstQuat0, &State::InstQuat1, &State::InstQuat2, &State::InstQuat3}},
-        {"gyro quaternion",
-         DecodeGyroQuaternion,
-         0x05,
-         gyro,
-         gyroTicks,
-         {&State::StabQuat0, &State::StabQuat1, &State::StabQuat2, &State::StabQuat3}},
-        {"gyro quaternion and vectors",
-         DecodeGyroQuatVectors,
-         0x0C,
-         gyro,
-         gyroTicks,
-         {&State::StabQuat0, &State::StabQuat1, &State::StabQuat2, &State::StabQuat3,
-          &State::InstMagX, &State::InstMagY, &State::InstMagZ, &State::InstAccX, &State::InstAccY,
-          &State::InstAccZ, &State::CompAngRateX, &State::CompAngRateY, &State::CompAngRateZ}},
-        {"instant Euler",
-         DecodeInstantEuler,
-         0x0D,
-         instant,
-         instantTicks,
-         {&State::Roll, &State::Pitch, &State::Yaw}},
-        {"gyro Euler",
-         DecodeGyroEuler,
-         0x0E,
-         gyro,
-         gyroTicks,
-         {&State::Roll, &State::Pitch, &State::Yaw}},
-        {"instant quaternion and vectors",
-         DecodeInstantQuatVectors,
-         0x12,
-         instant,
-         instantTicks,
-         {&State::InstQuat0, &State::InstQuat1, &State::InstQuat2, &State::InstQuat3,
-          &State::InstMagX, &State::InstMagY, &State::InstMagZ, &State::InstAccX, &State::InstAccY,
-          &State::InstAccZ, &State::InstAngRateX, &State::InstAngRateY, &State::InstAngRateZ}},
-        {"Euler, acceleration, rate",
-         DecodeEulerAccelRate,
-         0x31,
-         gyro,
-         gyroTicks,
-         {&State::Roll, &State::Pitch, &State::Yaw, &State::InstAccX, &State::InstAccY,
-          &State::InstAccZ, &State::CompAngRateX, &State::CompAngRateY, &State::CompAngRateZ}},
-    };
-    return rows;
-}
-
 TEST_F(Packets, EachWordGoesToItsOwnField) {
     for (const DecoderRow& row : DecoderRows()) {
         Words words;
-        for (std::size_t i = 0; i < row.members.size(); ++i)
-            words.push_back(static_cast<unsigned>(1000 * (i + 1)));
+        for (unsigned i = 1; i <= row.fields.size(); ++i) words.push_back(1000 * i);
         words.push_back(54321);
         AppState.CommandBytes = Frame(row.command, words);
         AppState.CommandBytes.back() ^= 1;  // rejected, so the raw words stay to be seen
         SampleState = {};
         EXPECT_FALSE(row.decode()) << row.name;
-        for (std::size_t i = 0; i < row.members.size(); ++i)
-            EXPECT_EQ(SampleState.*row.members[i], 1000.0 * static_cast<double>(i + 1))
-                << row.name << " word " << i;
-        EXPECT_EQ(SampleState.*row.header, row.command) << row.name;
-        EXPECT_EQ(SampleState.*row.ticks, 54321) << row.name;
-        const bool isGyro = row.header == &State::HeaderGyro;
-        EXPECT_EQ(isGyro ? SampleState.HeaderInstant : SampleState.HeaderGyro, 0) << row.name;
-        EXPECT_EQ(isGyro ? SampleState.TicksInstant : SampleState.TicksGyro, 0) << row.name;
+        for (std::size_t i = 0; i < row.fields.size(); ++i)
+            EXPECT_EQ(*row.fields[i], words[i]) << row.name << " word " << i;
+        EXPECT_EQ(row.isGyro ? SampleState.HeaderGyro : SampleState.HeaderInstant, row.command);
+        EXPECT_EQ(row.isGyro ? SampleState.TicksGyro : SampleState.TicksInstant, 54321);
+        EXPECT_EQ(row.isGyro ? SampleState.HeaderInstant : SampleState.HeaderGyro, 0) << row.name;
+        EXPECT_EQ(row.isGyro ? SampleState.TicksInstant : SampleState.TicksGyro, 0) << row.name;
     }
 }
 

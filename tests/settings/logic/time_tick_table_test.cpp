@@ -89,7 +89,8 @@ TEST(TimeTickTable, EachVerdictHasItsMessage) {
 /// Ascending in the order of preference: smallest ticks interval, largest pre- and postscaler.
 using Preference = std::tuple<int, int, int>;
 
-/// The best words for each product of 20000, 21000 … 250000 counts of 100 ns, out of all there are.
+/// The best words out of all there are, for each product of 20000, 21000 … 250000; the unit is
+/// 100 ns.
 std::map<int, Preference> BestOfAllWords() {
     std::map<int, Preference> best;
     for (int interval = 1; interval <= 100; ++interval)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/bytes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orbkl4 {
+
+/// What a decoder must do, told without the packet table: where each word goes, and its kind as a
+/// letter: r raw, m magnetic, a acceleration, g angular rate, q quaternion, e angle, u angle
+/// without sign, x matrix.
+struct DecoderRow {
+    std::string_view name;
+    bool (*decode)();
+    unsigned command;
+    bool isGyro;
+    std::string_view kinds;
+    std::vector<double*> fields;  ///< in `SampleState`, in packet order
+};
+
+/// All twelve.
+const std::vector<DecoderRow>& DecoderRows();
+
+/// Runs the decoder of `row` on `packet`, of the right length, and checks the verdict and every
+/// number of `SampleState` by plain arithmetic. What is wrong, or an empty text.
+std::string FaultOfDecoder(const DecoderRow& row, const Bytes& packet);
+
+}  // namespace orbkl4
