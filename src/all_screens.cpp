@@ -1,9 +1,11 @@
 #include "all_screens.h"
 
+#include "acquire/screens/view_screen.h"
 #include "frame/screens/about.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/version_serial.h"
 #include "platform/screen_registry.h"
+#include "settings/screens/set_write_rate.h"
 
 namespace orbkl4 {
 
@@ -21,7 +23,15 @@ struct ScreenRow {
 
 constexpr ScreenRow screens[] = {
     {"About", Make<About>},
+    {"Angles", MakeView<views::angles>},
+    {"AnglesAccRate", MakeView<views::anglesAccRate>},
     {"Main", Make<Main>},
+    {"Matrices", MakeView<views::matrices>},
+    {"QuatVec", MakeView<views::quatVec>},
+    {"Quaternions", MakeView<views::quaternions>},
+    {"SensorBits", MakeView<views::sensorBits>},
+    {"SetWriteRate", Make<SetWriteRate>},
+    {"Vectors", MakeView<views::vectors>},
     {"VersionSerial", Make<VersionSerial>},
 };
 

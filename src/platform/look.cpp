@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
+#include <QStyleOptionGroupBox>
 
 #include <algorithm>
 
@@ -54,9 +55,7 @@ class HouseStyle final : public QProxyStyle {
                             QPainter* painter, const QWidget* widget) const override {
         painter->save();
         if (control == CC_GroupBox) {
-            QFont title = painter->font();
-            title.setWeight(QFont::DemiBold);
-            painter->setFont(title);
+            painter->setFont(TitleFont(painter->font()));
         }
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         painter->restore();
@@ -68,12 +67,24 @@ class HouseStyle final : public QProxyStyle {
         constexpr int fromTop = 6;
         QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
         if (control != CC_GroupBox) return rect;
-        if (part == SC_GroupBoxLabel) rect.adjust(fromLeft, fromTop, 3 * fromLeft, fromTop);
+        if (part == SC_GroupBoxLabel) {
+            rect.translate(fromLeft, fromTop);
+            const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+            if (box != nullptr && widget != nullptr) {
+                const QFontMetrics title(TitleFont(widget->font()));
+                rect.setWidth(title.horizontalAdvance(box->text) + 2);
+            }
+        }
         if (part == SC_GroupBoxContents && rect.top() > fromTop) rect.adjust(0, fromTop, 0, 0);
         return rect;
     }
 
   private:
+    static QFont TitleFont(QFont font) {
+        font.setWeight(QFont::DemiBold);
+        return font;
+    }
+
     static constexpr QColor card{0xFB, 0xFC, 0xFD};
     static constexpr QColor disabledCard{0xF1, 0xF3, 0xF6};
     static constexpr QColor cardLine{0xD3, 0xDA, 0xE2};
@@ -129,9 +140,9 @@ void MakeWarning(QLabel& label) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, look::warning);
     label.setPalette(palette);
-    QFont bold;  // only the weight is the label's own, the size stays its screen's
-    bold.setBold(true);
-    label.setFont(bold);
+    QFont font = label.font();
+    font.setBold(true);
+    label.setFont(font);
 }
 
 }  // namespace orbkl4

@@ -11,9 +11,6 @@ namespace orbkl4 {
 
 namespace {
 
-// The size for which screens are laid out: what a window of 1280 by 800 leaves them.
-constexpr double designWidth = 1260;
-constexpr double designHeight = 690;
 constexpr double mostGrowth = 2;
 constexpr double growthStep = 0.05;
 
@@ -24,13 +21,19 @@ ReSize::ReSize(QWidget* screen) : QObject(screen), screen_(screen) {
     screen->installEventFilter(this);
 }
 
+void ReSize::DesignSize(QSize size) {
+    designSize_ = size;
+    if (!screen_->isWindow()) FitFont();
+}
+
 bool ReSize::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && !screen_->isWindow()) FitFont();
     return QObject::eventFilter(watched, event);
 }
 
 void ReSize::FitFont() {
-    const double room = std::min(screen_->width() / designWidth, screen_->height() / designHeight);
+    const double room = std::min(screen_->width() / static_cast<double>(designSize_.width()),
+                                 screen_->height() / static_cast<double>(designSize_.height()));
     const double steps = std::floor(std::clamp(room, 1.0, mostGrowth) / growthStep);
     const double factor = std::max(1.0, steps * growthStep);
     if (factor == factor_) return;

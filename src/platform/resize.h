@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QObject>
+#include <QSize>
 
 class QWidget;
 
@@ -15,12 +16,17 @@ class ReSize : public QObject {
   public:
     explicit ReSize(QWidget* screen);
 
+    /// The size for which the screen is laid out with type of the usual size; at first what a
+    /// window of 1280 by 800 leaves a screen.
+    void DesignSize(QSize size);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void FitFont();
 
     QWidget* screen_;
+    QSize designSize_{1260, 690};
     double factor_ = 1;
 };
 

@@ -13,11 +13,12 @@
 
 namespace orbkl4 {
 
-Screen::Screen(const char* name, const char* title) {
+Screen::Screen(const char* name, const char* title) : resize_(new ReSize(this)) {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(QString::fromUtf8(title));
-    new ReSize(this);
 }
+
+void Screen::DesignSize(QSize size) { resize_->DesignSize(size); }
 
 void Screen::Unload() { UnloadScreen(*this); }
 

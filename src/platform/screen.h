@@ -11,6 +11,8 @@ class QAbstractButton;
 
 namespace orbkl4 {
 
+class ReSize;
+
 /// One window of the system, found by its name, with its controls, its menus and its handlers. It
 /// is shown inside the frame, or over it as a modal dialog or a modeless window; it doesn't know
 /// which.
@@ -47,12 +49,16 @@ class Screen : public QWidget {
     /// The button that Enter presses while no other button has the focus.
     void DefaultButton(QAbstractButton& button) { defaultButton_ = &button; }
 
+    /// The size for which the layout is made; in a larger window the type grows.
+    void DesignSize(QSize size);
+
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void PressEnter();
 
+    ReSize* resize_;
     QList<QAction*> menuBarEntries_;
     QAbstractButton* defaultButton_ = nullptr;
     bool closeAllowed_ = true;

@@ -94,7 +94,8 @@ QSize CWSlide::sizeHint() const {
     using namespace slide;
     const QFontMetricsF metrics(LabelFont(font()));
     if (Vertical()) {
-        const double across = LabelWidth(axis_, metrics) + mark + markGap + groove + pointer + 12;
+        const double gaps = markGap + 3 + 2 * edge;
+        const double across = LabelWidth(axis_, metrics) + mark + groove + pointer + gaps;
         return {static_cast<int>(across), 260};
     }
     const double across = 2 * pointer + mark + markGap + metrics.height() + 4 * edge;

@@ -72,7 +72,7 @@ QSize TextField::sizeHint() const {
 }
 
 QSize TextField::minimumSizeHint() const {
-    constexpr int fewest = 4;
+    constexpr int fewest = 6;  // a word and its sign
     const double width = digitWidth_ * std::min(characters_, fewest) + 2 * margin;
     return {static_cast<int>(width) + 1, sizeHint().height()};
 }

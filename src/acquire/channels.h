@@ -1,0 +1,45 @@
+#pragma once
+
+#include "acquire/logic/packets.h"
+#include "base/bytes.h"
+
+#include <span>
+#include <string_view>
+
+namespace orbkl4 {
+
+class MSComm;
+class Screen;
+
+/// What one channel does besides; null where it does nothing.
+struct ChannelExtras {
+    /// In the place of the port's `Input` and `Output` while a reply is handled.
+    void (*input)(MSComm& port, Bytes& bytes) = nullptr;
+    void (*output)(MSComm& port, const Bytes& bytes) = nullptr;
+    /// Right after the reply has been taken into `CommandBytes`.
+    void (*afterInput)(const Screen& screen) = nullptr;
+    /// Before the request that follows a reply of wrong length or header.
+    void (*beforeResend)(MSComm& port) = nullptr;
+    /// Before an error in handling a reply is reported.
+    void (*onError)(const Screen& screen) = nullptr;
+};
+
+/// One way of sampling on one screen. Controls go by their names; empty is none.
+struct SamplingChannel {
+    const char* screen;
+    const char* entry;  ///< the menu entry that starts and stops it
+    const char* port;
+    const char* timer;  ///< the watchdog
+    const char* led;    ///< the lamp that is lit by a good packet
+    DeviceCommand command;
+    bool (*decode)();
+    void (*write)(Side side, std::string_view timeText);
+    const char* otherEntry;  ///< disabled while the channel runs, as is `otherFrame`
+    const char* otherFrame;
+    ChannelExtras extras = {};
+};
+
+/// The channels of the data view `screen`, the gyro-stabilized one first.
+std::span<const SamplingChannel> ChannelsOf(std::string_view screen);
+
+}  // namespace orbkl4

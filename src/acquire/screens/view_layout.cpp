@@ -1,0 +1,166 @@
+#include "acquire/screens/view_layout.h"
+
+#include "base/number_text.h"
+#include "platform/controls/cw_button.h"
+#include "platform/controls/cw_slide.h"
+#include "platform/controls/text_field.h"
+#include "platform/followers.h"
+#include "platform/form.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <string_view>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int rowGap = 4;    // between rows of fields, in pixels
+constexpr int groupGap = 6;  // between groups of them, besides
+constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
+
+TextField* MakeField(QWidget* frame, const char* name, int decimals) {
+    auto* field = Named(new TextField(frame), name);
+    field->Decimals(decimals);
+    return field;
+}
+
+QLabel* MakeFieldLabel(QWidget* frame, const char* text) {
+    auto* label = new QLabel(QString::fromUtf8(text), frame);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+/// Fills a panel's grid: a field behind its label in each row, but for the elements of a matrix.
+class PanelFiller {
+  public:
+    PanelFiller(QWidget* frame, const TextPanel& panel)
+        : frame_(frame), panel_(panel), grid_(new QGridLayout(frame)) {
+        constexpr int columnGap = 12;
+        grid_->setColumnStretch(0, 3);
+        grid_->setColumnStretch(1, 2);
+        grid_->setHorizontalSpacing(columnGap);
+        grid_->setVerticalSpacing(rowGap);
+    }
+
+    TextField* Add(const TextRow& row) {
+        TextField* field = MakeField(frame_, row.name, panel_.decimals);
+        QLabel* label = MakeFieldLabel(frame_, row.label);
+        if (row.startsGroup) grid_->addItem(new QSpacerItem(0, groupGap), row_++, 0);
+        if (panel_.layout == TextPanel::Layout::Matrix && row.label[0] == 'M') {
+            AddElement(row.label, label, field);
+        } else {
+            grid_->addWidget(label, row_, 0);
+            grid_->addWidget(field, row_, 1, Qt::AlignVCenter);  // lets the row grow
+            grid_->setRowStretch(row_++, 1);
+        }
+        return field;
+    }
+
+    /// Few rows don't spread over all of the panel.
+    void Finish() {
+        constexpr int rowsBelow = 4;
+        grid_->setRowStretch(row_, rowsBelow);
+    }
+
+  private:
+    /// Puts the element `name`, such as "M21", in its place among the nine, its label above it.
+    void AddElement(std::string_view name, QLabel* label, TextField* field) {
+        constexpr int narrow = 8;
+        constexpr int lines = 6;
+        if (matrix_ == nullptr) {
+            matrix_ = new QGridLayout;
+            matrix_->setSpacing(rowGap);
+            grid_->addLayout(matrix_, row_, 0, 1, 2);
+            grid_->setRowStretch(row_++, lines);
+        }
+        const int line = 2 * (name[1] - '1');
+        const int column = name[2] - '1';
+        field->Characters(narrow);
+        matrix_->addWidget(label, line, column, Qt::AlignHCenter | Qt::AlignBottom);
+        matrix_->addWidget(field, line + 1, column, Qt::AlignTop);
+    }
+
+    QWidget* frame_;
+    const TextPanel& panel_;
+    QGridLayout* grid_;
+    QGridLayout* matrix_ = nullptr;
+    int row_ = 0;
+};
+
+QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob>>& dials) {
+    constexpr double readout = 2;
+    QGroupBox* frame = MakeFrame(screen, row.frame, row.caption);
+    auto* dial = Named(new CWKnob(frame), row.name);
+    dial->SetAxis(row.axis, row.sweep);
+    dial->Caption(QStringLiteral("degrees"));
+    TextField* text = MakeField(frame, row.text, 1);
+    text->Characters(7);
+    text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    KeepLarger(*text, readout);
+    QObject::connect(dial, &CWKnob::ValueChanged, text,
+                     [text](double value) { text->Text(ScreenText(value)); });
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(dial, 1);
+    column->addWidget(text, 0, Qt::AlignHCenter);
+    dials.push_back({row.field, dial});
+    return frame;
+}
+
+}  // namespace
+
+QWidget* BuildPanel(QWidget* screen, const TextPanel& panel,
+                    std::vector<Shown<TextField>>& fields) {
+    QGroupBox* frame = MakeFrame(screen, panel.name, panel.caption);
+    PanelFiller filler(frame, panel);
+    for (const TextRow& row : panel.rows) fields.push_back({row.field, filler.Add(row)});
+    filler.Finish();
+    if (panel.led[0] != '\0') PutBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
+    return frame;
+}
+
+QWidget* BuildSlides(QWidget* screen, std::span<const SlideRow> rows,
+                     std::vector<Shown<CWSlide>>& slides) {
+    QGroupBox* frame = MakeFrame(screen, "fraSlider", "Sliders");
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(0);
+    int column = 0;
+    for (const SlideRow& row : rows) {
+        auto* slide = Named(new CWSlide(frame), row.name);
+        slide->SetAxis(rawWords);
+        grid->addWidget(slide, 0, column);
+        grid->addWidget(MakeFieldLabel(frame, row.label), 1, column++, Qt::AlignHCenter);
+        slides.push_back({row.field, slide});
+    }
+    return frame;
+}
+
+QWidget* BuildDials(QWidget* screen, std::span<const DialRow> rows,
+                    std::vector<Shown<CWKnob>>& dials) {
+    auto* row = new QWidget(screen);
+    auto* grid = new QGridLayout(row);
+    grid->setContentsMargins(0, 0, 0, 0);
+    for (const DialRow& dial : rows) {
+        grid->addWidget(BuildDial(screen, dial, dials), 0, dial.column);
+        grid->setColumnStretch(dial.column, 1);
+    }
+    return row;
+}
+
+QWidget* BuildCapturing(QWidget* screen) {
+    QGroupBox* frame = MakeFrame(screen, "fraCS", "Capturing");
+    auto* row = new QHBoxLayout(frame);
+    const auto add = [&](const char* led, const char* label) {
+        row->addWidget(Named(new CWButton(frame), led));
+        row->addWidget(MakeFieldLabel(frame, label));
+    };
+    add("LED", "Gyro-Stablized");
+    row->addSpacing(24);
+    add("LEDI", "Instantaneous");
+    return frame;
+}
+
+}  // namespace orbkl4

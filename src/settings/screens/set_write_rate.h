@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/screen.h"
+
+class QCheckBox;
+
+namespace orbkl4 {
+
+class CWNumEdit;
+
+/// Sets how many samples a second are written to data files at most.
+class SetWriteRate : public Screen {
+    Q_OBJECT
+
+  public:
+    SetWriteRate();
+
+    void Form_Load() override;
+
+  private:
+    void BuildLayout();
+    void chkUnrestricted_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    QCheckBox* chkUnrestricted_;
+    CWNumEdit* numEditRate_;
+};
+
+}  // namespace orbkl4
