@@ -11,6 +11,7 @@ using namespace std::chrono_literals;
 
 constexpr int kBitsPerByte = 10;  // 8 data bits, start and stop
 constexpr Time kFloodStep = 10ms;
+constexpr Time kMostLateness = 1ms;
 
 }  // namespace
 
@@ -21,7 +22,7 @@ Time Line::ByteTime() const { return paced_ ? Time{1s} * kBitsPerByte / device_.
 
 void Line::Receive(const Bytes& bytes, Time now, int hostBaud) {
     const bool heard = Accepts(hostBaud);
-    receiveFree_ = std::max(receiveFree_, now);
+    receiveFree_ = std::max(receiveFree_, now - std::exchange(lateness_, Time{}));
     for (const std::uint8_t byte : bytes) {
         receiveFree_ += ByteTime();
         const auto request = (heard ? heard_ : unheard_).Feed(byte, receiveFree_);
@@ -97,6 +98,7 @@ std::vector<Bytes> Line::TakeDue(Time now) {
     std::vector<Bytes> writes;
     while (!outgoing_.empty() && outgoing_.front().due <= now) {
         Bytes& bytes = outgoing_.front().bytes;
+        lateness_ = std::min(now - outgoing_.front().due, kMostLateness);
         if (!bytes.empty()) writes.push_back(std::move(bytes));
         outgoing_.pop_front();
     }

@@ -85,6 +85,7 @@ class Line {
     std::deque<Outgoing> outgoing_;
     Time deviceTime_{};            // unpaced: the sensor's own time
     Time receiveFree_{};           // when the line towards the sensor has carried all it was given
+    Time lateness_{};              // of the last write: it delayed the host's next request as much
     Time sendFree_{};              // likewise from it
     Time streamed_{};              // unpaced: when the last packet of continuous mode was due
     std::optional<Time> flooded_;  // while flooding: up to when the line is filled

@@ -28,6 +28,7 @@ struct Choices {
     bool noNoise = false;
     bool unpaced = false;
     double delayMilliseconds = 300;
+    pid_t parent = getppid();  // asked for at once: later it may be gone
     bool exitWithParent = false;
     bool exitOnEof = false;
 };
@@ -101,14 +102,13 @@ std::string ToText(const Request& request) {
 
 /// Reads commands from standard input until the program is to end.
 void Converse(Console& console, const Choices& choices, int signals) {
-    const pid_t parent = getppid();
     constexpr int parentCheck = 250;  // milliseconds
     std::string pending;
     std::array<pollfd, 2> watched{pollfd{signals, POLLIN, 0}, pollfd{STDIN_FILENO, POLLIN, 0}};
     while (!console.Ended()) {
         poll(watched.data(), watched.size(), choices.exitWithParent ? parentCheck : -1);
         if (watched[0].revents != 0) return;
-        if (choices.exitWithParent && getppid() != parent) return;
+        if (choices.exitWithParent && getppid() != choices.parent) return;
         if (watched[1].revents == 0) continue;
         std::array<char, 4096> buffer;  // NOLINT(*-member-init): filled by read
         const ssize_t size = read(STDIN_FILENO, buffer.data(), buffer.size());
@@ -156,11 +156,11 @@ int Run(const Choices& choices, SimulatorOptions options) {
 int main(int argc, char** argv) {
     CLI::App app(
         "A simulated ORB-KL4 on a pseudo terminal. Standard input takes commands: try help.");
-    orbkl4sim::Choices choices;
-    orbkl4sim::SimulatorOptions options;
-    orbkl4sim::AddOptions(app, choices, options);
-    CLI11_PARSE(app, argc, argv);
     try {
+        orbkl4sim::Choices choices;
+        orbkl4sim::SimulatorOptions options;
+        orbkl4sim::AddOptions(app, choices, options);
+        CLI11_PARSE(app, argc, argv);
         return orbkl4sim::Run(choices, std::move(options));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "orb-kl4-simulator: %s\n", error.what());

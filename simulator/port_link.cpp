@@ -21,7 +21,7 @@ fs::path ConfigFolder() {
 #ifdef __APPLE__
     if (home.is_absolute()) return home / "Library" / "Preferences";
 #else
-    if (const fs::path config = variable("XDG_CONFIG_HOME"); config.is_absolute()) return config;
+    if (fs::path config = variable("XDG_CONFIG_HOME"); config.is_absolute()) return config;
     if (home.is_absolute()) return home / ".config";
 #endif
     throw std::runtime_error("no configuration folder: HOME is not set");

@@ -81,6 +81,18 @@ TEST_F(LineTest, RequestsInOneGoAreAnsweredOneByOne) {
     EXPECT_EQ(18 * kByte, writes[2].time);
 }
 
+TEST_F(LineTest, ALateWakeUpDoesNotSlowTheExchange) {
+    line.Receive({0xF0}, 0ms, 38400);
+    ASSERT_EQ(6 * kByte, line.NextDue(0ms));
+    EXPECT_EQ(1U, line.TakeDue(6 * kByte + 300us).size());
+    line.Receive({0xF0}, 6 * kByte + 350us, 38400);  // the host itself took 50 us
+    EXPECT_EQ(12 * kByte + 50us, line.NextDue(6 * kByte + 350us));
+    // Once only: a host that comes later is not taken to have come earlier.
+    EXPECT_EQ(1U, line.TakeDue(12 * kByte + 50us).size());
+    line.Receive({0xF0}, 5ms, 38400);
+    EXPECT_EQ(5ms + 6 * kByte, line.NextDue(5ms));
+}
+
 TEST_F(LineTest, HearsNothingAtTheWrongSpeed) {
     std::vector<bool> heard;
     line.SetListener([&](const Bytes&, bool was) { heard.push_back(was); });

@@ -193,17 +193,24 @@ TEST_F(ProgramTest, EndsWithItsInputOnlyIfAsked) {
 }
 
 TEST_F(ProgramTest, EndsWithItsParentIfAsked) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(0, pipe(ends.data()));
     const pid_t parent = fork();
     if (parent == 0) {
         Program program({"--port", "16", "--exit-with-parent"}, config);
         program.Line();
-        // Without the destructors, so that the program is left behind.
-        _exit(std::filesystem::is_symlink(link) ? 0 : 1);
+        pid_t left = std::filesystem::is_symlink(link) ? program.Process() : 0;
+        if (write(ends[1], &left, sizeof left) != sizeof left) left = 0;
+        _exit(0);  // without the destructors, so that the program is left behind
     }
-    int status = -1;
-    waitpid(parent, &status, 0);
-    EXPECT_EQ(0, status) << "it stood on its port";
-    EXPECT_TRUE(Within(5s, [&] { return !std::filesystem::is_symlink(link); }));
+    pid_t left = 0;
+    ASSERT_EQ(ssize_t{sizeof left}, read(ends[0], &left, sizeof left));
+    for (const int end : ends) close(end);
+    waitpid(parent, nullptr, 0);
+    ASSERT_NE(0, left) << "it stood on its port";
+    const bool ended = Within(5s, [&] { return !std::filesystem::is_symlink(link); });
+    EXPECT_TRUE(ended);
+    if (!ended) kill(left, SIGKILL);
 }
 
 TEST_F(ProgramTest, SaysWhatIsWrongWithItsOptions) {
