@@ -1,15 +1,18 @@
 #include "all_screens.h"
+#include "frame/screens/artwork.h"
 #include "frame/screens/mdi_form1.h"
 #include "platform/look.h"
 #include "platform/screen_registry.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdlib>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     orbkl4::ApplyHouseLook();
+    QApplication::setWindowIcon(orbkl4::ProgramIcon());
     orbkl4::RegisterAllScreens();
     orbkl4::MDIForm1 frame;
     orbkl4::PlaceScreensIn(&frame);

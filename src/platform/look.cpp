@@ -140,9 +140,9 @@ void MakeWarning(QLabel& label) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, look::warning);
     label.setPalette(palette);
-    QFont font = label.font();
-    font.setBold(true);
-    label.setFont(font);
+    QFont bold;  // only the weight is the label's own, the size stays its screen's
+    bold.setBold(true);
+    label.setFont(bold);
 }
 
 }  // namespace orbkl4

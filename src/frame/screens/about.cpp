@@ -1,6 +1,7 @@
 #include "frame/screens/about.h"
 
 #include "frame/logic/app_state.h"
+#include "frame/screens/artwork.h"
 #include "platform/form.h"
 
 #include <QLabel>
@@ -10,7 +11,7 @@
 namespace orbkl4 {
 
 About::About() : Screen("About", "About") {
-    auto* picture = Named(new QLabel(this), "Picture1");
+    auto* picture = Named(new Picture(PaintEmblem, {120, 120}, this), "Picture1");
     auto* title = MakeLabel(this, "lblTitle", "ORB-KL4 Data Acquisition and Display Software");
     QFont bold = title->font();
     bold.setBold(true);
@@ -22,7 +23,7 @@ About::About() : Screen("About", "About") {
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
-    column->addWidget(picture, 1, Qt::AlignCenter);
+    column->addWidget(picture, 1);
     for (QLabel* label : {title, line, version}) column->addWidget(label, 0, Qt::AlignCenter);
     column->addSpacing(12);
     column->addWidget(cmdOK, 0, Qt::AlignCenter);

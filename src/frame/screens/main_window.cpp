@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "frame/logic/app_state.h"
+#include "frame/screens/artwork.h"
 #include "frame/trap.h"
 #include "link/communication.h"
 #include "link/logic/eeprom_address.h"
@@ -117,17 +118,17 @@ Main::Main() : Screen("Main", "Main"), port_(this, "MSComm1") {
 }
 
 void Main::BuildLayout() {
-    picture_ = Named(new QLabel(this), "picORBKL4");
+    picture_ = Named(new Picture(PaintDevice, {440, 390}, this), "picORBKL4");
     picture_->installEventFilter(this);
-    auto* emblem = Named(new QLabel(this), "Image2");
+    auto* emblem = Named(new Picture(PaintEmblem, {72, 72}, this), "Image2");
     auto* column = new QVBoxLayout(this);
     column->setSpacing(8);
     column->addStretch(1);
     column->addWidget(MakeCaption(this, "Label3", "ORB-KL4 Data Acquisition and Display", 2.0));
     column->addWidget(MakeCaption(this, "Label1", "for RS-232", 1.4));
     column->addWidget(MakeCaption(this, "Label2", "for firmware 3.1.01", 1.2));
-    column->addWidget(picture_, 12, Qt::AlignCenter);
-    column->addWidget(emblem, 0, Qt::AlignCenter);
+    column->addWidget(picture_, 12);
+    column->addWidget(emblem, 1);
     column->addStretch(1);
 }
 

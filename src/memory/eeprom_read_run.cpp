@@ -1,0 +1,66 @@
+#include "memory/eeprom_read_run.h"
+
+#include "frame/logic/app_state.h"
+#include "link/communication.h"
+#include "link/logic/frame_check.h"
+#include "link/logic/requests.h"
+#include "memory/logic/catalogue.h"
+#include "memory/logic/fault_texts.h"
+#include "platform/boxes.h"
+#include "platform/mscomm.h"
+#include "platform/timer.h"
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr auto command = DeviceCommand::CmdReadEeprom;
+
+void AskForWord(MSComm& port) {
+    AppState.CommandBytes = ReadEepromRequest(AppState.CurrentEEPROMAddress);
+    port.Output(AppState.CommandBytes);
+}
+
+void TakeWord(const EepromReadRun& run) {
+    constexpr std::size_t wordOffset = 1;
+    const double word = WordAt(AppState.CommandBytes, wordOffset);
+    AppState.EEPROMValue = NumberOfWord(AppState.CurrentEEPROMAddress, word);
+    run.take();
+}
+
+void End(const EepromReadRun& run) {
+    run.timer.Enabled(false);
+    CloseCommPort(run.port, run.screen);
+    MousePointer(Pointer::Default);
+    run.end();
+}
+
+}  // namespace
+
+void StartEepromRead(const EepromReadRun& run) {
+    OpenCommPort(run.port, run.screen);
+    AppState.CurrentEEPROMAddress = run.first;
+    AskForWord(run.port);
+    run.timer.Enabled(true);
+}
+
+void EepromReadTick(const EepromReadRun& run) {
+    run.port.Input(AppState.CommandBytes);
+    const ReplyFault fault = CheckReply(AppState.CommandBytes, command);
+    if (fault == ReplyFault::None) {
+        TakeWord(run);
+    } else if (AskRetryCancel(RetryText(command, fault)) == Answer::Retry) {
+        AskForWord(run.port);
+        return;
+    }
+    if (AppState.CurrentEEPROMAddress == run.last) {
+        End(run);
+        return;
+    }
+    if (run.pass) run.pass();
+    AppState.CurrentEEPROMAddress =
+        static_cast<eeprom::Address>(AppState.CurrentEEPROMAddress + run.step);
+    AskForWord(run.port);
+}
+
+}  // namespace orbkl4
