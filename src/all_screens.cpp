@@ -4,6 +4,7 @@
 #include "frame/screens/about.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/version_serial.h"
+#include "link/screens/connect.h"
 #include "platform/screen_registry.h"
 #include "settings/screens/set_write_rate.h"
 
@@ -25,6 +26,7 @@ constexpr ScreenRow screens[] = {
     {"About", Make<About>},
     {"Angles", MakeView<views::angles>},
     {"AnglesAccRate", MakeView<views::anglesAccRate>},
+    {"Connect", Make<Connect>},
     {"Main", Make<Main>},
     {"Matrices", MakeView<views::matrices>},
     {"QuatVec", MakeView<views::quatVec>},

@@ -5,6 +5,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 
 #include <utility>
@@ -31,6 +32,24 @@ QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
         click();
     });
     return button;
+}
+
+void KeepColours(QWidget& widget) {
+    QPalette palette = widget.palette();
+    for (int i = 0; i < QPalette::NColorRoles; ++i) {
+        const auto role = static_cast<QPalette::ColorRole>(i);
+        palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
+    }
+    widget.setPalette(palette);
+}
+
+QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
+    auto* bar = Named(new QProgressBar(parent), name);
+    bar->setRange(0, maximum);
+    bar->setValue(0);
+    bar->setTextVisible(false);
+    KeepColours(*bar);
+    return bar;
 }
 
 QLabel* MakeWarning(QWidget* parent) {

@@ -9,6 +9,7 @@
 
 class QGroupBox;
 class QLabel;
+class QProgressBar;
 class QPushButton;
 
 namespace orbkl4 {
@@ -29,6 +30,13 @@ QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption);
 /// A button `name` that runs `click`, an event handler, when it is pressed.
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
                         std::function<void()> click);
+
+/// Lets `widget` and what it holds keep their colours while disabled: for what is to be read while
+/// a handler at work has the screen disabled.
+void KeepColours(QWidget& widget);
+
+/// A progress bar `name` from 0 to `maximum`, at 0, which keeps its colours while disabled.
+QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum);
 
 /// The label in red letters that says that replies fail to come, hidden at first, with its room
 /// kept.

@@ -100,8 +100,8 @@ void MSComm::OpenLine() {
               "Invalid port number: there is no serial line at " + port);
     }
     if (!device.permitted) {
-        Raise(ErrorNumber::PermissionDenied, "Permission denied: " + port + " is open to group \"" +
-                                                 device.group.toStdString() + "\" only");
+        Raise(ErrorNumber::PermissionDenied,
+              "Permission denied: " + port + ". " + PermissionHint(device).toStdString());
     }
     line_.setPortName(device.name);
     ApplySettings();

@@ -40,7 +40,19 @@ QString PathOfPort(int number) {
     return link.exists() ? link.canonicalFilePath() : TablePath(number);
 }
 
+/// The group that may read and write the device, empty where it has no right to that.
+QString PermittedGroup(const QString& path, mode_t mode) {
+    constexpr mode_t groupRights = S_IRGRP | S_IWGRP;
+    return (mode & groupRights) == groupRights ? QFileInfo(path).group() : QString();
+}
+
 }  // namespace
+
+QString PermissionHint(const PortDevice& device) {
+    const QString lack = QStringLiteral("No permission to use it");
+    if (device.group.isEmpty()) return lack;
+    return lack + QStringLiteral("; the group \"%1\" has it").arg(device.group);
+}
 
 PortDevice DeviceOfPort(int number) {
     PortDevice device;
@@ -51,7 +63,7 @@ PortDevice DeviceOfPort(int number) {
     device.present = ::stat(path.constData(), &status) == 0 && S_ISCHR(status.st_mode);
     if (!device.present) return device;
     device.permitted = ::access(path.constData(), R_OK | W_OK) == 0;
-    if (!device.permitted) device.group = QFileInfo(device.name).group();
+    if (!device.permitted) device.group = PermittedGroup(device.name, status.st_mode);
     device.description = QSerialPortInfo(QFileInfo(device.name).fileName()).description();
     return device;
 }

@@ -13,8 +13,11 @@ struct PortDevice {
     QString description;     ///< the adapter's description, empty where the system has none
     bool present = false;    ///< a terminal device is there
     bool permitted = false;  ///< this user may read and write it
-    QString group;           ///< the group whose members may, where this user may not
+    QString group;           ///< the group whose members may, where this user may not; empty: none
 };
+
+/// Says that this user lacks permission for `device`, and which group would give it.
+QString PermissionHint(const PortDevice& device);
 
 /// The device that `number` (1 to 16) names: the user's link in the ports folder, else the fixed
 /// table; nothing for any other number.

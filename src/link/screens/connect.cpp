@@ -1,0 +1,220 @@
+#include "link/screens/connect.h"
+
+#include "base/arithmetic.h"
+#include "frame/logic/app_state.h"
+#include "frame/settings.h"
+#include "frame/trap.h"
+#include "link/logic/baud_rates.h"
+#include "platform/boxes.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/controls/option_button.h"
+#include "platform/port_device.h"
+#include "platform/screen_registry.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <algorithm>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr const char* resetText =
+    "This function will attempt to locate and set the ORB-KL4 Calculation Cycle to its default "
+    "value on every available comm port. If the Calculation Cycle has been previously set to other "
+    "than default, the Auto Connect and/or Manual Connect may not work."
+    "\n\nStep 1: Click RESET."
+    "\n\nStep 2: Cycle the ORB-KL4 power."
+    "\n\nStep 3: Proceed to Auto Connect or Manual Connect.";
+
+constexpr const char* autoFailureText =
+    "ORB-KL4 not found on comm ports 1-16! Check your cable, power supply, comm port, etc. If BAUD "
+    "RATE was changed, cycle the ORB-KL4 power. Click Retry to attempt re-connect or Cancel to "
+    "quit.";
+
+constexpr const char* successText = "ORB-KL4 connection successful!";
+
+/// "<what> on comm port <port> at <baud> baud rate!", by `AppState`'s port.
+std::string AtPortText(const char* what, std::string_view baud) {
+    return std::string(what) + " on comm port " + std::to_string(AppState.CommPort) + " at " +
+           std::string(baud) + " baud rate!";
+}
+
+std::string ManualFailureText(std::string_view baud) {
+    return AtPortText("ORB-KL4 not found", baud) +
+           " Check your cable, power supply, comm port, baud rate setting, etc. Cycle the ORB-KL4 "
+           "power. Click Retry to attempt re-connect or Cancel to stop.";
+}
+
+/// Shows the hourglass and keeps the screen from being closed by hand; both end with it, so that an
+/// error is reported under the normal pointer.
+class Busy {
+  public:
+    explicit Busy(Screen& screen) : screen_(screen) {
+        MousePointer(Pointer::Hourglass);
+        screen_.CloseAllowed(false);
+    }
+    ~Busy() {
+        MousePointer(Pointer::Default);
+        screen_.CloseAllowed(true);
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    Screen& screen_;
+};
+
+void EnableMainMenus() {
+    const Screen* main = FindScreen("Main");
+    if (main == nullptr) return;
+    for (const char* menu : {"mnuTools", "mnuDisplay"}) main->Menu(menu).Enabled(true);
+}
+
+}  // namespace
+
+void Connect::Form_Load() {
+    NumEditCommPort_->Value(AppState.CommPort);
+    const auto* stored = std::ranges::find(baudRates, BaudRateIn(AppState.CommSettings));
+    if (stored != baudRates.end()) {
+        baudOptions_.at(static_cast<std::size_t>(stored - baudRates.begin()))->Value(true);
+    }
+    lblReset_->setText(QString::fromUtf8(resetText));
+    ShowDevice();
+}
+
+/// The tabs come first, so that the focus finds no other control to settle on.
+void Connect::Enable(bool enabled, std::initializer_list<QWidget*> controls) {
+    SSTab1_->setEnabled(enabled);
+    for (QWidget* control : controls) control->setEnabled(enabled);
+}
+
+void Connect::EnableAuto(bool enabled) { Enable(enabled, {cmdConnectAuto_, cmdQuitAuto_}); }
+
+void Connect::EnableManual(bool enabled) {
+    Enable(enabled, {cmdConnectManual_, cmdQuit_, fraPort_, fraBaud_});
+}
+
+void Connect::EnableReset(bool enabled) { Enable(enabled, {cmdReset_, cmdQuitReset_}); }
+
+void Connect::cmdConnectAuto_Click() {
+    Trap("cmdConnectAuto_Click", [this] {
+        const Busy busy(*this);
+        EnableAuto(false);
+        const bool found = SearchAllPorts();
+        MousePointer(Pointer::Default);
+        fraProgress_->setTitle(QStringLiteral("Progress"));
+        PBar_->setValue(0);
+        if (found) UseFoundPort();
+        if (!found || !search_.ResetDeviceSettings(search_.FoundPort(), search_.FoundBaud()) ||
+            !search_.ReadDeviceIdentity()) {
+            if (AskRetryCancel(autoFailureText) == Answer::Cancel) return Unload();
+            return RetryAuto();
+        }
+        ShowParameters("");
+        ShowMessage(successText);
+        EnableMainMenus();
+        Unload();
+    });
+}
+
+/// A fresh run inside the one that failed, which does nothing more when that has ended.
+void Connect::RetryAuto() {
+    EnableAuto(true);
+    cmdConnectAuto_Click();
+}
+
+bool Connect::SearchAllPorts() {
+    for (std::int16_t number = 1; number <= lastPortNumber; ++number) {
+        PBar_->setValue(number);
+        if (!search_.PortExists(number)) continue;
+        for (const std::string_view baud : baudSearchOrder) {
+            if (search_.TestPortAtBaud(number, baud)) return true;
+        }
+    }
+    return false;
+}
+
+void Connect::UseFoundPort() {
+    AppState.CommPort = search_.FoundPort();
+    AppState.CommSettings = LineSettingsAt(search_.FoundBaud());
+}
+
+void Connect::cmdConnectManual_Click() {
+    Trap("cmdConnectManual_Click", [this] {
+        const Busy busy(*this);
+        const std::string baud = SelectedBaud();
+        AppState.CommPort = ToInt16(NumEditCommPort_->Value());
+        AppState.CommSettings = LineSettingsAt(baud);
+        EnableManual(false);
+        const bool found = search_.PortExists(AppState.CommPort) &&
+                           search_.TestPortAtBaud(AppState.CommPort, baud);
+        MousePointer(Pointer::Default);
+        if (!found) return AskManualRetry(baud);
+        UseFoundPort();
+        if (!search_.ResetDeviceSettings(search_.FoundPort(), search_.FoundBaud())) {
+            // This one answer is taken as the "Auto" tab takes it.
+            if (AskRetryCancel(ManualFailureText(baud)) == Answer::Cancel) return Unload();
+            return RetryAuto();
+        }
+        if (!search_.ReadDeviceIdentity()) return AskManualRetry(baud);
+        ShowParameters("1");
+        ShowMessage(successText);
+        StoreCommPort(std::to_string(AppState.CommPort));
+        StoreCommSettings("");  // the next connection sets them anew
+        EnableMainMenus();
+        Unload();
+    });
+}
+
+void Connect::AskManualRetry(std::string_view baud) {
+    const Answer answer = AskRetryCancel(ManualFailureText(baud));
+    EnableManual(true);
+    if (answer == Answer::Retry) cmdConnectManual_Click();
+}
+
+std::string Connect::SelectedBaud() const {
+    for (std::size_t i = 0; i < baudRates.size(); ++i) {
+        if (baudOptions_.at(i)->Value()) return std::string(baudRates.at(i));
+    }
+    return {};
+}
+
+void Connect::cmdReset_Click() {
+    Trap("cmdReset_Click", [this] {
+        const Busy busy(*this);
+        EnableReset(false);
+        const bool completed = ResetAllPorts();
+        MousePointer(Pointer::Default);
+        EnableReset(true);
+        PBar1_->setValue(0);
+        fraProgress_->setTitle(QStringLiteral("Progress"));
+        ShowMessage(completed ? "Reset attempted on all active comm ports! CYCLE THE ORB-KL4 POWER "
+                                "and proceed to Auto Connect or Manual Connect."
+                              : "Reset was interrupted!");
+    });
+}
+
+bool Connect::ResetAllPorts() {
+    for (std::int16_t number = 1; number <= lastPortNumber; ++number) {
+        PBar1_->setValue(number);
+        if (search_.PortExists(number) && !ResetPort(number)) return false;
+    }
+    return true;
+}
+
+/// False where the user has had enough.
+bool Connect::ResetPort(std::int16_t number) {
+    return std::ranges::all_of(baudRates, [&](std::string_view baud) {
+        return search_.ResetDeviceSettings(number, baud) ||
+               AskRetryCancel(AtPortText("ORB-KL4 reset failed", baud) +
+                              " Click Retry to continue reset attempts or Cancel to stop.") ==
+                   Answer::Retry;
+    });
+}
+
+}  // namespace orbkl4

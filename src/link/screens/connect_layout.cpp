@@ -1,0 +1,229 @@
+#include "base/number_text.h"
+#include "frame/logic/app_state.h"
+#include "link/logic/baud_rates.h"
+#include "link/screens/connect.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/controls/option_button.h"
+#include "platform/form.h"
+#include "platform/port_device.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace orbkl4 {
+
+namespace {
+
+/// One thing told of a sensor that has been found; the fields of the "Manual" tab bear the name
+/// with a "1" behind it.
+struct ParameterRow {
+    const char* name;
+    const char* caption;
+    std::string (*text)(const DeviceSearch& search);
+};
+
+constexpr ParameterRow parameterRows[] = {
+    {"txtPort", "Serial Port",
+     [](const DeviceSearch& search) { return std::to_string(search.FoundPort()); }},
+    {"txtBaudRate", "Baud Rate", [](const DeviceSearch& search) { return search.FoundBaud(); }},
+    {"txtSN", "Serial Number",
+     [](const DeviceSearch&) { return ScreenText(AppState.SerialNumber); }},
+    {"txtFW", "Firmware Version", [](const DeviceSearch&) { return AppState.FirmwareText; }},
+    {"txtGGS", "Gyro Gain Scale",
+     [](const DeviceSearch&) { return ScreenText(AppState.GyroGainScale); }},
+    {"txtAGS", "Acc Gain Scale",
+     [](const DeviceSearch&) { return ScreenText(AppState.AccGainScale); }},
+    {"txtMGS", "Mag Gain Scale",
+     [](const DeviceSearch&) { return ScreenText(AppState.MagGainScale); }},
+};
+
+struct BaudRow {
+    const char* name;
+    const char* caption;
+};
+
+/// In the order of `baudRates`; shown the fastest first.
+constexpr BaudRow baudRows[] = {
+    {"optBaud19200", "19200"}, {"optBaud38400", "38400 (Default)"}, {"optBaud115200", "115200"}};
+static_assert(std::size(baudRows) == baudRates.size());
+constexpr std::size_t defaultBaudRow = 1;
+
+/// The rows in two columns, which stand alike on both tabs.
+QGroupBox* MakeParameters(QWidget* tab, const char* name, const std::string& suffix) {
+    constexpr int firstColumnRows = 4;
+    constexpr int columnGap = 24;
+    constexpr int rowGap = 8;
+    auto* frame = MakeFrame(tab, name, "Parameters");
+    KeepColours(*frame);
+    auto* columns = new QHBoxLayout(frame);
+    columns->setSpacing(columnGap);
+    QFormLayout* rows = nullptr;
+    int made = 0;
+    for (const ParameterRow& row : parameterRows) {
+        if (made++ % firstColumnRows == 0) {
+            rows = new QFormLayout;
+            rows->setVerticalSpacing(rowGap);
+            rows->setHorizontalSpacing(rowGap);
+            columns->addLayout(rows, 1);
+        }
+        AddTextRow(*rows, (row.name + suffix).c_str(), row.caption);
+    }
+    return frame;
+}
+
+QGroupBox* MakeProgress(QWidget* tab, const char* name, QProgressBar* bar) {
+    auto* frame = MakeFrame(tab, name, "Progress");
+    KeepColours(*frame);
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(bar);
+    return frame;
+}
+
+/// A button row that ends at the right.
+QHBoxLayout* MakeButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QPushButton* button : buttons) row->addWidget(button);
+    return row;
+}
+
+}  // namespace
+
+Connect::Connect()
+    : Screen("Connect", "Connect"),
+      port_(this, "MSComm1"),
+      search_(port_, *this, [this](const std::string& step) { ShowStep(step); }) {
+    SSTab1_ = Named(new QTabWidget(this), "SSTab1");
+    SSTab1_->addTab(MakeAutoTab(), QStringLiteral("Auto"));
+    SSTab1_->addTab(MakeManualTab(), QStringLiteral("Manual"));
+    SSTab1_->addTab(MakeResetTab(), QStringLiteral("Reset"));
+    connect(SSTab1_, &QTabWidget::currentChanged, this, &Connect::TabTurned);
+    TabTurned(0);
+    cmdConnectAuto_->setFocus();
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(SSTab1_);
+}
+
+void Connect::ShowStep(const std::string& step) {
+    fraProgress_->setTitle(QString::fromStdString(step));
+    fraProgress_->repaint();  // the waits that follow let no event run
+}
+
+QWidget* Connect::MakeAutoTab() {
+    auto* tab = new QWidget;
+    PBar_ = MakeProgressBar(tab, "PBar", lastPortNumber);
+    fraProgress_ = MakeProgress(tab, "fraProgress", PBar_);
+    cmdConnectAuto_ =
+        MakeButton(tab, "cmdConnectAuto", "Connect", [this] { cmdConnectAuto_Click(); });
+    cmdQuitAuto_ = MakeButton(tab, "cmdQuitAuto", "Quit", [this] { Unload(); });
+    auto* column = new QVBoxLayout(tab);
+    column->addWidget(fraProgress_);
+    column->addWidget(MakeParameters(tab, "fraParameters", ""));
+    column->addStretch(1);
+    column->addLayout(MakeButtonRow({cmdConnectAuto_, cmdQuitAuto_}));
+    return tab;
+}
+
+QWidget* Connect::MakeManualTab() {
+    auto* tab = new QWidget;
+    cmdConnectManual_ =
+        MakeButton(tab, "cmdConnectManual", "Connect", [this] { cmdConnectManual_Click(); });
+    cmdQuit_ = MakeButton(tab, "cmdQuit", "Quit", [this] { Unload(); });
+    auto* choices = new QHBoxLayout;
+    choices->addWidget(MakePortFrame(tab), 1);
+    choices->addWidget(MakeBaudFrame(tab));
+    auto* column = new QVBoxLayout(tab);
+    column->addLayout(choices);
+    column->addWidget(MakeParameters(tab, "Frame1", "1"));
+    column->addStretch(1);
+    column->addLayout(MakeButtonRow({cmdConnectManual_, cmdQuit_}));
+    return tab;
+}
+
+QGroupBox* Connect::MakePortFrame(QWidget* tab) {
+    fraPort_ = MakeFrame(tab, "fraPort", "Select Serial Port");
+    NumEditCommPort_ = Named(new CWNumEdit(fraPort_), "NumEditCommPort");
+    NumEditCommPort_->Limits(1, lastPortNumber);
+    NumEditCommPort_->WholeNumbers(true);
+    lblDevice_ = MakeLabel(fraPort_, "lblDevice", "");
+    lblDevice_->setWordWrap(true);
+    lblDevice_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    // Room for the longest text, so that nothing moves as the numbers are stepped through.
+    constexpr int lines = 4;
+    constexpr int characters = 30;
+    const QFontMetrics metrics = lblDevice_->fontMetrics();
+    lblDevice_->setMinimumSize(characters * metrics.averageCharWidth(),
+                               lines * metrics.lineSpacing());
+    connect(NumEditCommPort_, &CWNumEdit::ValueChanged, this, &Connect::ShowDevice);
+    constexpr int gap = 12;
+    auto* row = new QHBoxLayout(fraPort_);
+    row->setSpacing(gap);
+    row->addWidget(NumEditCommPort_);
+    row->addWidget(lblDevice_, 1);
+    return fraPort_;
+}
+
+QGroupBox* Connect::MakeBaudFrame(QWidget* tab) {
+    fraBaud_ = MakeFrame(tab, "fraBaud", "Select Baud Rate");
+    auto* column = new QVBoxLayout(fraBaud_);
+    for (std::size_t i = 0; i < baudRates.size(); ++i) {
+        const BaudRow& row = baudRows[i];
+        baudOptions_.at(i) =
+            Named(new OptionButton(QString::fromUtf8(row.caption), fraBaud_), row.name);
+        column->insertWidget(0, baudOptions_.at(i));
+    }
+    baudOptions_.at(defaultBaudRow)->Value(true);
+    return fraBaud_;
+}
+
+QWidget* Connect::MakeResetTab() {
+    auto* tab = new QWidget;
+    auto* frame = MakeFrame(tab, "fraReset", "");
+    lblReset_ = MakeLabel(frame, "lblReset", "");
+    lblReset_->setWordWrap(true);
+    lblReset_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    auto* text = new QVBoxLayout(frame);
+    text->addWidget(lblReset_);
+    PBar1_ = MakeProgressBar(tab, "PBar1", lastPortNumber);
+    cmdReset_ = MakeButton(tab, "cmdReset", "Reset", [this] { cmdReset_Click(); });
+    cmdQuitReset_ = MakeButton(tab, "cmdQuitReset", "Quit", [this] { Unload(); });
+    auto* column = new QVBoxLayout(tab);
+    column->addWidget(frame, 1);
+    column->addWidget(MakeProgress(tab, "fraProgress1", PBar1_));
+    column->addLayout(MakeButtonRow({cmdReset_, cmdQuitReset_}));
+    return tab;
+}
+
+/// Enter does what the tab is for, but nothing is reset by a stray key.
+void Connect::TabTurned(int index) {
+    const std::array<QPushButton*, 3> defaults{cmdConnectAuto_, cmdConnectManual_, cmdQuitReset_};
+    DefaultButton(*defaults.at(static_cast<std::size_t>(index)));
+    ShowDevice();
+}
+
+void Connect::ShowDevice() {
+    const PortDevice device = DeviceOfPort(static_cast<int>(NumEditCommPort_->Value()));
+    QStringList lines;
+    if (!device.name.isEmpty()) lines += device.name;
+    if (!device.description.isEmpty()) lines += device.description;
+    if (!device.present) {
+        lines += QStringLiteral("No serial line is there");
+    } else if (!device.permitted) {
+        lines += PermissionHint(device);
+    }
+    lblDevice_->setText(lines.join(QLatin1Char('\n')));
+}
+
+void Connect::ShowParameters(const char* suffix) {
+    for (const ParameterRow& row : parameterRows) {
+        auto* field = findChild<TextField*>(QLatin1String(row.name) + QLatin1String(suffix));
+        if (field != nullptr) field->Text(row.text(search_));
+    }
+}
+
+}  // namespace orbkl4
