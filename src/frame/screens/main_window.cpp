@@ -127,6 +127,7 @@ void Main::BuildLayout() {
     column->addWidget(MakeCaption(this, "Label3", "ORB-KL4 Data Acquisition and Display", 2.0));
     column->addWidget(MakeCaption(this, "Label1", "for RS-232", 1.4));
     column->addWidget(MakeCaption(this, "Label2", "for firmware 3.1.01", 1.2));
+    column->addSpacing(16);
     column->addWidget(picture_, 12);
     column->addWidget(emblem, 1);
     column->addStretch(1);

@@ -74,8 +74,8 @@ void CWButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const qreal ratio = painter.device()->devicePixelRatioF();
     const int side = std::min(width(), height());
-    const QString key =
-        QStringLiteral("orbkl4-lamp-%1-%2-%3%4").arg(side).arg(ratio).arg(value_).arg(isEnabled());
+    const int look = (value_ ? 2 : 0) + (isEnabled() ? 1 : 0);
+    const QString key = QStringLiteral("orbkl4-lamp-%1-%2-%3").arg(side).arg(ratio).arg(look);
     QPixmap lamp;
     if (!QPixmapCache::find(key, &lamp)) {
         lamp = QPixmap((QSizeF(side, side) * ratio).toSize());

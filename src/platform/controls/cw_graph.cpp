@@ -57,7 +57,7 @@ void CWGraph::AddPlot(std::size_t plot) {
     graph->removeFromLegend();
 }
 
-Qt::PenStyle CWGraph::LineStyle(std::size_t plot) const {
+Qt::PenStyle CWGraph::LineStyle(std::size_t plot) {
     return lineStyles.at(plot % lineStyles.size());
 }
 

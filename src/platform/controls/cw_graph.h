@@ -31,7 +31,7 @@ class CWGraph : public QCustomPlot {
     void PlotName(std::size_t plot, const QString& name);
 
     /// The pen style of plot `plot` (from 0).
-    Qt::PenStyle LineStyle(std::size_t plot) const;
+    static Qt::PenStyle LineStyle(std::size_t plot);
 
     /// Appends one point to each plot, one read after the last; error 9 where there is not one
     /// value for each.
