@@ -18,9 +18,9 @@ constexpr int significantDigits = 15;
 std::string ScreenText(double number) {
     if (number == 0) return "0";  // also for a negative zero, which rounding leaves behind
     std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
-                                   std::chars_format::general, significantDigits)
-                         .ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                    std::chars_format::general, significantDigits)
+                          .ptr;
     std::string text(buffer.data(), end);
     if (const auto exponent = text.find('e'); exponent != std::string::npos) text[exponent] = 'E';
     return text;

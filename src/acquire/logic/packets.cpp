@@ -14,42 +14,40 @@ constexpr double gainDivisor = 32768000;  // 32768 times 1000
 constexpr double degreesPerBit = 360.0 / 65536;
 constexpr double unitWord = 8192;  // the word that stands for 1
 
+/// Stores the word at `offset` of the packet in `field`, and gives it.
+double StoreWord(const SampleField& field, std::size_t offset) {
+    const double word = WordAt(AppState.CommandBytes, offset);
+    field.In(SampleState) = word;
+    return word;
+}
+
 /// Stores all words unconverted, and their sum with the header byte.
 void StoreWords(const SamplePacket& packet, const PacketFrameFields& frame) {
-    const Bytes& bytes = AppState.CommandBytes;
-    double sum = ByteAt(bytes, 0);
+    double sum = ByteAt(AppState.CommandBytes, 0);
     frame.header.In(SampleState) = sum;
     std::size_t offset = 1;
-    const auto store = [&](const SampleField& field) {
-        const double word = WordAt(bytes, offset);
+    for (const PacketWord& word : packet.words) {
+        sum += StoreWord(word.field, offset);
         offset += 2;
-        field.In(SampleState) = word;
-        return word;
-    };
-    for (const PacketWord& word : packet.words) sum += store(word.field);
-    sum += store(frame.ticks);
-    store(frame.checksum);
+    }
+    sum += StoreWord(frame.ticks, offset);
+    StoreWord(frame.checksum, offset + 2);
     frame.calcChecksum.In(SampleState) = ToInt32(sum) % wordValues;
 }
 
 double Converted(double word, Conversion conversion) {
     switch (conversion) {
-        case Conversion::RawBits:
-            return word;
+        case Conversion::RawBits: return word;
         case Conversion::MagneticField:
             return RoundTo(AppState.MagGainScale * ToSigned16(word) / gainDivisor, 4);
         case Conversion::Acceleration:
             return RoundTo(AppState.AccGainScale * ToSigned16(word) / gainDivisor, 4);
         case Conversion::AngularRate:
             return RoundTo(AppState.GyroGainScale * ToSigned16(word) / gainDivisor, 4);
-        case Conversion::Quaternion:
-            return RoundTo(ToSigned16(word) / unitWord, 4);
-        case Conversion::Angle:
-            return RoundTo(degreesPerBit * ToSigned16(word), 1);
-        case Conversion::UnsignedAngle:
-            return RoundTo(degreesPerBit * word, 1);
-        case Conversion::Matrix:
-            return ToSigned16(word) / unitWord;
+        case Conversion::Quaternion: return RoundTo(ToSigned16(word) / unitWord, 4);
+        case Conversion::Angle: return RoundTo(degreesPerBit * ToSigned16(word), 1);
+        case Conversion::UnsignedAngle: return RoundTo(degreesPerBit * word, 1);
+        case Conversion::Matrix: return ToSigned16(word) / unitWord;
     }
     return word;
 }

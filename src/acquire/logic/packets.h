@@ -4,6 +4,7 @@
 #include "acquire/logic/sample_state.h"
 #include "link/logic/device_command.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -116,15 +117,12 @@ inline constexpr std::array samplePackets = [] {
     });
 }();
 
-static_assert(
-    [] {
-        for (const SamplePacket& packet : samplePackets)
-            if (packet.length != 5 + 2 * packet.words.size() ||
-                packet.length != ReplyLength(packet.command))
-                return false;
-        return true;
-    }(),
-    "a packet is its command byte, its words, ticks and checksum");
+static_assert(std::ranges::all_of(samplePackets,
+                                  [](const SamplePacket& packet) {
+                                      return packet.length == 5 + 2 * packet.words.size() &&
+                                             packet.length == ReplyLength(packet.command);
+                                  }),
+              "a packet is its command byte, its words, ticks and checksum");
 
 /// The packet that answers `command`, one of the twelve data commands.
 constexpr const SamplePacket& PacketOf(DeviceCommand command) {

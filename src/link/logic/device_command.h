@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace orbkl4 {
@@ -43,23 +44,26 @@ enum class DeviceCommand : std::uint8_t {
 /// ticks, they are its last word before the checksum.
 struct CommandFormat {
     DeviceCommand command;
-    std::size_t replyLength;    ///< bytes of the whole reply; 0 where none is looked at
-    std::string_view fixed;     ///< bytes that the sensor demands behind the command byte
-    std::size_t parameters;     ///< bytes that the sender chooses
-    std::string_view closing;   ///< bytes that the sensor demands at the end
-    std::string_view contents;  ///< parameters -> words of the reply before the checksum
+    std::size_t replyLength;                ///< of the whole frame; 0 where none is looked at
+    std::span<const std::uint8_t> fixed;    ///< demanded by the sensor behind the command byte
+    std::size_t parameters;                 ///< how many bytes the sender chooses
+    std::span<const std::uint8_t> closing;  ///< demanded by the sensor at the end
+    std::string_view contents;              ///< parameters -> words before the checksum
 };
 
 namespace detail {
 
-using namespace std::string_view_literals;
 using enum DeviceCommand;
 
-inline constexpr auto none = ""sv;
-inline constexpr auto zero = "\0"sv;
-inline constexpr auto unlock = "\x71\x3E"sv;
-inline constexpr auto unlockWrite = "\x71\0"sv;
-inline constexpr auto confirmTare = "\xC1\xC3\xC5"sv;
+template <std::size_t count>
+using Fixed = std::array<std::uint8_t, count>;
+
+inline constexpr Fixed<0> none{};
+inline constexpr Fixed<1> zero{0x00};
+inline constexpr Fixed<1> endOfWrite{0xAA};
+inline constexpr Fixed<2> unlock{0x71, 0x3E};
+inline constexpr Fixed<2> unlockWrite{0x71, 0x00};
+inline constexpr Fixed<3> confirmTare{0xC1, 0xC3, 0xC5};
 
 }  // namespace detail
 
@@ -86,7 +90,8 @@ inline constexpr std::array commandFormats = [] {
         {CmdReadSystemGains, 11, none, 0, none, "-> three gains, ticks"},
         {CmdSelfTest, 0, none, 1, none, "shift bits -> nothing"},
         {CmdReadEeprom, 7, zero, 1, none, "address -> value, ticks"},
-        {CmdWriteEeprom, 7, unlockWrite, 3, "\xAA", "address, high byte, low byte -> word, ticks"},
+        {CmdWriteEeprom, 7, unlockWrite, 3, endOfWrite,
+         "address, high byte, low byte -> word, ticks"},
         {CmdEulerAccelRate, 23, none, 0, none, "-> 9 words, ticks"},
         {CmdHardIronInit, 5, unlock, 0, none, "-> ticks"},
         {CmdHardIronCollect, 23, none, 0, none, "-> field, minima, maxima, ticks"},
