@@ -5,6 +5,10 @@
 #include "frame/screens/main_window.h"
 #include "frame/screens/version_serial.h"
 #include "link/screens/connect.h"
+#include "memory/screens/analog.h"
+#include "memory/screens/eeprom_map.h"
+#include "memory/screens/gains.h"
+#include "memory/screens/view_matrix.h"
 #include "platform/screen_registry.h"
 #include "settings/screens/set_write_rate.h"
 
@@ -24,9 +28,12 @@ struct ScreenRow {
 
 constexpr ScreenRow screens[] = {
     {"About", Make<About>},
+    {"Analog", Make<Analog>},
     {"Angles", MakeView<views::angles>},
     {"AnglesAccRate", MakeView<views::anglesAccRate>},
     {"Connect", Make<Connect>},
+    {"EEPROMmap", Make<EEPROMmap>},
+    {"Gains", Make<Gains>},
     {"Main", Make<Main>},
     {"Matrices", MakeView<views::matrices>},
     {"QuatVec", MakeView<views::quatVec>},
@@ -35,6 +42,7 @@ constexpr ScreenRow screens[] = {
     {"SetWriteRate", Make<SetWriteRate>},
     {"Vectors", MakeView<views::vectors>},
     {"VersionSerial", Make<VersionSerial>},
+    {"ViewMatrix", Make<ViewMatrix>},
 };
 
 }  // namespace

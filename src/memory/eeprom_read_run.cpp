@@ -2,10 +2,9 @@
 
 #include "frame/logic/app_state.h"
 #include "link/communication.h"
-#include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "memory/logic/catalogue.h"
-#include "memory/logic/fault_texts.h"
+#include "memory/reply_question.h"
 #include "platform/boxes.h"
 #include "platform/mscomm.h"
 #include "platform/timer.h"
@@ -13,8 +12,6 @@
 namespace orbkl4 {
 
 namespace {
-
-constexpr auto command = DeviceCommand::CmdReadEeprom;
 
 void AskForWord(MSComm& port) {
     AppState.CommandBytes = ReadEepromRequest(AppState.CurrentEEPROMAddress);
@@ -45,13 +42,10 @@ void StartEepromRead(const EepromReadRun& run) {
 }
 
 void EepromReadTick(const EepromReadRun& run) {
-    run.port.Input(AppState.CommandBytes);
-    const ReplyFault fault = CheckReply(AppState.CommandBytes, command);
-    if (fault == ReplyFault::None) {
-        TakeWord(run);
-    } else if (AskRetryCancel(RetryText(command, fault)) == Answer::Retry) {
-        AskForWord(run.port);
-        return;
+    switch (TakeReply(run.port, DeviceCommand::CmdReadEeprom)) {
+        case ReplyVerdict::Good: TakeWord(run); break;
+        case ReplyVerdict::Retry: AskForWord(run.port); return;
+        case ReplyVerdict::Skip: break;
     }
     if (AppState.CurrentEEPROMAddress == run.last) {
         End(run);

@@ -12,10 +12,18 @@
 
 namespace orbkl4 {
 
+QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString MemberName(const char* array, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+}
+
 QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text) {
     auto* label = Named(new QLabel(parent), name);
     label->setTextFormat(Qt::PlainText);
-    label->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    label->setText(ToQString(text));
     return label;
 }
 

@@ -21,6 +21,12 @@ Control* Named(Control* control, const char* name) {
     return control;
 }
 
+/// `text` (UTF-8) for a Qt control.
+QString ToQString(std::string_view text);
+
+/// The control name of member `index` of the control array `array`, such as "NumEdit(22)".
+QString MemberName(const char* array, int index);
+
 /// A label `name` that shows `text` (UTF-8, plain).
 QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text);
 

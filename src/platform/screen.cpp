@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include <algorithm>
 #include <string_view>
 
 namespace orbkl4 {
@@ -31,14 +32,18 @@ MenuEntry& Screen::Menu(const char* name) const {
 void Screen::BuildMenu(std::span<const MenuRow> rows) {
     for (const MenuRow& row : rows) {
         auto* entry = new MenuEntry(this, row);
-        if (std::string_view(row.menu).empty()) {
-            // A menu takes no focus from the field that is being typed in.
-            connect(entry->MakeMenu(this), &QMenu::aboutToShow, this,
-                    [] { CWNumEdit::CommitPending(); });
-            menuBarEntries_ += entry;
-        } else {
+        if (!std::string_view(row.menu).empty()) {
             Menu(row.menu).menu<QMenu*>()->addAction(entry);
+            continue;
         }
+        menuBarEntries_ += entry;
+        const auto isEntryOfIt = [&](const MenuRow& other) {
+            return std::string_view(other.menu) == row.name;
+        };
+        if (std::ranges::none_of(rows, isEntryOfIt)) continue;
+        // A menu takes no focus from the field that is being typed in.
+        connect(entry->MakeMenu(this), &QMenu::aboutToShow, this,
+                [] { CWNumEdit::CommitPending(); });
     }
 }
 

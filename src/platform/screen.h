@@ -43,7 +43,8 @@ class Screen : public QWidget {
     void CloseAllowed(bool allowed) { closeAllowed_ = allowed; }
 
   protected:
-    /// Makes the menu tree of `rows`; a menu stands before its entries.
+    /// Makes the menu tree of `rows`; a menu stands before its entries, and a row of the menu bar
+    /// without any is an entry itself.
     void BuildMenu(std::span<const MenuRow> rows);
 
     /// The button that Enter presses while no other button has the focus.

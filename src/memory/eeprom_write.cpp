@@ -1,0 +1,17 @@
+#include "memory/eeprom_write.h"
+
+#include "frame/logic/app_state.h"
+#include "link/logic/requests.h"
+#include "memory/logic/catalogue.h"
+#include "platform/mscomm.h"
+
+namespace orbkl4 {
+
+void SendEepromWrite(MSComm& port, double number) {
+    const eeprom::Address address = AppState.CurrentEEPROMAddress;
+    AppState.EEPROMWriteValue = WordOfNumber(address, number);
+    AppState.CommandBytes = WriteEepromRequest(address, AppState.EEPROMWriteValue);
+    port.Output(AppState.CommandBytes);
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,207 @@
+#include "memory/screens/analog.h"
+
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "link/communication.h"
+#include "memory/eeprom_write.h"
+#include "platform/boxes.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/form.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <string>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int tickMilliseconds = 100;
+constexpr std::uint32_t unusedColor = 0xE0E0E0;  // a field that the function doesn't use
+constexpr eeprom::Address first = analogWords.front().address;
+constexpr eeprom::Address last = analogWords.back().address;
+
+constexpr MenuRow menuTree[] = {
+    {"mnuFile", "&File"},
+    {"mnuRead", "&Read", "mnuFile"},
+    {"mnuWrite", "&Write", "mnuFile"},
+    {"mnuSep", "-", "mnuFile"},
+    {"mnuReturn", "&Return", "mnuFile"},
+};
+
+}  // namespace
+
+Analog::Analog()
+    : Screen("Analog", "Analog Output"),
+      fraAnalog_(MakeFrame(this, "fraAnalog", "Analog Output Settings")),
+      cmbFunction_(Named(new ComboBox(fraAnalog_), "cmbFunction")),
+      progress_(this, first, last),
+      port_(this, "MSComm1"),
+      timerRead_(this, "TimerRead", tickMilliseconds),
+      timerWrite_(this, "TimerWrite", tickMilliseconds),
+      readRun_{*this, port_, timerRead_, first, last, 2, {}, {}, {}} {
+    readRun_.take = [this] { TakeWord(); };
+    readRun_.pass = [this] { progress_.Value(AppState.CurrentEEPROMAddress); };
+    readRun_.end = [this] { EndRun("Read process has completed!"); };
+    BuildMenu(menuTree);
+    BuildLayout();
+    connect(cmbFunction_, &ComboBox::Click, this, &Analog::cmbFunction_Click);
+    connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Analog::mnuRead_Click);
+    connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Analog::mnuWrite_Click);
+    connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Analog::mnuReturn_Click);
+    connect(&timerRead_, &Timer::Tick, this, &Analog::TimerRead_Timer);
+    connect(&timerWrite_, &Timer::Tick, this, &Analog::TimerWrite_Timer);
+}
+
+void Analog::BuildLayout() {
+    constexpr int gap = 20;
+    auto* grid = new QGridLayout(fraAnalog_);
+    grid->setHorizontalSpacing(gap);
+    grid->addWidget(MakeLabel(fraAnalog_, "lblFunction", "Select Function"), 0, 0);
+    grid->addWidget(cmbFunction_, 0, 1, 1, 3);
+    int column = 1;
+    for (const char* header : {"Adjustable Values", "Range", "EEPROM"}) {
+        auto* label = MakeLabel(fraAnalog_, ("lblColumn" + std::to_string(column)).c_str(), header);
+        grid->addWidget(label, 1, column++);
+    }
+    int row = 2;
+    for (const AnalogWord& word : analogWords) AddWordRow(*grid, row++, word);
+
+    auto* rows = new QVBoxLayout;
+    rows->addStretch(1);
+    rows->addWidget(fraAnalog_, 6);
+    rows->addWidget(progress_.Frame());
+    rows->addStretch(1);
+    auto* centred = new QHBoxLayout(this);
+    centred->addStretch(1);
+    centred->addLayout(rows, 2);
+    centred->addStretch(1);
+}
+
+void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
+    const std::string address = std::to_string(word.address);
+    auto* field = Named(new CWNumEdit(fraAnalog_), ("NumEdit" + address).c_str());
+    field->Limits(0, word.maximum);
+    field->WholeNumbers(true);
+    fields_.at(static_cast<std::size_t>(word.address - first) / 2) = field;
+    const bool isCommand = word.address == eeprom::analogCommand;
+    const std::string rangeName = isCommand ? "lblCommandByte" : "lblRange" + address;
+    QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
+    if (isCommand) lblCommandByte_ = range;
+    grid.addWidget(MakeLabel(fraAnalog_, ("lblWord" + address).c_str(), word.label), row, 0);
+    grid.addWidget(field, row, 1);
+    grid.addWidget(range, row, 2);
+    grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 3);
+}
+
+CWNumEdit& Analog::FieldOf(eeprom::Address address) const {
+    return *fields_.at(static_cast<std::size_t>(address - first) / 2);
+}
+
+void Analog::Form_Load() {
+    Trap("Form_Load", [this] {
+        for (const AnalogFunction& function : analogFunctions)
+            cmbFunction_->AddItem(ToQString(function.text));
+    });
+}
+
+void Analog::Form_Activate() {
+    Trap("Form_Activate", [this] { mnuRead_Click(); });
+}
+
+void Analog::cmbFunction_Click() {
+    Trap("cmbFunction_Click", [this] {
+        const int row = cmbFunction_->ListIndex();
+        const AnalogFunction& function = analogFunctions.at(static_cast<std::size_t>(row));
+        for (CWNumEdit* field : fields_) {
+            field->setEnabled(false);
+            field->BackColorText(unusedColor);
+        }
+        CWNumEdit& command = FieldOf(eeprom::analogCommand);
+        lblCommandByte_->setText(ToQString(analogWords.front().range));
+        command.Minimum(0);
+        command.Value(row);
+        for (const eeprom::Address address : function.adjustable) {
+            FieldOf(address).setEnabled(true);
+            FieldOf(address).BackColorText(windowBackground);
+        }
+        if (row != customAnalogFunction) return;
+        lblCommandByte_->setText(ToQString(customAnalogRange));
+        command.Minimum(customAnalogFunction);
+    });
+}
+
+void Analog::EnableControls(bool enabled) {
+    Menu("mnuRead").Enabled(enabled);
+    Menu("mnuWrite").Enabled(enabled);
+    fraAnalog_->setEnabled(enabled);
+}
+
+void Analog::BeginRun(const char* caption) {
+    MousePointer(Pointer::Hourglass);
+    EnableControls(false);
+    progress_.Start(first, caption);
+}
+
+void Analog::EndRun(const char* message) {
+    ShowMessage(message);
+    EnableControls(true);
+    progress_.Rest();
+}
+
+void Analog::mnuRead_Click() {
+    Trap("mnuRead_Click", [this] {
+        BeginRun("Reading");
+        StartEepromRead(readRun_);
+    });
+}
+
+void Analog::TimerRead_Timer() {
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
+}
+
+/// A command byte without a row in the list is an error, though its field has taken it already.
+void Analog::TakeWord() {
+    const eeprom::Address address = AppState.CurrentEEPROMAddress;
+    FieldOf(address).Value(AppState.EEPROMValue);
+    if (address == eeprom::analogCommand)
+        cmbFunction_->ListIndex(static_cast<int>(AppState.EEPROMValue));
+}
+
+void Analog::mnuWrite_Click() {
+    Trap("mnuWrite_Click", [this] {
+        BeginRun("Writing");
+        OpenCommPort(port_, *this);
+        AppState.CurrentEEPROMAddress = first;
+        timerWrite_.Enabled(true);
+    });
+}
+
+void Analog::TimerWrite_Timer() {
+    Trap("TimerWrite_Timer", [this] {
+        const eeprom::Address address = AppState.CurrentEEPROMAddress;
+        progress_.Value(address);
+        SendEepromWrite(port_, FieldOf(address).Value());
+        if (address != last) {
+            AppState.CurrentEEPROMAddress = static_cast<eeprom::Address>(address + 2);
+            return;
+        }
+        timerWrite_.Enabled(false);
+        CloseCommPort(port_, *this);
+        MousePointer(Pointer::Default);
+        EndRun("Write process has completed!");
+        mnuRead_Click();
+    });
+}
+
+void Analog::mnuReturn_Click() {
+    Trap("mnuReturn_Click", [this] {
+        MousePointer(Pointer::Default);
+        Unload();
+    });
+}
+
+}  // namespace orbkl4

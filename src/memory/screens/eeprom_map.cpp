@@ -1,0 +1,309 @@
+#include "memory/screens/eeprom_map.h"
+
+#include "frame/logic/app_state.h"
+#include "frame/settings.h"
+#include "frame/trap.h"
+#include "link/communication.h"
+#include "memory/eeprom_write.h"
+#include "memory/logic/map_runs.h"
+#include "platform/boxes.h"
+#include "platform/clock.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/file_channel.h"
+#include "platform/form.h"
+#include "platform/program_folder.h"
+#include "platform/screen_registry.h"
+
+#include <QGroupBox>
+#include <QHoverEvent>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int tickMilliseconds = 100;
+constexpr int fullBar = 256;
+constexpr eeprom::Address firstRead = 2;  // the word at 0 is never read
+
+constexpr std::string_view standardLevel = "Standard";
+constexpr std::string_view advancedLevel = "Advanced";
+
+/// The entries that can't be chosen during a run.
+constexpr const char* runEntries[] = {"mnuRead", "mnuWrite",   "mnuViewMatrix",
+                                      "mnuLog",  "mnuShowMin", "mnuShowMax"};
+
+/// A field that takes the nearest legal code when it is left.
+struct CodeField {
+    eeprom::Address address;
+    double (*snapped)(double value);
+};
+
+constexpr CodeField codeFields[] = {
+    {eeprom::baudRate, SnappedBaudCode},
+    {eeprom::timer2Prescaler, SnappedPrescaler},
+};
+
+}  // namespace
+
+EEPROMmap::EEPROMmap()
+    : Screen("EEPROMmap", "EEPROM Map"),
+      fraEEPROMAddresses1_(MakeFrame(this, "fraEEPROMAddresses1", "EEPROM Addresses")),
+      fraEEPROMAddresses_(MakeFrame(this, "fraEEPROMAddresses", "EEPROM Addresses")),
+      panel_(this),
+      progress_(this, 0, fullBar),
+      port_(this, "MSComm1"),
+      timerRead_(this, "TimerRead", tickMilliseconds),
+      timerWrite_(this, "TimerWrite", tickMilliseconds),
+      readRun_{*this, port_, timerRead_, firstRead, eeprom::last, 2, {}, {}, {}} {
+    readRun_.take = [this] {
+        NumEdit_.at(IndexOf(AppState.CurrentEEPROMAddress))->Value(AppState.EEPROMValue);
+    };
+    readRun_.pass = [this] { progress_.Value(AppState.CurrentEEPROMAddress); };
+    readRun_.end = [this] { EndRead(); };
+    connect(&timerRead_, &Timer::Tick, this, &EEPROMmap::TimerRead_Timer);
+    connect(&timerWrite_, &Timer::Tick, this, &EEPROMmap::TimerWrite_Timer);
+    BuildLayout();
+    ConnectMenu();
+    ConnectFields();
+}
+
+void EEPROMmap::ConnectFields() {
+    for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
+        connect(NumEdit_.at(index), &CWNumEdit::ValueChanged, this,
+                [this, index] { NumEdit_ValueChanged(index); });
+        NumEdit_.at(index)->installEventFilter(this);
+    }
+    for (const CodeField& row : codeFields) {
+        CWNumEdit* field = NumEdit_.at(IndexOf(row.address));
+        connect(field, &CWNumEdit::LostFocus, this, [field, &row] {
+            Trap("NumEdit_LostFocus", [&] { field->Value(row.snapped(field->Value())); });
+        });
+    }
+}
+
+void EEPROMmap::Form_Load() {
+    Trap("Form_Load", [this] {
+        if (AppState.AdvancedMode) {
+            Menu("mnuSep1").Visible(true);
+            Menu("mnuLog").Visible(true);
+        }
+        FillEEPROMNames();
+        PopulateNumEditMinimum();
+        PopulateNumEditMaximum();
+        ApplyAccessLevel(AppState.AdvancedMode ? advancedLevel : standardLevel);
+    });
+}
+
+void EEPROMmap::PopulateNumEditMinimum() {
+    for (const EepromWord& word : eepromCatalogue)
+        NumEdit_.at(IndexOf(word.address))->Minimum(word.minimum);
+}
+
+void EEPROMmap::PopulateNumEditMaximum() {
+    for (const EepromWord& word : eepromCatalogue)
+        NumEdit_.at(IndexOf(word.address))->Maximum(word.maximum);
+}
+
+void EEPROMmap::ApplyAccessLevel(std::string_view level) {
+    const bool advanced = level == advancedLevel;
+    if (!advanced && level != standardLevel) return;
+    for (const EepromWord& word : eepromCatalogue)
+        NumEdit_.at(IndexOf(word.address))->setEnabled(IsEnabled(word.access, advanced));
+}
+
+bool EEPROMmap::event(QEvent* event) {
+    if (event->type() == QEvent::HoverMove || event->type() == QEvent::HoverEnter)
+        PointerMoved(static_cast<QHoverEvent*>(event)->position().toPoint());
+    return Screen::event(event);
+}
+
+bool EEPROMmap::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const auto field = std::ranges::find(NumEdit_, watched);
+        const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+        if (byKey && field != NumEdit_.end())
+            NumEdit_MouseMove(static_cast<std::size_t>(field - NumEdit_.begin()));
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+void EEPROMmap::PointerMoved(const QPoint& position) {
+    const QWidget* under = childAt(position);
+    if (under == nullptr) {
+        Form_MouseMove();
+        return;
+    }
+    for (; under != this; under = under->parentWidget()) {
+        const auto field = std::ranges::find(NumEdit_, under);
+        if (field == NumEdit_.end()) continue;
+        NumEdit_MouseMove(static_cast<std::size_t>(field - NumEdit_.begin()));
+        return;
+    }
+}
+
+void EEPROMmap::Form_MouseMove() {
+    Trap("Form_MouseMove", [this] { panel_.Clear(); });
+}
+
+void EEPROMmap::NumEdit_MouseMove(std::size_t index) {
+    Trap("NumEdit_MouseMove", [&] { panel_.Show(eepromCatalogue.at(index), *NumEdit_.at(index)); });
+}
+
+void EEPROMmap::NumEdit_ValueChanged(std::size_t index) {
+    Trap("NumEdit_ValueChanged", [&] {
+        if (!readInProgress_) NumEdit_.at(index)->BackColorText(ModifiedColor);
+    });
+}
+
+void EEPROMmap::Form_KeyDown() {
+    Trap("Form_KeyDown", [this] {
+        for (const char* entry : {"mnuShowMin", "mnuShowMax"})
+            Menu(entry).Visible(!Menu(entry).Visible());
+    });
+}
+
+void EEPROMmap::ClearModifiedMarks() {
+    for (CWNumEdit* field : NumEdit_) field->BackColorText(windowBackground);
+}
+
+void EEPROMmap::EnableControls(bool enabled) {
+    for (const char* entry : runEntries) Menu(entry).Enabled(enabled);
+    for (QGroupBox* frame : {panel_.Frame(), fraEEPROMAddresses_, fraEEPROMAddresses1_})
+        frame->setEnabled(enabled);
+}
+
+double EEPROMmap::NumberAt(eeprom::Address address) const {
+    return NumEdit_.at(IndexOf(address))->Value();
+}
+
+void EEPROMmap::mnuRead_Click() {
+    Trap("mnuRead_Click", [this] {
+        MousePointer(Pointer::Hourglass);
+        EnableControls(false);
+        ClearModifiedMarks();
+        readInProgress_ = true;
+        progress_.Start(0, "Reading");
+        StartEepromRead(readRun_);
+    });
+}
+
+void EEPROMmap::TimerRead_Timer() {
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
+}
+
+void EEPROMmap::EndRead() {
+    if (logAfterRead_) {
+        Logger();
+        logAfterRead_ = false;
+        ShowMessage("Log process has completed!");
+    } else {
+        ShowMessage("Read process has completed!");
+    }
+    EnableControls(true);
+    readInProgress_ = false;
+    progress_.Rest();
+}
+
+void EEPROMmap::mnuLog_Click() {
+    Trap("mnuLog_Click", [this] {
+        logAfterRead_ = true;
+        mnuRead_Click();
+    });
+}
+
+void EEPROMmap::Logger() {
+    Trap("Logger", [this] {
+        std::array<double, eepromWordCount> numbers{};
+        std::ranges::transform(NumEdit_, numbers.begin(),
+                               [](auto* field) { return field->Value(); });
+        const QString folder = LogsFolder() + QLatin1Char('/');
+        Channel1().OpenForOutput(folder.toStdString() + EepromLogName(LocalTime()));
+        for (const std::string& line : EepromLogLines(numbers)) Channel1().Print(line);
+    });
+    Channel1().Close();
+}
+
+void EEPROMmap::mnuWrite_Click() {
+    Trap("mnuWrite_Click", [this] {
+        MousePointer(Pointer::Hourglass);
+        EnableControls(false);
+        progress_.Start(0, "Writing");
+        OpenCommPort(port_, *this);
+        std::array<bool, eepromWordCount> modified{};
+        std::ranges::transform(NumEdit_, modified.begin(),
+                               [](auto* field) { return field->BackColorText() == ModifiedColor; });
+        writeList_ = WriteListOf(modified);
+        writePosition_ = 0;
+        AppState.CurrentEEPROMAddress = writeList_.front();
+        timerWrite_.Enabled(true);
+    });
+}
+
+void EEPROMmap::TimerWrite_Timer() {
+    Trap("TimerWrite_Timer", [this] {
+        const eeprom::Address address = AppState.CurrentEEPROMAddress;
+        SendEepromWrite(port_, NumberAt(address));
+        if (address == eeprom::baudRate) baudWritten_ = true;
+        if (writePosition_ + 1 == writeList_.size()) {
+            EndWrite();
+            return;
+        }
+        progress_.Value(address);
+        ++writePosition_;
+        AppState.CurrentEEPROMAddress = writeList_.at(writePosition_);
+    });
+}
+
+void EEPROMmap::EndWrite() {
+    timerWrite_.Enabled(false);
+    CloseCommPort(port_, *this);
+    MousePointer(Pointer::Default);
+    ShowMessage("Write process has completed!");
+    if (baudWritten_) {
+        ShowMessage(
+            "BAUD RATE changes will not take effect until 1) the program is exited/re-started and "
+            "2) the ORB-KL4 power is cycled!");
+    }
+    baudWritten_ = false;
+    SaveCommSettingsFromMap();
+    AppState.AccGainScale = NumberAt(eeprom::accGainScale);
+    AppState.MagGainScale = NumberAt(eeprom::magGainScale);
+    AppState.GyroGainScale = NumberAt(eeprom::gyroGainScale);
+    EnableControls(true);
+    progress_.Rest();
+    ClearModifiedMarks();
+}
+
+void EEPROMmap::SaveCommSettingsFromMap() {
+    StoreCommSettings(std::string(CommSettingsOfBaudCode(NumberAt(eeprom::baudRate))));
+}
+
+void EEPROMmap::mnuShowMin_Click() {
+    Trap("mnuShowMin_Click", [this] {
+        for (CWNumEdit* field : NumEdit_) field->Value(field->Minimum());
+    });
+}
+
+void EEPROMmap::mnuShowMax_Click() {
+    Trap("mnuShowMax_Click", [this] {
+        for (CWNumEdit* field : NumEdit_) field->Value(field->Maximum());
+    });
+}
+
+void EEPROMmap::mnuViewMatrix_Click() {
+    Trap("mnuViewMatrix_Click", [] { ShowModalScreen("ViewMatrix"); });
+}
+
+void EEPROMmap::mnuReturn_Click() {
+    Trap("mnuReturn_Click", [this] {
+        MousePointer(Pointer::Default);
+        Unload();
+    });
+}
+
+}  // namespace orbkl4

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "memory/eeprom_read_run.h"
+#include "memory/logic/catalogue.h"
+#include "memory/screens/run_progress.h"
+#include "memory/screens/word_panel.h"
+#include "platform/mscomm.h"
+#include "platform/screen.h"
+#include "platform/timer.h"
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+class QGridLayout;
+class QGroupBox;
+
+namespace orbkl4 {
+
+class CWNumEdit;
+
+/// The background of a field whose number isn't in the sensor yet; a write run goes by it alone.
+inline constexpr std::uint32_t ModifiedColor = 0xC0C0FF;
+
+/// Shows all words of the sensor's EEPROM, reads them, writes those that were changed, and logs
+/// them.
+class EEPROMmap : public Screen {
+    Q_OBJECT
+
+  public:
+    EEPROMmap();
+
+    void Form_Load() override;
+
+    /// Gives every field its lower limit.
+    void PopulateNumEditMinimum();
+
+    /// Gives every field its upper limit.
+    void PopulateNumEditMaximum();
+
+  protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void BuildLayout();
+    void AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn);
+    void ConnectMenu();
+    void ConnectFields();
+
+    void Form_KeyDown();
+    void Form_MouseMove();
+    void NumEdit_MouseMove(std::size_t index);
+    void NumEdit_ValueChanged(std::size_t index);
+    void mnuRead_Click();
+    void mnuWrite_Click();
+    void mnuLog_Click();
+    void mnuShowMin_Click();
+    void mnuShowMax_Click();
+    void mnuViewMatrix_Click();
+    void mnuReturn_Click();
+    void TimerRead_Timer();
+    void TimerWrite_Timer();
+
+    void ApplyAccessLevel(std::string_view level);
+    void PointerMoved(const QPoint& position);
+    void ClearModifiedMarks();
+    void EnableControls(bool enabled);
+    void EndRead();
+    void EndWrite();
+    void SaveCommSettingsFromMap();
+    void Logger();
+    double NumberAt(eeprom::Address address) const;
+
+    std::array<CWNumEdit*, eepromWordCount> NumEdit_{};
+    QGroupBox* fraEEPROMAddresses1_;
+    QGroupBox* fraEEPROMAddresses_;
+    WordPanel panel_;
+    RunProgress progress_;
+    MSComm port_;
+    Timer timerRead_, timerWrite_;
+    EepromReadRun readRun_;
+    std::vector<eeprom::Address> writeList_;
+    std::size_t writePosition_ = 0;
+    bool readInProgress_ = false;
+    bool logAfterRead_ = false;
+    bool baudWritten_ = false;
+};
+
+}  // namespace orbkl4

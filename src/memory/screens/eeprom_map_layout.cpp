@@ -1,0 +1,109 @@
+// The look and the wiring of `EEPROMmap`; what it does stands in eeprom_map.cpp.
+
+#include "memory/screens/eeprom_map.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/form.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QShortcut>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr bool enabled = true;
+constexpr bool hidden = false;
+
+constexpr MenuRow menuTree[] = {
+    {"mnuFile", "&File"},
+    {"mnuRead", "Rea&d", "mnuFile"},
+    {"mnuWrite", "&Write", "mnuFile"},
+    {"mnuViewMatrix", "&View Matrix", "mnuFile"},
+    {"mnuSep1", "-", "mnuFile", enabled, hidden},
+    {"mnuLog", "Lo&g EEPROM", "mnuFile", enabled, hidden},
+    {"mnuShowMin", "&Show Min", "mnuFile", enabled, hidden},
+    {"mnuShowMax", "Show &Max", "mnuFile", enabled, hidden},
+    {"Sep1", "-", "mnuFile"},
+    {"mnuReturn", "&Return", "mnuFile"},
+};
+
+constexpr std::size_t firstFrameFields = 8;
+constexpr int firstFrameRows = 4;
+constexpr int secondFrameRows = 12;
+
+// How a column's width is shared: room before a label parts it from the field on its left.
+constexpr int labelShare = 4;
+constexpr int fieldShare = 7;
+
+/// Keeps the numbers of disabled fields in `frame` readable: most fields are, at the level
+/// "Standard" and during a run.
+void DarkenDisabledNumbers(QWidget& frame) {
+    constexpr QColor ink{0x5A, 0x66, 0x73};
+    QPalette palette = frame.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, ink);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, ink);
+    frame.setPalette(palette);
+}
+
+}  // namespace
+
+void EEPROMmap::BuildLayout() {
+    setAttribute(Qt::WA_Hover);
+    auto* first = new QGridLayout(fraEEPROMAddresses1_);
+    auto* second = new QGridLayout(fraEEPROMAddresses_);
+    for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
+        if (index < firstFrameFields) {
+            AddField(*first, index, firstFrameRows);
+        } else {
+            AddField(*second, index, secondFrameRows);
+        }
+    }
+    auto* top = new QHBoxLayout;
+    top->addWidget(fraEEPROMAddresses1_, 2);
+    top->addWidget(panel_.Frame(), 6);
+    top->addWidget(progress_.Frame(), 2);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(top, firstFrameRows);
+    column->addWidget(fraEEPROMAddresses_, secondFrameRows);
+    DarkenDisabledNumbers(*fraEEPROMAddresses1_);
+    DarkenDisabledNumbers(*fraEEPROMAddresses_);
+}
+
+void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn) {
+    const auto place =
+        static_cast<int>(index < firstFrameFields ? index : index - firstFrameFields);
+    const int row = place % rowsPerColumn;
+    const int column = place / rowsPerColumn * 2;
+    QWidget* frame = grid.parentWidget();
+    const std::string address = std::to_string(2 * index);
+    auto* label = MakeLabel(frame, ("lblAddress" + address).c_str(), address);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* field = new CWNumEdit(frame);
+    field->setObjectName(MemberName("NumEdit", static_cast<int>(index)));
+    field->setAccessibleName(QStringLiteral("EEPROM address %1").arg(2 * index));
+    field->Compact();
+    field->WholeNumbers(true);
+    grid.addWidget(label, row, column);
+    grid.addWidget(field, row, column + 1);
+    grid.setColumnStretch(column, labelShare);
+    grid.setColumnStretch(column + 1, fieldShare);
+    NumEdit_.at(index) = field;
+}
+
+void EEPROMmap::ConnectMenu() {
+    BuildMenu(menuTree);
+    connect(&Menu("mnuRead"), &MenuEntry::Click, this, &EEPROMmap::mnuRead_Click);
+    connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &EEPROMmap::mnuWrite_Click);
+    connect(&Menu("mnuViewMatrix"), &MenuEntry::Click, this, &EEPROMmap::mnuViewMatrix_Click);
+    connect(&Menu("mnuLog"), &MenuEntry::Click, this, &EEPROMmap::mnuLog_Click);
+    connect(&Menu("mnuShowMin"), &MenuEntry::Click, this, &EEPROMmap::mnuShowMin_Click);
+    connect(&Menu("mnuShowMax"), &MenuEntry::Click, this, &EEPROMmap::mnuShowMax_Click);
+    connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &EEPROMmap::mnuReturn_Click);
+    const QKeySequence chord(Qt::CTRL | Qt::Key_F11);
+    auto* shortcut = new QShortcut(chord, this);
+    connect(shortcut, &QShortcut::activated, this, &EEPROMmap::Form_KeyDown);
+}
+
+}  // namespace orbkl4

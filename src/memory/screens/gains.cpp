@@ -1,0 +1,178 @@
+#include "memory/screens/gains.h"
+
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "link/communication.h"
+#include "link/logic/requests.h"
+#include "memory/reply_question.h"
+#include "platform/boxes.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/form.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <string>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr int tickMilliseconds = 1000;
+constexpr double greatestGain = 65535;
+
+constexpr MenuRow menuTree[] = {
+    {"mnuFile", "&File"},
+    {"mnuRead", "Rea&d", "mnuFile"},
+    {"mnuWrite", "&Write", "mnuFile"},
+    {"mnuSep", "-", "mnuFile"},
+    {"mnuReturn", "&Return", "mnuFile"},
+};
+
+struct GainRow {
+    const char* label;
+    const char* address;
+};
+
+/// In the order of the gains in the packets.
+constexpr std::array<GainRow, 3> gainRows{{
+    {"Accelerometer Proportional Gain", "124"},
+    {"Magnetometer Proportional Gain", "126"},
+    {"Bias Tracking Gain", "128"},
+}};
+
+}  // namespace
+
+Gains::Gains()
+    : Screen("Gains", "Read/Write Current System Gains"),
+      fraGain_(MakeFrame(this, "fraGain", "System Gains")),
+      progress_(this, 0, 1),
+      port_(this, "MSComm1"),
+      timerRead_(this, "TimerRead", tickMilliseconds),
+      timerWrite_(this, "TimerWrite", tickMilliseconds) {
+    BuildMenu(menuTree);
+    BuildLayout();
+    connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Gains::mnuRead_Click);
+    connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Gains::mnuWrite_Click);
+    connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Gains::mnuReturn_Click);
+    connect(&timerRead_, &Timer::Tick, this, &Gains::TimerRead_Timer);
+    connect(&timerWrite_, &Timer::Tick, this, &Gains::TimerWrite_Timer);
+}
+
+void Gains::BuildLayout() {
+    constexpr int gap = 16;
+    auto* grid = new QGridLayout(fraGain_);
+    grid->setSpacing(gap);
+    for (std::size_t i = 0; i < gainRows.size(); ++i) {
+        const auto& [label, address] = gainRows.at(i);
+        const auto row = static_cast<int>(i);
+        auto* field = Named(new CWNumEdit(fraGain_), (std::string("NumEdit") + address).c_str());
+        field->Limits(0, greatestGain);
+        field->WholeNumbers(true);
+        fields_.at(i) = field;
+        const std::string names[] = {std::string("lblGain") + address,
+                                     std::string("lblAddress") + address};
+        grid->addWidget(MakeLabel(fraGain_, names[0].c_str(), label), row, 0);
+        grid->addWidget(field, row, 1);
+        grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 2);
+    }
+    auto* column = new QVBoxLayout;
+    column->addStretch(1);
+    column->addWidget(fraGain_);
+    column->addWidget(progress_.Frame());
+    column->addStretch(2);
+    auto* centred = new QHBoxLayout(this);
+    centred->addStretch(1);
+    centred->addLayout(column);
+    centred->addStretch(1);
+}
+
+void Gains::Form_Load() {
+    Trap("Form_Load", [this] { mnuRead_Click(); });
+}
+
+void Gains::EnableControls(bool enabled) {
+    Menu("mnuRead").Enabled(enabled);
+    Menu("mnuWrite").Enabled(enabled);
+    fraGain_->setEnabled(enabled);
+}
+
+void Gains::BeginRun(const char* caption) {
+    MousePointer(Pointer::Hourglass);
+    EnableControls(false);
+    progress_.Start(1, caption);
+}
+
+void Gains::EndRun(Timer& timer, const char* message) {
+    timer.Enabled(false);
+    CloseCommPort(port_, *this);
+    MousePointer(Pointer::Default);
+    ShowMessage(message);
+    EnableControls(true);
+    progress_.Rest();
+}
+
+void Gains::ShowGains(const SystemGains& gains) {
+    const double values[] = {gains.accelerometer, gains.magnetometer, gains.biasTracking};
+    for (std::size_t i = 0; i < fields_.size(); ++i) fields_.at(i)->Value(values[i]);
+}
+
+void Gains::SendRead() {
+    AppState.CommandBytes = Request(DeviceCommand::CmdReadSystemGains);
+    port_.Output(AppState.CommandBytes);
+}
+
+void Gains::SendWrite() {
+    const auto& [accelerometer, magnetometer, biasTracking] = fields_;
+    AppState.CommandBytes =
+        WriteGainsRequest({accelerometer->Value(), magnetometer->Value(), biasTracking->Value()});
+    port_.Output(AppState.CommandBytes);
+}
+
+void Gains::mnuRead_Click() {
+    Trap("mnuRead_Click", [this] {
+        BeginRun("Reading");
+        ShowGains({0, 0, 0});
+        OpenCommPort(port_, *this);
+        port_.Input(AppState.CommandBytes);  // what stands there answers nothing of ours
+        SendRead();
+        timerRead_.Enabled(true);
+    });
+}
+
+void Gains::TimerRead_Timer() {
+    Trap("TimerRead_Timer", [this] {
+        switch (TakeReply(port_, DeviceCommand::CmdReadSystemGains)) {
+            case ReplyVerdict::Retry: SendRead(); return;
+            case ReplyVerdict::Good: ShowGains(GainsIn(AppState.CommandBytes)); break;
+            case ReplyVerdict::Skip: break;
+        }
+        EndRun(timerRead_, "Read process has completed!");
+    });
+}
+
+void Gains::mnuWrite_Click() {
+    Trap("mnuWrite_Click", [this] {
+        BeginRun("Writing");
+        OpenCommPort(port_, *this);
+        SendWrite();
+        timerWrite_.Enabled(true);
+    });
+}
+
+void Gains::TimerWrite_Timer() {
+    Trap("TimerWrite_Timer", [this] {
+        if (TakeReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
+            SendWrite();
+            return;
+        }
+        EndRun(timerWrite_, "Write process has completed!");
+    });
+}
+
+void Gains::mnuReturn_Click() {
+    Trap("mnuReturn_Click", [this] { Unload(); });
+}
+
+}  // namespace orbkl4
