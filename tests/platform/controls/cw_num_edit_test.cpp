@@ -157,7 +157,7 @@ TEST_F(CWNumEditTest, StepsWithoutDustAndTowardsTheLimits) {
         double value;
     };
     const Case cases[] = {
-        {0.52, 0.01, -5, 5, Qt::Key_Up, 3, 0.55},   {0, 0.1, -5, 5, Qt::Key_Up, 7, 0.7},
+        {0.52, 0.01, -5, 5, Qt::Key_Up, 3, 0.55},   {0, 0.1, -5, 5, Qt::Key_Up, 8, 0.8},
         {15, 1, 1, 16, Qt::Key_Up, 3, 16},          {15, 1, 1, 16, Qt::Key_PageDown, 2, 1},
         {70000, 1, 0, 65535, Qt::Key_Up, 1, 70000}, {70000, 1, 0, 65535, Qt::Key_Down, 1, 65535},
         {0, 1, 0.01, 157, Qt::Key_Down, 1, 0},      {0, 1, 0.01, 157, Qt::Key_Up, 1, 1},
