@@ -145,4 +145,11 @@ void MakeWarning(QLabel& label) {
     label.setFont(bold);
 }
 
+void KeepReadableDisabled(QWidget& frame) {
+    QPalette palette = frame.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, look::paleInk);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, look::paleInk);
+    frame.setPalette(palette);
+}
+
 }  // namespace orbkl4

@@ -8,6 +8,7 @@
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/form.h"
+#include "platform/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -57,24 +58,27 @@ Analog::Analog()
 }
 
 void Analog::BuildLayout() {
-    constexpr int gap = 20;
+    constexpr int gap = 24;
     auto* grid = new QGridLayout(fraAnalog_);
     grid->setHorizontalSpacing(gap);
+    KeepReadableDisabled(*fraAnalog_);
     grid->addWidget(MakeLabel(fraAnalog_, "lblFunction", "Select Function"), 0, 0);
-    grid->addWidget(cmbFunction_, 0, 1, 1, 3);
+    grid->addWidget(cmbFunction_, 0, 1, 1, 3, Qt::AlignVCenter);
     int column = 1;
     for (const char* header : {"Adjustable Values", "Range", "EEPROM"}) {
         auto* label = MakeLabel(fraAnalog_, ("lblColumn" + std::to_string(column)).c_str(), header);
+        QFont bold = label->font();
+        bold.setBold(true);
+        label->setFont(bold);
         grid->addWidget(label, 1, column++);
     }
     int row = 2;
     for (const AnalogWord& word : analogWords) AddWordRow(*grid, row++, word);
+    for (int i = 0; i < row; ++i) grid->setRowStretch(i, 1);
 
     auto* rows = new QVBoxLayout;
-    rows->addStretch(1);
-    rows->addWidget(fraAnalog_, 6);
+    rows->addWidget(fraAnalog_, 1);
     rows->addWidget(progress_.Frame());
-    rows->addStretch(1);
     auto* centred = new QHBoxLayout(this);
     centred->addStretch(1);
     centred->addLayout(rows, 2);
@@ -92,7 +96,7 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
     QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
     if (isCommand) lblCommandByte_ = range;
     grid.addWidget(MakeLabel(fraAnalog_, ("lblWord" + address).c_str(), word.label), row, 0);
-    grid.addWidget(field, row, 1);
+    grid.addWidget(field, row, 1, Qt::AlignVCenter);
     grid.addWidget(range, row, 2);
     grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 3);
 }

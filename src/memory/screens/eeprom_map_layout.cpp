@@ -3,6 +3,7 @@
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/form.h"
+#include "platform/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -37,16 +38,6 @@ constexpr int secondFrameRows = 12;
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
 
-/// Keeps the numbers of disabled fields in `frame` readable: most fields are, at the level
-/// "Standard" and during a run.
-void DarkenDisabledNumbers(QWidget& frame) {
-    constexpr QColor ink{0x5A, 0x66, 0x73};
-    QPalette palette = frame.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, ink);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, ink);
-    frame.setPalette(palette);
-}
-
 }  // namespace
 
 void EEPROMmap::BuildLayout() {
@@ -67,8 +58,9 @@ void EEPROMmap::BuildLayout() {
     auto* column = new QVBoxLayout(this);
     column->addLayout(top, firstFrameRows);
     column->addWidget(fraEEPROMAddresses_, secondFrameRows);
-    DarkenDisabledNumbers(*fraEEPROMAddresses1_);
-    DarkenDisabledNumbers(*fraEEPROMAddresses_);
+    // Most fields are disabled at the level "Standard", and all are during a run.
+    KeepReadableDisabled(*fraEEPROMAddresses1_);
+    KeepReadableDisabled(*fraEEPROMAddresses_);
 }
 
 void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn) {

@@ -8,6 +8,7 @@
 #include "platform/boxes.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/form.h"
+#include "platform/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -61,9 +62,12 @@ Gains::Gains()
 }
 
 void Gains::BuildLayout() {
-    constexpr int gap = 16;
+    constexpr int gap = 24;
     auto* grid = new QGridLayout(fraGain_);
     grid->setSpacing(gap);
+    grid->setContentsMargins(gap, gap, gap, gap);
+    grid->setColumnStretch(0, 1);
+    KeepReadableDisabled(*fraGain_);
     for (std::size_t i = 0; i < gainRows.size(); ++i) {
         const auto& [label, address] = gainRows.at(i);
         const auto row = static_cast<int>(i);
@@ -78,14 +82,14 @@ void Gains::BuildLayout() {
         grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 2);
     }
     auto* column = new QVBoxLayout;
-    column->addStretch(1);
+    column->addStretch(2);
     column->addWidget(fraGain_);
     column->addWidget(progress_.Frame());
-    column->addStretch(2);
+    column->addStretch(3);
     auto* centred = new QHBoxLayout(this);
-    centred->addStretch(1);
-    centred->addLayout(column);
-    centred->addStretch(1);
+    centred->addStretch(2);
+    centred->addLayout(column, 3);
+    centred->addStretch(2);
 }
 
 void Gains::Form_Load() {

@@ -47,6 +47,7 @@ void ViewMatrix::BuildMatrixFrame() {
         field->setObjectName(MemberName("txtMatrix", static_cast<int>(k) + 1));
         field->Characters(digits);
         field->Decimals(0);
+        field->setMinimumWidth(field->sizeHint().width());
         grid->addWidget(label, row, 2 * column, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(field, row, 2 * column + 1);
         txtMatrix_.at(k) = field;
