@@ -1,0 +1,179 @@
+#include "datafiles/data_files.h"
+
+#include "acquire/logic/sample_state.h"
+#include "frame/logic/app_state.h"
+#include "frame/start_up.h"
+#include "platform/common_dialog.h"
+#include "platform/file_channel.h"
+#include "platform/program_folder.h"
+#include "platform/screen.h"
+#include "support/box_hand.h"
+#include "support/file_dialog_hand.h"
+#include "support/surroundings.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QLocale>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace orbkl4::test {
+
+namespace {
+
+class DataFiles : public testing::Test {
+  protected:
+    DataFiles() {
+        AppState = {};
+        SampleState = {};
+        AppState.VersionText = "2.0.4";
+        TestForFileFolders();
+        dialog = new CommonDialog(&screen, "CommonDialog1");
+    }
+    ~DataFiles() override { Channel1().Close(); }
+
+    static QString InFolder(const char* leaf) {
+        return DataFilesFolder() + QLatin1Char('/') + QLatin1String(leaf);
+    }
+
+    static void Use(const QString& path) { AppState.DataFileName = path.toStdString(); }
+
+    Surroundings surroundings;
+    Screen screen{"Vectors", "Vectors"};
+    CommonDialog* dialog;
+};
+
+/// Lets this process write no file beyond `bytes`, as on a disk that is full there.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : formerHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit limit{bytes, former_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, formerHandler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    void (*formerHandler_)(int);
+    rlimit former_{};
+};
+
+}  // namespace
+
+TEST_F(DataFiles, AFileBeginsWithItsHead) {
+    FileDialogHand hand({QStringLiteral("flight")});
+    CreateDataFile(screen, "Quaternions");
+    EXPECT_EQ(hand.Folder(), DataFilesFolder());
+    EXPECT_EQ(hand.Filter(), "CSV Files (*.csv)");
+    EXPECT_EQ(AppState.DataFileName, InFolder("flight.csv").toStdString());
+    const QStringList lines =
+        QString::fromUtf8(ContentOf(InFolder("flight.csv"))).split(QStringLiteral("\r\n"));
+    ASSERT_EQ(lines.size(), 6) << "five lines, each ended";
+    EXPECT_EQ(lines[0], "Kestrelmoor ORB-KL4 Data File Version 2.0.4");
+    const QString date = QStringLiteral("Date file created: ");
+    const QString time = QStringLiteral("Time file created: ");
+    ASSERT_TRUE(lines[1].startsWith(date) && lines[2].startsWith(time));
+    const QLocale system = QLocale::system();
+    const QDate dated = system.toDate(lines[1].mid(date.size()), QLocale::ShortFormat);
+    const QDate today = QDate::currentDate();
+    EXPECT_EQ(dated.month(), today.month());
+    EXPECT_EQ(dated.day(), today.day());
+    EXPECT_TRUE(system.toTime(lines[2].mid(time.size()), QLocale::ShortFormat).isValid());
+    EXPECT_EQ(lines[3], "Quaternions");
+    EXPECT_EQ(lines[4], "Time(Seconds),Quat0,Quat1,Quat2,Quat3,TimerTicks");
+    EXPECT_TRUE(lines[5].isEmpty());
+}
+
+TEST_F(DataFiles, CancelAndFailureEndSilently) {
+    Use(InFolder("earlier.csv"));
+    const BoxHand boxes;
+    {
+        FileDialogHand hand({QString()});
+        CreateDataFile(screen, "Vectors");
+        EXPECT_EQ(hand.Count(), 1U);
+        EXPECT_EQ(AppState.DataFileName, InFolder("earlier.csv").toStdString());
+        EXPECT_TRUE(dialog->FileName().isEmpty());
+    }
+    QFile kept(InFolder("kept.csv"));
+    ASSERT_TRUE(kept.open(QIODevice::WriteOnly));
+    kept.write("precious");
+    kept.close();
+    {
+        const FileDialogHand refuses({InFolder("kept.csv")}, false);
+        CreateDataFile(screen, "Vectors");
+        EXPECT_EQ(ContentOf(InFolder("kept.csv")), "precious");
+    }
+    {
+        const FullDisk disk(20);
+        const FileDialogHand overwrites({InFolder("kept.csv")});
+        CreateDataFile(screen, "Vectors");
+        EXPECT_EQ(ContentOf(InFolder("kept.csv")), "") << "not half a line";
+        EXPECT_EQ(AppState.DataFileName, InFolder("kept.csv").toStdString());
+    }
+    EXPECT_EQ(boxes.Count(), 2U) << "the dialog's own questions about overwriting alone";
+    EXPECT_FALSE(Channel1().IsOpen());
+}
+
+TEST_F(DataFiles, EachRowIsAppendedToTheFileOfTheMoment) {
+    SampleState.Pitch = -0.5;
+    SampleState.TicksGyro = 7;
+    SampleState.TicksInstant = 9;
+    Use(InFolder("first.csv"));
+    WriteAnglesToFile(Side::Gyro, "0");
+    Use(InFolder("second.csv"));
+    WriteAnglesToFile(Side::Instant, ".75");
+    Use(InFolder("first.csv"));
+    WriteAnglesToFile(Side::Instant, "1.5");
+    EXPECT_EQ(ContentOf(InFolder("first.csv")), "0,-.5, 0, 0, 7\r\n1.5,-.5, 0, 0, 9\r\n");
+    EXPECT_EQ(ContentOf(InFolder("second.csv")), ".75,-.5, 0, 0, 9\r\n");
+    EXPECT_FALSE(Channel1().IsOpen());
+}
+
+TEST_F(DataFiles, AFileThatCannotBeOpenedIsReportedUnderTheWriter) {
+    Use(InFolder("no such folder/file.csv"));
+    using Writer = void (*)();
+    const std::vector<std::pair<const char*, Writer>> writers = {
+        {"WriteSensorBitsToFile", [] { WriteSensorBitsToFile("0"); }},
+        {"WriteVectorsToFile", [] { WriteVectorsToFile(Side::Gyro, "0"); }},
+        {"WriteQuaternionsToFile", [] { WriteQuaternionsToFile(Side::Gyro, "0"); }},
+        {"WriteMatrixToFile", [] { WriteMatrixToFile(Side::Instant, "0"); }},
+        {"WriteAnglesToFile", [] { WriteAnglesToFile(Side::Gyro, "0"); }},
+        {"WriteQuatVecsToFile", [] { WriteQuatVecsToFile(Side::Gyro, "0"); }},
+        {"WriteAnglesAccRateVectorsToFile", [] { WriteAnglesAccRateVectorsToFile("0"); }},
+    };
+    const BoxHand boxes({}, QMessageBox::Retry);
+    for (const auto& [name, write] : writers) {
+        write();
+        const std::string expected =
+            std::string("Number: 76\r\nSource: ") + name + "\r\nScreen: General\r\n";
+        EXPECT_NE(boxes.Texts().back().find(expected), std::string::npos) << boxes.Texts().back();
+    }
+    EXPECT_EQ(boxes.Count(), writers.size());
+}
+
+TEST_F(DataFiles, AFullDiskLosesWholeRowsAndLeavesNoPart) {
+    Use(InFolder("full.csv"));
+    const QByteArray row = "0, 0, 0, 0, 0, 0\r\n";  // 18 bytes
+    const BoxHand boxes({}, QMessageBox::Retry);
+    {
+        const FullDisk disk(2 * 18 + 5);
+        for (int i = 0; i < 3; ++i) WriteQuaternionsToFile(Side::Gyro, "0");
+        EXPECT_EQ(ContentOf(InFolder("full.csv")), row + row);
+        EXPECT_EQ(boxes.Texts(),
+                  std::vector<std::string>{"The SimpleErrorHandler sub routine has errored!"})
+            << "the channel is still open when the error handler wants it";
+        EXPECT_FALSE(Channel1().IsOpen());
+    }
+    WriteQuaternionsToFile(Side::Gyro, "0");
+    EXPECT_EQ(ContentOf(InFolder("full.csv")), row + row + row) << "the next sample tries again";
+    EXPECT_EQ(boxes.Count(), 1U);
+}
+
+}  // namespace orbkl4::test

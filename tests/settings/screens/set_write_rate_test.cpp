@@ -1,0 +1,65 @@
+#include "acquire/logic/sample_state.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/screen_registry.h"
+#include "support/box_hand.h"
+#include "support/screens/screen_fixture.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace orbkl4::test {
+
+namespace {
+
+class WriteRate : public ScreenTest {
+  protected:
+    Screen& screen = OpenModal("SetWriteRate");
+    QCheckBox& chkUnrestricted = Get<QCheckBox>(screen, "chkUnrestricted");
+    CWNumEdit& rate = Get<CWNumEdit>(screen, "NumEditRate");
+
+    void Press(const char* button) { Get<QPushButton>(screen, button).click(); }
+    static bool Closed() { return FindScreen("SetWriteRate") == nullptr; }
+};
+
+}  // namespace
+
+TEST_F(WriteRate, StartsAsTheSettingStandsAndSetsIt) {
+    EXPECT_TRUE(chkUnrestricted.isChecked());
+    EXPECT_FALSE(rate.isEnabled());
+    EXPECT_EQ(rate.Value(), 0);
+    chkUnrestricted.click();
+    EXPECT_TRUE(rate.isEnabled());
+    rate.Value(10);
+    Press("cmdOK");
+    EXPECT_TRUE(Closed());
+    EXPECT_DOUBLE_EQ(SampleState.WriteIntervalTicks, 15.2587890625);
+    Screen& again = OpenModal("SetWriteRate");
+    EXPECT_FALSE(Get<QCheckBox>(again, "chkUnrestricted").isChecked());
+    EXPECT_DOUBLE_EQ(Get<CWNumEdit>(again, "NumEditRate").Value(), 10);
+    Get<QCheckBox>(again, "chkUnrestricted").click();
+    Get<QPushButton>(again, "cmdOK").click();
+    EXPECT_EQ(SampleState.WriteIntervalTicks, 0);
+}
+
+TEST_F(WriteRate, CancelChangesNothing) {
+    SampleState.WriteIntervalTicks = 153;
+    chkUnrestricted.click();
+    rate.Value(2);
+    Press("cmdCancel");
+    EXPECT_TRUE(Closed());
+    EXPECT_EQ(SampleState.WriteIntervalTicks, 153);
+}
+
+TEST_F(WriteRate, ARateOfNothingIsAnErrorAndTheScreenStays) {
+    SampleState.WriteIntervalTicks = 153;
+    chkUnrestricted.click();
+    const BoxHand hand({QMessageBox::Retry});
+    Press("cmdOK");
+    ASSERT_EQ(hand.Count(), 1U);
+    EXPECT_NE(hand.Texts()[0].find("Number: 11\r\nSource: cmdOK_Click\r\nScreen: SetWriteRate\r\n"),
+              std::string::npos);
+    EXPECT_FALSE(Closed());
+    EXPECT_EQ(SampleState.WriteIntervalTicks, 153);
+}
+
+}  // namespace orbkl4::test
