@@ -24,6 +24,11 @@ PseudoTerminal::PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_
 
 PseudoTerminal::~PseudoTerminal() { HangUp(); }
 
+unsigned PseudoTerminal::Speed() const {
+    termios settings{};
+    return ::tcgetattr(master_, &settings) == 0 ? ::cfgetospeed(&settings) : 0;
+}
+
 void PseudoTerminal::Send(const Bytes& bytes) const {
     [[maybe_unused]] const auto written = ::write(master_, bytes.data(), bytes.size());
     Q_ASSERT(written == static_cast<ssize_t>(bytes.size()));

@@ -17,6 +17,9 @@ class PseudoTerminal {
     /// The device that a port opens.
     QString Path() const { return path_; }
 
+    /// The speed that the port was last set to, a code such as B38400.
+    unsigned Speed() const;
+
     /// Sends `bytes` to whoever holds the port.
     void Send(const Bytes& bytes) const;
 
