@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPageSize>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -13,13 +14,24 @@
 
 namespace {
 
-constexpr int pictureWidth = 520;  // points, on A4 with the margins below
+constexpr int pixelsPerInch = 96;
+constexpr int pictureWidth = 640;  // pixels; A4 has 680 of them between the margins below
 constexpr double marginMillimetres = 15;
 
 /// Sets every picture of the document to the width of the page's text.
 QString FitPictures(QString html) {
     return html.replace(QStringLiteral("<img "),
                         QStringLiteral("<img width=\"%1\" ").arg(pictureWidth));
+}
+
+/// The first picture of `markdown` that isn't in `folder`, empty where all are; the layout of a
+/// document with a picture that isn't there would never end.
+QString MissingPicture(const QString& markdown, const QDir& folder) {
+    static const QRegularExpression picture(QStringLiteral(R"(!\[[^\]]*\]\(([^)]+)\))"));
+    for (const auto& match : picture.globalMatch(markdown)) {
+        if (!folder.exists(match.captured(1))) return match.captured(1);
+    }
+    return {};
 }
 
 }  // namespace
@@ -37,15 +49,21 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s can't be read\n", qPrintable(source.fileName()));
         return EXIT_FAILURE;
     }
+    const QString text = QString::fromUtf8(source.readAll());
+    if (const QString missing = MissingPicture(text, folder); !missing.isEmpty()) {
+        std::fprintf(stderr, "the picture %s is missing\n", qPrintable(missing));
+        return EXIT_FAILURE;
+    }
     QPdfWriter writer(arguments[2]);
     writer.setTitle(QStringLiteral("ORB-KL4 Help"));
     writer.setPageSize(QPageSize(QPageSize::A4));
     const QMarginsF margins(marginMillimetres, marginMillimetres, marginMillimetres,
                             marginMillimetres);
     writer.setPageMargins(margins, QPageLayout::Millimeter);
+    writer.setResolution(pixelsPerInch);
 
     QTextDocument markdown;
-    markdown.setMarkdown(QString::fromUtf8(source.readAll()));
+    markdown.setMarkdown(text);
     QTextDocument document;
     document.setBaseUrl(QUrl::fromLocalFile(folder.absolutePath() + QLatin1Char('/')));
     document.setHtml(FitPictures(markdown.toHtml()));

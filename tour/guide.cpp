@@ -10,6 +10,7 @@
 #include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPixmap>
@@ -106,7 +107,7 @@ void Guide::Answer(QMessageBox& box) {
 }
 
 void Guide::Answer(QFileDialog& dialog) {
-    dialog.selectFile(saveIn_);
+    dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(saveIn_);
     auto* buttons = dialog.findChild<QDialogButtonBox*>();
     buttons->button(QDialogButtonBox::Save)->click();
 }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "link/logic/device_command.h"
+
+#include <string>
+
+namespace orbkl4::bench {
+
+/// What a sampling loop did.
+struct LoopResult {
+    double samples = 0;
+    double seconds = 0;
+    double cpuSeconds = 0;  ///< of the calling thread
+
+    double Rate() const { return samples / seconds; }
+    double CpuPerSample() const { return cpuSeconds / samples; }
+};
+
+/// Processor seconds that the calling thread has used.
+double ThreadCpuSeconds();
+
+/// Samples `command` on the line `device` for `seconds`, with nothing but blocking reads and
+/// writes: the least that any program can do.
+LoopResult RawLoop(const std::string& device, DeviceCommand command, int baud, double seconds);
+
+}  // namespace orbkl4::bench
