@@ -1,0 +1,193 @@
+#include "acquire/screens/view_fixture.h"
+#include "platform/clock.h"
+#include "platform/screen_registry.h"
+#include "support/box_hand.h"
+
+#include <QPointer>
+#include <QResizeEvent>
+
+#include <chrono>
+#include <functional>
+#include <random>
+
+namespace orbkl4::test {
+
+namespace {
+
+/// The least that a wait of 100 counted milliseconds takes.
+constexpr std::chrono::milliseconds oneWait(99);
+
+Bytes QuatVecFrame(std::uint8_t command, unsigned ticks) {
+    return Frame(command, {8192, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, ticks});
+}
+
+/// Notes the widths that a window takes.
+class WidthWatch : public QObject {
+  public:
+    explicit WidthWatch(QWidget& window) { window.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Resize) {
+            const auto* resize = static_cast<QResizeEvent*>(event);
+            steps.push_back(resize->size().width() - resize->oldSize().width());
+            if (steps.size() == 1 && onFirst) onFirst();
+        }
+        return false;
+    }
+
+    std::vector<int> steps;
+    std::function<void()> onFirst;
+};
+
+class QuatVec : public ViewTest {
+  protected:
+    Screen& screen = Open("QuatVec");
+    WidthWatch watch{frame};
+    const int step = qRound(50.0 / 1440 * frame.logicalDpiX());  ///< 50 twips in pixels
+};
+
+using BiasCapture = ViewTest;
+
+}  // namespace
+
+TEST_F(QuatVec, AnOverlongReplyNudgesTheFrameAndIsDropped) {
+    Bytes two = QuatVecFrame(0x12, 1);
+    const Bytes second = QuatVecFrame(0x12, 2);
+    two.insert(two.end(), second.begin(), second.end());
+    Script(0x12, {two, QuatVecFrame(0x12, 3)});
+    const auto start = std::chrono::steady_clock::now();
+    Click(screen, "mnuSampleInstant");
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_GT(std::chrono::steady_clock::now() - start, oneWait);
+    EXPECT_EQ(watch.steps, (std::vector<int>{step, -step}));
+    EXPECT_EQ(Text(screen, "txtTimerTicksI"), "3") << "the next reply comes into an empty buffer";
+    EXPECT_TRUE(Lit(screen, "LEDI"));
+}
+
+TEST_F(QuatVec, WhatComesDuringTheNudgeIsDrainedBeforeTheNextRequest) {
+    Bytes burst(62, 0x0C);
+    Script(0x0C, {burst, QuatVecFrame(0x0C, 9)});
+    Click(screen, "mnuSampleGyro");
+    watch.onFirst = [this] { sensor.SendUnasked(Bytes(10, 0x0C)); };
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_EQ(Text(screen, "txtTimerTicks"), "9") << "ten bytes left over would have spoilt it";
+    EXPECT_EQ(watch.steps, (std::vector<int>{step, -step}));
+}
+
+TEST_F(QuatVec, AWrongReplyOfOnePacketIsDroppedWithoutANudge) {
+    Script(0x0C, {QuatVecFrame(0x12, 1), QuatVecFrame(0x0C, 2)});
+    Click(screen, "mnuSampleGyro");
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_EQ(Text(screen, "txtTimerTicks"), "2");
+    EXPECT_TRUE(watch.steps.empty());
+}
+
+TEST_F(QuatVec, AShortBurstRaisesNoEventAndTheWatchdogRestarts) {
+    SampleState.LastReplyTime = MonotonicSeconds() - 5;
+    Script(0x0C, {Bytes(23, 0x0C), QuatVecFrame(0x0C, 2)});
+    Get<Timer>(screen, "TimerSamplingGyro").Interval(40);
+    Click(screen, "mnuSampleGyro");
+    ASSERT_TRUE(WaitFor([&] { return Text(screen, "txtTimerTicks") == "2"; }));
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_EQ(sensor.Received(), (Bytes{0x0C, 0x0C, 0x0C}));
+}
+
+TEST_F(QuatVec, AnErrorNudgesTheFrameBeforeItsBox) {
+    Script(0x0C, {QuatVecFrame(0x0C, 1)});
+    AppState.CounterFrequency = 0;
+    std::vector<int> stepsAtBox;
+    BoxHand boxes({}, QMessageBox::Retry);
+    boxes.BeforeAnswer([&](QMessageBox&) { stepsAtBox = watch.steps; });
+    Click(screen, "mnuSampleGyro");
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));
+    EXPECT_EQ(stepsAtBox, (std::vector<int>{step, -step}));
+    EXPECT_NE(boxes.Texts()[0].find("Source: MSComm1_OnComm\r\nScreen: QuatVec\r\n"),
+              std::string::npos);
+}
+
+TEST_F(BiasCapture, AnIdleViewSendsTheCommandAndLeavesThePortClosed) {
+    for (const char* name : {"Vectors", "AnglesAccRate"}) {
+        Screen& screen = Open(name);
+        sensor.ClearRecord();
+        Click(screen, "mnuCaptureBias");
+        EXPECT_FALSE(Get<MSComm>(screen, "MSComm1").PortOpen());
+        ASSERT_TRUE(AwaitRequests(1));
+        EXPECT_EQ(sensor.Received(), Bytes{0x06});
+        Click(screen, "mnuReturn");
+    }
+    EXPECT_EQ(Open("SensorBits").findChild<QObject*>("mnuCaptureBias"), nullptr);
+}
+
+TEST_F(BiasCapture, GoesInBetweenTwoRequestsOfTheRunningChannel) {
+    struct Case {
+        const char* screen;
+        const char* entry;
+        std::uint8_t command;
+        const char* port;
+        int length;
+        const char* ticksField;
+    };
+    for (const auto& [name, entry, command, portName, length, ticksField] :
+         {Case{"Vectors", "mnuSampleGyro", 0x02, "MSComm1", 23, "txtTimerTicks"},
+          Case{"Quaternions", "mnuSampleInstant", 0x04, "MSComm2", 13, "txtTimerTicksI"},
+          Case{"AnglesAccRate", "mnuSample", 0x31, "MSComm1", 23, "txtTimerTicks"}}) {
+        SCOPED_TRACE(name);
+        const auto words = static_cast<std::size_t>((length - 5) / 2 + 1);
+        const auto reply = [&](unsigned ticks) {
+            std::vector<unsigned> all(words, 0);
+            all.back() = ticks;
+            return Frame(command, all);
+        };
+        Screen& screen = Open(name);
+        auto& port = Get<MSComm>(screen, portName);
+        Script(command, {reply(1), reply(2), reply(3)});
+        sensor.ReplyTo(0x06, Bytes(7, 0x06));
+        Click(screen, entry);
+        ASSERT_TRUE(sensor.WaitForRequests(1, std::chrono::seconds(2)));  // with no event handled
+        const auto start = std::chrono::steady_clock::now();
+        Click(screen, "mnuCaptureBias");  // the reply to the first request is on its way
+        EXPECT_GT(std::chrono::steady_clock::now() - start, 2 * oneWait);
+        EXPECT_EQ(port.RThreshold(), length);
+        ASSERT_TRUE(AwaitRequests(5));
+        EXPECT_EQ(sensor.Received(), (Bytes{command, 0x06, command, command, command}));
+        EXPECT_EQ(Text(screen, ticksField), "3") << "neither the stale reply nor the other's";
+        EXPECT_FALSE(Get<QWidget>(screen, "lblWarning").isVisible());
+        Click(screen, "mnuReturn");
+    }
+}
+
+TEST_F(BiasCapture, AnyOrderOfStartsStopsAndReturnsOnASickLineLeavesNothingBehind) {
+    orbkl4sim::FaultRates faults;
+    faults.drop = faults.corrupt = faults.truncate = faults.stray = 0.1;
+    sensor.SetFaults(faults);
+    std::mt19937 random(7);
+    const auto below = [&](std::size_t limit) { return random() % limit; };
+    const std::vector<const char*> names{"SensorBits", "Vectors",       "Quaternions", "Angles",
+                                         "Matrices",   "AnglesAccRate", "QuatVec"};
+    const BoxHand boxes({}, QMessageBox::Retry);
+    Screen* screen = nullptr;
+    for (int turn = 0; turn < 200; ++turn) {
+        if (screen == nullptr) screen = &Open(names[below(names.size())]);
+        QList<MenuEntry*> entries;
+        for (MenuEntry* entry : screen->findChildren<MenuEntry*>()) {
+            if (entry->objectName().startsWith(QStringLiteral("mnuSample"))) entries += entry;
+        }
+        if (below(4) > 0) {
+            entries[static_cast<int>(below(static_cast<std::size_t>(entries.size())))]->trigger();
+            LetPass(static_cast<int>(below(8)));
+            continue;
+        }
+        const QPointer<Screen> left(screen);
+        Click(*screen, "mnuReturn");
+        screen = nullptr;
+        ASSERT_EQ(ActiveScreenName(), "Main");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_TRUE(left.isNull());
+        sensor.ClearRecord();
+        LetPass(2);
+        ASSERT_TRUE(sensor.Requests().empty()) << "nothing asks any more";
+    }
+    EXPECT_EQ(boxes.Count(), 0U);
+}
+
+}  // namespace orbkl4::test

@@ -1,0 +1,234 @@
+#include "acquire/screens/view_fixture.h"
+#include "platform/clock.h"
+#include "platform/screen_registry.h"
+#include "support/box_hand.h"
+
+namespace orbkl4::test {
+
+namespace {
+
+using Replies = std::vector<Bytes>;
+
+const Bytes rawFrame = Frame(0x01, {1, 2, 3, 4, 5, 6, 7, 8, 9, 1000});
+const std::vector<std::string> rawTexts{"1", "1", "9", "1000"};
+const std::vector<std::string> rawFields{"txtHeader", "txtRawMag1", "txtRawAngRate3",
+                                         "txtTimerTicks"};
+const std::vector<std::string> noTexts(4);
+
+Bytes Joined(const Bytes& first, const Bytes& second) {
+    Bytes joined = first;
+    joined.insert(joined.end(), second.begin(), second.end());
+    return joined;
+}
+
+class Sampling : public ViewTest {
+  protected:
+    /// A vectors packet of the ticks given, all else 0.
+    static Bytes Ticks(std::uint8_t command, unsigned ticks) {
+        return Frame(command, {0, 0, 0, 0, 0, 0, 0, 0, 0, ticks});
+    }
+
+    /// Runs `entry` through `replies` and stops it; gives the ticks of the rows saved in `leaf`.
+    std::vector<int> SavedTicks(const Screen& screen, const char* entry, std::uint8_t command,
+                                const Replies& replies, const QString& leaf) {
+        const auto before = Rows(leaf).size();
+        Script(command, replies);
+        Click(screen, entry);
+        EXPECT_TRUE(AwaitRequests(replies.size() + 1));
+        Click(screen, entry);
+        std::vector<int> ticks;
+        for (const QString& row : Rows(leaf).mid(before)) {
+            ticks.push_back(row.section(QLatin1Char(','), -1).toInt());
+        }
+        return ticks;
+    }
+};
+
+}  // namespace
+
+TEST_F(Sampling, AReplyInAnyCuttingIsOneReply) {
+    Screen& screen = Open("SensorBits");
+    std::vector<std::vector<std::size_t>> cuttings;
+    for (std::size_t place = 1; place < rawFrame.size(); ++place) cuttings.push_back({place});
+    cuttings.emplace_back(rawFrame.size() - 1, 1);  // byte by byte
+    for (const auto& sizes : cuttings) {
+        sensor.CutReplies(sizes, std::chrono::microseconds(300));
+        Script(0x01, {rawFrame});
+        Click(screen, "mnuSample");
+        ASSERT_TRUE(AwaitRequests(2)) << sizes[0];
+        EXPECT_EQ(Texts(screen, rawFields), rawTexts) << sizes[0];
+        EXPECT_TRUE(Lit(screen, "LED"));
+        Click(screen, "mnuSample");
+    }
+}
+
+TEST_F(Sampling, NothingOfARejectedReplyIsShownAndTheNextRequestGoesOut) {
+    Replies spoilt;
+    for (std::size_t bit = 0; bit < 8 * rawFrame.size(); ++bit) {
+        Bytes reply = rawFrame;
+        reply[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
+        spoilt.push_back(reply);
+    }
+    spoilt.push_back(Joined({0x00}, rawFrame));              // a stray byte before it
+    spoilt.push_back(Joined({0x01, 0x02, 0x03}, rawFrame));  // more, the first like a header
+    spoilt.push_back(Joined(rawFrame, {0x55}));              // one too many
+    spoilt.push_back(Joined(rawFrame, rawFrame));            // two at once
+    spoilt.push_back(Frame(0x02, {1, 2, 3, 4, 5, 6, 7, 8, 9, 1000}));  // another's header
+    Screen& screen = Open("SensorBits");
+    Script(0x01, spoilt);
+    Click(screen, "mnuSample");
+    ASSERT_TRUE(AwaitRequests(spoilt.size() + 1));
+    EXPECT_EQ(Texts(screen, rawFields), noTexts);
+    EXPECT_FALSE(Lit(screen, "LED"));
+    EXPECT_EQ(Property(screen, "SlideMag1", "value"), "0");
+    EXPECT_EQ(sensor.Received(), Bytes(spoilt.size() + 1, 0x01));
+}
+
+TEST_F(Sampling, TheLampGoesOutForABadSumAndStaysForAWrongReply) {
+    Screen& screen = Open("Quaternions");
+    const Bytes good = Frame(0x04, {8192, 0, 0, 0, 7});
+    const Bytes twin = Frame(0x05, {8192, 0, 0, 0, 7});
+    Bytes badSum = good;
+    badSum.back() ^= 1;
+    Script(0x04, {good, twin});
+    Click(screen, "mnuSampleInstant");
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_TRUE(Lit(screen, "LEDI"));
+    EXPECT_FALSE(Lit(screen, "LED"));
+    EXPECT_EQ(Text(screen, "txtHeaderI"), "4");
+    EXPECT_EQ(Text(screen, "txtHeader"), "") << "the twin's panel is not its own";
+    Click(screen, "mnuSampleInstant");
+    Script(0x04, {good, badSum});
+    Click(screen, "mnuSampleInstant");
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_FALSE(Lit(screen, "LEDI"));
+    EXPECT_EQ(Text(screen, "txtTimerTicksI"), "7") << "the last good values stand";
+}
+
+TEST_F(Sampling, AMatrixWithoutDeterminantIsABadPacket) {
+    Screen& screen = Open("Matrices");
+    Script(0x0B, {Frame(0x0B, {0, 0, 0, 0, 0, 0, 0, 0, 0, 5})});
+    Click(screen, "mnuSampleGyro");
+    ASSERT_TRUE(AwaitRequests(2));
+    EXPECT_FALSE(Lit(screen, "LED"));
+    EXPECT_EQ(Text(screen, "txtHeader") + Text(screen, "txtS11"), "");
+}
+
+TEST_F(Sampling, TheWatchdogRestartsASilentChannelAndFlushesItsPort) {
+    Screen& screen = Open("SensorBits");
+    auto& lblWarning = Get<QWidget>(screen, "lblWarning");
+    Get<Timer>(screen, "TimerSampling").Interval(20);
+    Bytes tooShort = rawFrame;
+    tooShort.pop_back();
+    Script(0x01, {rawFrame, tooShort});
+    SaveTo(screen, QStringLiteral("a.csv"));
+    Click(screen, "mnuSample");
+    ASSERT_TRUE(AwaitRequests(2));
+    EXPECT_FALSE(lblWarning.isVisible());
+    LetPass(60);
+    EXPECT_EQ(Texts(screen, rawFields), rawTexts) << "no second has passed yet";
+    SampleState.LastReplyTime = MonotonicSeconds() - 2;
+    ASSERT_TRUE(AwaitRequests(4)) << "asked anew, and again, as long as nothing comes";
+    EXPECT_TRUE(lblWarning.isVisible());
+    EXPECT_TRUE(screen.Menu("mnuSample").Checked());
+    EXPECT_EQ(Texts(screen, rawFields), noTexts);
+    EXPECT_FALSE(Lit(screen, "LED"));
+    EXPECT_TRUE(SampleState.SaveActive);
+    sensor.ReplyOnceTo(0x01, rawFrame);
+    ASSERT_TRUE(WaitFor([&] { return Texts(screen, rawFields) == rawTexts; }))
+        << "the short reply's bytes are gone";
+    EXPECT_FALSE(lblWarning.isVisible());
+    EXPECT_EQ(Rows(QStringLiteral("a.csv")).size(), 2) << "the same file goes on";
+}
+
+TEST_F(Sampling, OnlyEnoughTicksApartIsWrittenAndShownWhileSaving) {
+    Screen& screen = Open("Vectors");
+    SaveTo(screen, QStringLiteral("v.csv"));
+    SampleState.WriteIntervalTicks = 153;
+    using Ints = std::vector<int>;
+    // Instant side first: no gyro packet yet, so once a row is written, each next one is too.
+    EXPECT_EQ(SavedTicks(screen, "mnuSampleInstant", 0x03,
+                         {Ticks(0x03, 152), Ticks(0x03, 200), Ticks(0x03, 201), Ticks(0x03, 5)},
+                         QStringLiteral("v.csv")),
+              (Ints{200, 201, 5}));
+    EXPECT_EQ(SavedTicks(screen, "mnuSampleGyro", 0x02,
+                         {Ticks(0x02, 152), Ticks(0x02, 65500), Ticks(0x02, 100), Ticks(0x02, 120)},
+                         QStringLiteral("v.csv")),
+              (Ints{65500, 120}));
+    // The gyro ticks stand at 120 now, below the 153 of the first row.
+    EXPECT_EQ(
+        SavedTicks(screen, "mnuSampleInstant", 0x03,
+                   {Ticks(0x03, 153), Ticks(0x03, 154), Ticks(0x03, 90)}, QStringLiteral("v.csv")),
+        (Ints{153, 154, 90}));
+    SampleState.WriteIntervalTicks = 10;
+    Script(0x02, {Ticks(0x02, 20), Ticks(0x02, 29)});
+    Click(screen, "mnuSampleGyro");
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_EQ(Text(screen, "txtTimerTicks"), "20") << "29 is neither written nor shown";
+    EXPECT_TRUE(Lit(screen, "LED"));
+}
+
+TEST_F(Sampling, SavingGoesOnAndOff) {
+    Screen& screen = Open("Vectors");
+    const auto saving = [&] {
+        EXPECT_EQ(screen.Menu("mnuSave").Checked(), SampleState.SaveActive);
+        return SampleState.SaveActive;
+    };
+    SaveTo(screen, {});
+    EXPECT_FALSE(saving()) << "the dialog was cancelled";
+    SaveTo(screen, QStringLiteral("one.csv"));
+    EXPECT_TRUE(saving());
+    Click(screen, "mnuSave");
+    EXPECT_FALSE(saving());
+    SaveTo(screen, {});
+    EXPECT_TRUE(saving()) << "the earlier file goes on";
+    EXPECT_EQ(SavedTicks(screen, "mnuSampleGyro", 0x02, {Ticks(0x02, 1), Ticks(0x02, 2)},
+                         QStringLiteral("one.csv")),
+              (std::vector<int>{1, 2}));
+    SampleState.LastWrittenTicks = 5;
+    Click(screen, "mnuReturn");
+    EXPECT_FALSE(SampleState.SaveActive);
+    EXPECT_EQ(SampleState.LastWrittenTicks, 0);
+    EXPECT_EQ(ActiveScreenName(), "Main");
+}
+
+TEST_F(Sampling, ALineThatIsGoneIsReportedByTheRestart) {
+    Screen& screen = Open("Vectors");
+    Script(0x03, {Ticks(0x03, 1)});
+    Click(screen, "mnuSampleInstant");
+    ASSERT_TRUE(AwaitRequests(2));
+    const BoxHand boxes({}, QMessageBox::Retry);
+    sensor.Unplug();
+    SampleState.LastReplyTime = 0;
+    Get<Timer>(screen, "TimerSamplingInstant").Interval(20);
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() >= 2; }));
+    const auto says = [&](std::size_t box, const char* text) {
+        return boxes.Texts()[box].find(text) != std::string::npos;
+    };
+    EXPECT_TRUE(says(0, "Number: 8002\r\nSource: OpenCommPort\r\nScreen: Vectors\r\n"));
+    EXPECT_TRUE(says(1, "Number: 8018\r\nSource: mnuSampleInstant_Click\r\nScreen: Vectors\r\n"));
+    EXPECT_TRUE(screen.Menu("mnuSampleInstant").Checked());
+    Click(screen, "mnuReturn");
+    EXPECT_EQ(ActiveScreenName(), "Main");
+}
+
+TEST_F(Sampling, AnErrorInAReplyEndsTheChainAndTheWatchdogMendsIt) {
+    Screen& screen = Open("SensorBits");
+    Script(0x01, {rawFrame, rawFrame});
+    const BoxHand boxes({}, QMessageBox::Retry);
+    AppState.CounterFrequency = 0;
+    Click(screen, "mnuSample");
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));
+    EXPECT_NE(
+        boxes.Texts()[0].find("Number: 11\r\nSource: MSComm1_OnComm\r\nScreen: SensorBits\r\n"),
+        std::string::npos);
+    LetPass(20);
+    EXPECT_EQ(sensor.Requests().size(), 1U);
+    AppState.CounterFrequency = PerformanceFrequency();
+    SampleState.LastReplyTime = 0;
+    Get<Timer>(screen, "TimerSampling").Interval(20);
+    ASSERT_TRUE(AwaitRequests(3));
+    EXPECT_EQ(Texts(screen, rawFields), rawTexts);
+}
+
+}  // namespace orbkl4::test
