@@ -183,9 +183,12 @@ TEST_F(BiasCapture, AnyOrderOfStartsStopsAndReturnsOnASickLineLeavesNothingBehin
         ASSERT_EQ(ActiveScreenName(), "Main");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         ASSERT_TRUE(left.isNull());
-        sensor.ClearRecord();
-        LetPass(2);
-        ASSERT_TRUE(sensor.Requests().empty()) << "nothing asks any more";
+        const auto quiet = [this] {
+            sensor.ClearRecord();
+            LetPass(2);
+            return sensor.Requests().empty();
+        };
+        ASSERT_TRUE(WaitFor(quiet)) << "nothing asks any more once the last request is heard";
     }
     EXPECT_EQ(boxes.Count(), 0U);
 }
