@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <grp.h>
 #include <iterator>
 #include <sstream>
 #include <sys/prctl.h>
@@ -34,7 +35,20 @@ namespace {
     std::vector<char*> pointers;
     for (std::string& word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
-    if (launch.inChild) launch.inChild();
+    if (launch.fileSize) {
+        rlimit limit{};
+        ::getrlimit(RLIMIT_FSIZE, &limit);
+        limit.rlim_cur = *launch.fileSize;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGXFSZ, SIG_IGN);
+    }
+    if (launch.user) {
+        const uid_t user = *launch.user;
+        const bool changed = ::setgroups(0, nullptr) == 0 && ::setresgid(user, user, user) == 0 &&
+                             ::setresuid(user, user, user) == 0;
+        if (!changed) ::_exit(programNotStarted);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // the change has undone it
+    }
     ::execv(pointers.front(), pointers.data());
     ::_exit(programNotStarted);
 }

@@ -3,10 +3,10 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <sys/resource.h>
 #include <sys/types.h>
 #include <thread>
 #include <vector>
@@ -21,7 +21,7 @@ bool WaitUntil(Condition condition, std::chrono::milliseconds limit = 10s) {
     const auto end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(2ms);
+        std::this_thread::sleep_for(5ms);
     }
     return true;
 }
@@ -32,7 +32,8 @@ struct Launch {
     std::vector<std::string> arguments = {};
     std::map<std::string, std::string> environment = {};  ///< beside what is inherited
     std::map<int, int> descriptors = {};                  ///< the child's number to ours
-    std::function<void()> inChild = {};                   ///< done last before the program starts
+    std::optional<rlim_t> fileSize = {};                  ///< no file can grow beyond so many bytes
+    std::optional<uid_t> user = {};                       ///< who runs it; only root can choose
 };
 
 /// How a process ended.

@@ -27,17 +27,8 @@ Launch LaunchOf(const Stage& stage, const Conditions& conditions, int socket) {
                           {"XDG_RUNTIME_DIR", stage.Root()},
                           {"XDG_CONFIG_HOME", stage.Config()}};
     launch.descriptors = {{socket, socket}};
-    launch.inChild = [conditions] {
-        if (conditions.fileSize) {
-            const rlimit limit{*conditions.fileSize, RLIM_INFINITY};
-            ::setrlimit(RLIMIT_FSIZE, &limit);
-            ::signal(SIGXFSZ, SIG_IGN);
-        }
-        if (conditions.user &&
-            ::setresuid(*conditions.user, *conditions.user, *conditions.user) != 0) {
-            ::_exit(EXIT_FAILURE);
-        }
-    };
+    launch.fileSize = conditions.fileSize;
+    launch.user = conditions.user;
     return launch;
 }
 
@@ -71,6 +62,12 @@ MessageBox AboutError(const std::string& number, const std::string& source,
                 "RETRY will allow application to continue.\r\n"
                 "CANCEL will terminate application.\r\n",
             {"Retry", "Cancel"}};
+}
+
+std::ostream& operator<<(std::ostream& out, const MessageBox& box) {
+    out << box.title << ": " << box.text;
+    for (const std::string& button : box.buttons) out << " [" << button << ']';
+    return out;
 }
 
 RunningProgram::Line::Line() {

@@ -4,6 +4,7 @@
 #include "stage.h"
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <sys/resource.h>
 #include <vector>
@@ -18,6 +19,9 @@ struct MessageBox {
 
     bool operator==(const MessageBox&) const = default;
 };
+
+/// Prints `box` where an expectation fails.
+std::ostream& operator<<(std::ostream& out, const MessageBox& box);
 
 /// A box of the program that tells something.
 MessageBox Telling(const std::string& text);

@@ -7,15 +7,17 @@
 #include <stdexcept>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace orbkl4::test {
 
 namespace {
 
-Launch LaunchOf(const Stage& stage, const std::vector<std::string>& options, int input,
-                int output) {
-    Launch launch{SIMULATOR_PROGRAM, options};
+Launch LaunchOf(const Stage& stage, const std::vector<std::string>& options,
+                std::optional<uid_t> user, int input, int output) {
+    Launch launch{stage.Simulator(), options};
     launch.environment = {{"XDG_CONFIG_HOME", stage.Config()}};
+    launch.user = user;
     launch.descriptors = {{STDIN_FILENO, input}, {STDOUT_FILENO, output}};
     return launch;
 }
@@ -43,8 +45,9 @@ SimulatedSensor::Pipes::~Pipes() {
     for (const int end : {command, answer, theirInput, theirOutput}) ::close(end);
 }
 
-SimulatedSensor::SimulatedSensor(const Stage& stage, const std::vector<std::string>& options)
-    : process_(LaunchOf(stage, options, pipes_.theirInput, pipes_.theirOutput)) {
+SimulatedSensor::SimulatedSensor(const Stage& stage, const std::vector<std::string>& options,
+                                 std::optional<uid_t> user)
+    : process_(LaunchOf(stage, options, user, pipes_.theirInput, pipes_.theirOutput)) {
     ReadLine();  // it tells its link once all is set up
 }
 
@@ -74,7 +77,16 @@ std::string SimulatedSensor::Command(const std::string& command) {
     if (::write(pipes_.command, line.data(), line.size()) < 0) {
         throw std::system_error(errno, std::generic_category(), "write");
     }
-    return ReadLine();
+    for (;;) {
+        std::string answer = ReadLine();
+        if (!answer.starts_with('<')) return answer;
+        requests_.push_back(std::move(answer));
+    }
+}
+
+std::vector<std::string> SimulatedSensor::RequestsLogged() {
+    Command("log off");
+    return std::exchange(requests_, {});
 }
 
 }  // namespace orbkl4::test

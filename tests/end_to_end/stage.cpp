@@ -37,6 +37,7 @@ Stage::Stage() : root_(NewFolder()) {
         fs::create_directories(folder);
     }
     Place(WORKBENCH_PROGRAM, Program());
+    Place(SIMULATOR_PROGRAM, Simulator());
     Place(HAND_PLUGIN, PluginFolder() / "generic" / "libhand.so");
 }
 

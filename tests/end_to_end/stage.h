@@ -17,6 +17,7 @@ class Stage {
 
     std::filesystem::path Root() const { return root_; }
     std::filesystem::path Program() const { return root_ / "program" / "orb-kl4-workbench"; }
+    std::filesystem::path Simulator() const { return root_ / "orb-kl4-simulator"; }
     std::filesystem::path DataFiles() const { return root_ / "program" / "Data Files"; }
     std::filesystem::path Logs() const { return root_ / "program" / "Logs"; }
     std::filesystem::path Config() const { return root_ / "config"; }

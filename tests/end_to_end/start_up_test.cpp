@@ -25,10 +25,13 @@ Files FilesIn(const fs::path& folder) {
 }
 
 struct BadPort {
+    const char* name;
     const char* line;  ///< in the settings store
     const char* number;
     const char* description;
 };
+
+void PrintTo(const BadPort& bad, std::ostream* out) { *out << bad.name; }
 
 class BadPortText : public testing::TestWithParam<BadPort> {
   protected:
@@ -39,7 +42,7 @@ class BadPortText : public testing::TestWithParam<BadPort> {
 
 TEST_P(BadPortText, IsLoggedAndTheProgramGoesOn) {
     fs::create_directory(stage.Logs());
-    const auto& [line, number, description] = GetParam();
+    const auto& [name, line, number, description] = GetParam();
     const std::string record = LogRecord(number, "MDIForm_Load", "MDIForm1", description);
     for (const std::string& log : {record, record + record}) {
         RunningProgram program(stage);
@@ -64,10 +67,12 @@ TEST_P(BadPortText, OnTheVeryFirstStartHasNoLogToGoTo) {
     EXPECT_FALSE(fs::exists(stage.Logs()));
 }
 
-INSTANTIATE_TEST_SUITE_P(SettingsStore, BadPortText,
-                         testing::Values(BadPort{"CurrentCommPort=COM1\n", "13", "Type mismatch"},
-                                         BadPort{"CurrentCommPort=\n", "13", "Type mismatch"},
-                                         BadPort{"CurrentCommPort=32768\n", "6", "Overflow"}));
+INSTANTIATE_TEST_SUITE_P(
+    SettingsStore, BadPortText,
+    testing::Values(BadPort{"Unreadable", "CurrentCommPort=COM1\n", "13", "Type mismatch"},
+                    BadPort{"Empty", "CurrentCommPort=\n", "13", "Type mismatch"},
+                    BadPort{"TooLarge", "CurrentCommPort=32768\n", "6", "Overflow"}),
+    [](const auto& tested) { return tested.param.name; });
 
 TEST(StartUp, EndsAfterItsLastMessageOnCancel) {
     const Stage stage;
