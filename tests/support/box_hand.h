@@ -18,6 +18,9 @@ class BoxHand {
     /// Gives `answers` in turn, then `otherwise` (or OK, where a box has no other button).
     explicit BoxHand(std::vector<Button> answers = {}, Button otherwise = QMessageBox::Cancel);
 
+    /// Gives `otherwise` from now on where `answers` are used up.
+    void Otherwise(Button otherwise) { otherwise_ = otherwise; }
+
     /// Does `look` while a box is up, before it is answered.
     void BeforeAnswer(std::function<void(QMessageBox&)> look) { look_ = std::move(look); }
 
