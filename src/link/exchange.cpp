@@ -1,0 +1,34 @@
+#include "link/exchange.h"
+
+#include "frame/logic/app_state.h"
+#include "link/communication.h"
+#include "platform/menu_entry.h"
+#include "platform/mscomm.h"
+
+#include <cstdint>
+
+namespace orbkl4 {
+
+void StartExchange(const Exchange& exchange) {
+    exchange.entry.Checked(true);
+    for (MenuEntry* other : exchange.others) other->Enabled(false);
+    exchange.port.RThreshold(static_cast<std::int16_t>(exchange.replyLength));
+    OpenCommPort(exchange.port, exchange.screen);
+}
+
+void StopExchange(const Exchange& exchange) {
+    CloseCommPort(exchange.port, exchange.screen);
+    EndExchange(exchange);
+}
+
+void TakeReply(const Exchange& exchange) {
+    exchange.port.Input(AppState.CommandBytes);
+    CloseCommPort(exchange.port, exchange.screen);
+}
+
+void EndExchange(const Exchange& exchange) {
+    exchange.entry.Checked(false);
+    for (MenuEntry* other : exchange.others) other->Enabled(true);
+}
+
+}  // namespace orbkl4
