@@ -74,13 +74,21 @@ void CWSlide::Value(double value) {
     Q_EMIT ValueChanged(value);
 }
 
+double CWSlide::GrooveWidth() const {
+    return look_ == Look::Thermometer ? slide::tube : slide::groove;
+}
+
+double CWSlide::PointerRoom() const {
+    return look_ == Look::Thermometer ? slide::bulb + 1 : slide::groove / 2 + slide::pointer;
+}
+
 QLineF CWSlide::Track() const {
     using namespace slide;
     const QFontMetricsF metrics(LabelFont(font()));
     const double halfLabel = metrics.height() / 2;
     if (Vertical()) {
-        const double labels = LabelWidth(axis_, metrics) + 3 + mark + markGap + groove / 2;
-        const double across = labels + groove / 2 + pointer;
+        const double labels = LabelWidth(axis_, metrics) + 3 + mark + markGap + GrooveWidth() / 2;
+        const double across = labels + PointerRoom();
         const double x = std::max((width() - across) / 2, edge) + labels;
         const double end = std::max(halfLabel, pointer) + edge;
         const double below = look_ == Look::Thermometer ? 2 * bulb + 2 : 0;
@@ -95,7 +103,8 @@ QSize CWSlide::sizeHint() const {
     const QFontMetricsF metrics(LabelFont(font()));
     if (Vertical()) {
         const double gaps = markGap + 3 + 2 * edge;
-        const double across = LabelWidth(axis_, metrics) + mark + groove + pointer + gaps;
+        const double across =
+            LabelWidth(axis_, metrics) + mark + GrooveWidth() / 2 + PointerRoom() + gaps;
         return {static_cast<int>(across), 260};
     }
     const double across = 2 * pointer + mark + markGap + metrics.height() + 4 * edge;
@@ -134,7 +143,7 @@ void CWSlide::PaintMarks(QPainter& painter) const {
     const QFontMetricsF metrics(painter.font());
     painter.setPen(QPen(isEnabled() ? look::ink : look::disabledInk, 1));
     const bool vertical = Vertical();
-    const double inner = (vertical ? slide::groove / 2 : slide::pointer) + slide::markGap;
+    const double inner = (vertical ? GrooveWidth() / 2 : slide::pointer) + slide::markGap;
     const auto outwards = [vertical](double distance) {
         return vertical ? QPointF(-distance, 0) : QPointF(0, distance);
     };

@@ -75,6 +75,8 @@ class CWSlide : public QWidget {
 
   private:
     bool Vertical() const { return orientation_ == Qt::Vertical; }
+    double GrooveWidth() const;
+    double PointerRoom() const;  // from the middle of the groove to the side off the marks
     QLineF Track() const;
     QPointF PlaceOf(double value) const { return Track().pointAt(axis_.Fraction(value)); }
     void MoveTo(double value);

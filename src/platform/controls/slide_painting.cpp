@@ -23,7 +23,7 @@ QRectF GrooveBox(const QPointF& from, const QPointF& to, double width) {
 /// The outline of a thermometer whose walls stand `shrink` inside the glass's outside.
 QPainterPath GlassOutline(const QLineF& track, double shrink) {
     QPainterPath tube;
-    const double half = slide::groove / 2 + 2 - shrink;
+    const double half = slide::tube / 2 - shrink;
     tube.addRoundedRect(GrooveBox(track.p1() + QPointF(0, slide::bulb), track.p2(), 2 * half), half,
                         half);
     QPainterPath ball;
@@ -98,10 +98,10 @@ void PaintGlass(QPainter& painter, const QLineF& track) {
 
 void PaintFluid(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
     const QPointF middle = track.p1() + QPointF(0, slide::bulb + 1);
-    const double radius = slide::bulb - 3.5;
+    const double radius = slide::bulb - 4.5;
     painter.setPen(Qt::NoPen);
     painter.setBrush(enabled ? fluid : look::line);
-    const double width = slide::groove - 2;
+    const double width = slide::tube - 7;
     painter.drawRoundedRect(GrooveBox(middle, place + QPointF(0, width / 2), width), width / 2, 2);
     QRadialGradient ball(middle, radius, middle - QPointF(radius / 3, radius / 3));
     ball.setColorAt(0, enabled ? QColor(0xFF, 0x7A, 0x70) : look::line);
@@ -110,7 +110,7 @@ void PaintFluid(QPainter& painter, const QLineF& track, const QPointF& place, bo
     painter.setBrush(ball);
     painter.drawEllipse(middle, radius, radius);
     painter.setBrush(QColor(255, 255, 255, 110));
-    painter.drawRoundedRect(QRectF(track.x1() - width / 2 + 1, place.y() + 3, 1.6,
+    painter.drawRoundedRect(QRectF(track.x1() - width / 2 + 1.5, place.y() + 3, 2,
                                    std::max(0.0, track.y1() - place.y() - 3)),
                             0.8, 0.8);
 }

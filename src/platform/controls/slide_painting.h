@@ -14,7 +14,8 @@ inline constexpr double markGap = 5;   ///< between groove and marks
 inline constexpr double mark = 9;      ///< length of a numbered mark
 inline constexpr double subMark = 5;   ///< length of a small mark
 inline constexpr double pointer = 11;  ///< half the height of what points at the value
-inline constexpr double bulb = 15;     ///< radius of a thermometer's bulb
+inline constexpr double tube = 16;     ///< a thermometer's glass
+inline constexpr double bulb = 21;     ///< radius of a thermometer's bulb
 }  // namespace slide
 
 /// Paints the empty groove along `track`.
