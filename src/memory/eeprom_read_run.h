@@ -25,7 +25,7 @@ struct EepromReadRun {
 
     /// Is told that the run goes on behind `AppState.CurrentEEPROMAddress`, also where that was
     /// skipped; may be empty.
-    std::function<void()> pass;
+    std::function<void()> pass = nullptr;
 
     /// Completes the run, once its timer is off, its port closed and the mouse pointer restored.
     std::function<void()> end;

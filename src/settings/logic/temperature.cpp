@@ -1,8 +1,24 @@
 #include "settings/logic/temperature.h"
 
+#include "acquire/logic/sample_state.h"
 #include "base/arithmetic.h"
+#include "frame/logic/app_state.h"
+#include "link/logic/frame_check.h"
+
+#include <cmath>
 
 namespace orbkl4 {
+
+bool CheckTemperatureReply(double& word) {
+    constexpr double wordValues = 65536;
+    const Bytes& reply = AppState.CommandBytes;
+    word = WordAt(reply, 1);
+    SampleState.HeaderGyro = ByteAt(reply, 0);
+    SampleState.TicksGyro = WordAt(reply, 3);
+    SampleState.ChecksumGyro = WordAt(reply, 5);
+    SampleState.CalcChecksumGyro = std::fmod(FrameSum(reply, 0, reply.size()), wordValues);
+    return SampleState.CalcChecksumGyro == SampleState.ChecksumGyro;
+}
 
 double CelsiusOf(double word) { return RoundTo((word * 5 / 65536 - 0.5) * 100, 1); }
 
