@@ -1,6 +1,9 @@
 #include "all_screens.h"
 
 #include "acquire/screens/view_screen.h"
+#include "calibrate/screens/hard_iron_cal.h"
+#include "calibrate/screens/progress.h"
+#include "calibrate/screens/self_test.h"
 #include "frame/screens/about.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/version_serial.h"
@@ -10,7 +13,11 @@
 #include "memory/screens/gains.h"
 #include "memory/screens/view_matrix.h"
 #include "platform/screen_registry.h"
+#include "settings/screens/calc_cycle.h"
+#include "settings/screens/get_temperature.h"
+#include "settings/screens/set_mode.h"
 #include "settings/screens/set_write_rate.h"
+#include "settings/screens/vertical.h"
 
 namespace orbkl4 {
 
@@ -31,17 +38,24 @@ constexpr ScreenRow screens[] = {
     {"Analog", Make<Analog>},
     {"Angles", MakeView<views::angles>},
     {"AnglesAccRate", MakeView<views::anglesAccRate>},
+    {"CalcCycle", Make<CalcCycle>},
     {"Connect", Make<Connect>},
     {"EEPROMmap", Make<EEPROMmap>},
     {"Gains", Make<Gains>},
+    {"GetTemperature", Make<GetTemperature>},
+    {"HardIronCal", Make<HardIronCal>},
     {"Main", Make<Main>},
     {"Matrices", MakeView<views::matrices>},
+    {"Progress", Make<Progress>},
     {"QuatVec", MakeView<views::quatVec>},
     {"Quaternions", MakeView<views::quaternions>},
+    {"SelfTest", Make<SelfTest>},
     {"SensorBits", MakeView<views::sensorBits>},
+    {"SetMode", Make<SetMode>},
     {"SetWriteRate", Make<SetWriteRate>},
     {"Vectors", MakeView<views::vectors>},
     {"VersionSerial", Make<VersionSerial>},
+    {"Vertical", Make<Vertical>},
     {"ViewMatrix", Make<ViewMatrix>},
 };
 

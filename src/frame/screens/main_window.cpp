@@ -1,6 +1,7 @@
 #include "frame/screens/main_window.h"
 
-#include "base/number_text.h"
+#include "calibrate/logic/hard_iron.h"
+#include "calibrate/tare.h"
 #include "frame/logic/app_state.h"
 #include "frame/screens/artwork.h"
 #include "frame/trap.h"
@@ -13,6 +14,7 @@
 #include "platform/program_folder.h"
 #include "platform/screen_registry.h"
 #include "platform/shell.h"
+#include "platform/timer.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -97,7 +99,6 @@ constexpr OpenRow openTable[] = {
     {"mnuAbout", "About", ShowModalScreen, false},
 };
 
-constexpr double leastFirmwareForHardIron = 3.1;
 constexpr const char* helpFile = "ORB-KL4 Version 204 Help.pdf";
 
 QLabel* MakeCaption(QWidget* screen, const char* name, const char* text, double growth) {
@@ -114,6 +115,7 @@ QLabel* MakeCaption(QWidget* screen, const char* name, const char* text, double 
 Main::Main() : Screen("Main", "Main"), port_(this, "MSComm1") {
     BuildMenu(menuTree);
     ConnectMenu();
+    for (const TareOperation& operation : tareOperations) AddTare(operation);
     BuildLayout();
 }
 
@@ -145,6 +147,14 @@ void Main::ConnectMenu() {
     connect(&Menu("mnuHelpHelp"), &MenuEntry::Click, this, &Main::mnuHelpHelp_Click);
 }
 
+void Main::AddTare(const TareOperation& operation) {
+    constexpr int milliseconds = 1000;
+    auto* timer = new Timer(this, operation.timer, milliseconds);
+    connect(&Menu(operation.entry), &MenuEntry::Click, this,
+            [this, &operation] { TareEntry_Click(operation); });
+    connect(timer, &Timer::Tick, this, [this, &operation] { TimerTare_Timer(operation); });
+}
+
 void Main::SetToPolledMode() {
     Trap("SetToPolledMode", [this] {
         constexpr std::int32_t replyMilliseconds = 100;
@@ -158,7 +168,7 @@ void Main::SetToPolledMode() {
 }
 
 void Main::mnuHardIronCal_Click() {
-    if (LeadingNumber(AppState.FirmwareText) < leastFirmwareForHardIron) {
+    if (RefusesHardIron(AppState.FirmwareText)) {
         ShowMessage("Hard Iron Calibration is not supported in firmware version " +
                     AppState.FirmwareText + "!");
         return;
@@ -176,6 +186,17 @@ void Main::mnuHelpHelp_Click() {
             ShowMessage(std::string(helpFile) + " missing from application path!");
         }
     });
+}
+
+void Main::TareEntry_Click(const TareOperation& operation) {
+    Trap(std::string(operation.entry) + "_Click", [&] {
+        SetToPolledMode();
+        ToggleTare(*this, operation);
+    });
+}
+
+void Main::TimerTare_Timer(const TareOperation& operation) {
+    Trap(std::string(operation.timer) + "_Timer", [&] { TareTick(*this, operation); });
 }
 
 bool Main::eventFilter(QObject* watched, QEvent* event) {

@@ -7,6 +7,8 @@ class QMouseEvent;
 
 namespace orbkl4 {
 
+struct TareOperation;
+
 /// The hub of the program: the picture of the sensor and the menu tree from which every other
 /// screen is opened.
 class Main : public Screen {
@@ -20,10 +22,13 @@ class Main : public Screen {
   private:
     void BuildLayout();
     void ConnectMenu();
+    void AddTare(const TareOperation& operation);
     void SetToPolledMode();
     void picORBKL4_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers keys);
     void mnuHardIronCal_Click();
     void mnuHelpHelp_Click();
+    void TareEntry_Click(const TareOperation& operation);
+    void TimerTare_Timer(const TareOperation& operation);
 
     MSComm port_;
     QWidget* picture_ = nullptr;

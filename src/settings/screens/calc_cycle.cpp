@@ -1,0 +1,212 @@
+#include "settings/screens/calc_cycle.h"
+
+#include "base/number_text.h"
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "platform/boxes.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/controls/cw_slide.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/text_field.h"
+#include "settings/logic/cycle_words.h"
+#include "settings/logic/tick_interval.h"
+#include "settings/logic/write_replies.h"
+#include "settings/time_tick_table_file.h"
+#include "settings/word_writes.h"
+
+#include <QGroupBox>
+#include <QLabel>
+
+#include <algorithm>
+#include <exception>
+
+namespace orbkl4 {
+
+namespace {
+
+/// The replies to the second and third write pass whatever their checksums.
+constexpr bool mustPass[] = {true, false, false, true};
+
+}  // namespace
+
+CalcCycle::CalcCycle() : Screen("CalcCycle", "Set Timer Tick Interval") {
+    BuildLayout();
+    ConnectMenu();
+    ConnectControls();
+}
+
+void CalcCycle::ConnectMenu() {
+    const auto onClick = [this](const char* entry, void (CalcCycle::*handler)()) {
+        connect(&Menu(entry), &MenuEntry::Click, this, handler);
+    };
+    onClick("mnuRead", &CalcCycle::mnuRead_Click);
+    onClick("mnuCalcCycle", &CalcCycle::mnuCalcCycle_Click);
+    onClick("mnuCalcCycleDefault", &CalcCycle::mnuCalcCycleDefault_Click);
+    onClick("mnuReturn", &CalcCycle::mnuReturn_Click);
+}
+
+void CalcCycle::ConnectControls() {
+    for (OptionButton* option : prescalers_)
+        connect(option, &OptionButton::Click, this, &CalcCycle::ComputeTickInterval);
+    for (CWNumEdit* number : factors_)
+        connect(number, &CWNumEdit::ValueChanged, this, &CalcCycle::ComputeTickInterval);
+    connect(slide_, &CWSlide::ValueChanged, this, &CalcCycle::CWSlide1_ValueChanged);
+    connect(&timer_, &Timer::Tick, this, &CalcCycle::TimerRead_Timer);
+    connect(&writePort_, &MSComm::OnComm, this, &CalcCycle::MSComm1_OnComm);
+}
+
+void CalcCycle::Form_Load() {
+    Trap("Form_Load", [this] {
+        mnuRead_Click();
+        ComputeTickInterval();
+    });
+}
+
+void CalcCycle::Form_Activate() {
+    Trap("Form_Activate", [this] {
+        const TickTableVerdict verdict = LoadTimeTickTable(tickTable_);
+        if (verdict == TickTableVerdict::Loaded) return;
+        ShowMessage(TickTableMessage(verdict));
+        fraCalc1_->setEnabled(false);
+    });
+}
+
+EepromReadRun CalcCycle::Reading() {
+    // The word at 244 is read too, and dropped.
+    return {.screen = *this,
+            .port = readPort_,
+            .timer = timer_,
+            .first = eeprom::timer2Prescaler,
+            .last = eeprom::timerTicksInterval,
+            .take = [this] { TakeWord(); },
+            .end = [this] { EnableEntries(true); }};
+}
+
+Exchange CalcCycle::Writing() {
+    return {.screen = *this,
+            .port = writePort_,
+            .entry = Menu("mnuCalcCycle"),
+            .others = {&Menu("mnuCalcCycleDefault")},
+            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+}
+
+double CalcCycle::Prescaler() const {
+    const auto chosen = std::ranges::find_if(prescalers_, &OptionButton::isChecked);
+    return prescalerRows.at(static_cast<std::size_t>(chosen - prescalers_.begin())).value;
+}
+
+void CalcCycle::SelectPrescaler(double prescaler) const {
+    for (std::size_t i = 0; i < prescalers_.size(); ++i)
+        if (prescalerRows.at(i).value == prescaler) prescalers_.at(i)->Value(true);
+}
+
+void CalcCycle::ShowInterval() const {
+    txtCC_->Text(PadToFourDecimals(TickInterval(Prescaler(), factors_[0]->Value(),
+                                                factors_[1]->Value(), factors_[2]->Value())));
+}
+
+void CalcCycle::ComputeTickInterval() const {
+    try {
+        ShowInterval();
+    } catch (const std::exception&) {
+        txtCC_->Text("Calc errored!");
+    }
+}
+
+void CalcCycle::ApplyTickTableRow(const std::string& key) const {
+    try {
+        const TickTableRow* row = FindTickTableRow(tickTable_, key);
+        if (row == nullptr) Raise(ErrorNumber::SubscriptOutOfRange);
+        SelectPrescaler(ToNumber((*row)[1]));
+        for (std::size_t i = 0; i < factors_.size(); ++i)
+            factors_.at(i)->Value(ToNumber(row->at(i + 2)));
+        ShowInterval();
+    } catch (const std::exception&) {
+        txtCC_->Text("Calc errored!");
+    }
+}
+
+void CalcCycle::EnableEntries(bool enabled) const {
+    for (const char* entry : {"mnuRead", "mnuCalcCycle", "mnuCalcCycleDefault"})
+        Menu(entry).Enabled(enabled);
+}
+
+void CalcCycle::TakeWord() const {
+    if (AppState.CurrentEEPROMAddress == eeprom::timer2Prescaler)
+        SelectPrescaler(AppState.EEPROMValue);
+    for (std::size_t i = 0; i < factors_.size(); ++i) {
+        if (AppState.CurrentEEPROMAddress == factorRows.at(i).address)
+            factors_.at(i)->Value(AppState.EEPROMValue);
+    }
+}
+
+void CalcCycle::WriteAll() {
+    std::array<EepromWrite, std::size(mustPass)> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
+    for (std::size_t i = 0; i < factors_.size(); ++i)
+        writes.at(i + 1) = {factorRows.at(i).address, factors_.at(i)->Value()};
+    WriteWords(writePort_, writes);
+}
+
+void CalcCycle::mnuRead_Click() {
+    Trap("mnuRead_Click", [this] {
+        MousePointer(Pointer::Hourglass);
+        EnableEntries(false);
+        StartEepromRead(Reading());
+    });
+}
+
+void CalcCycle::mnuCalcCycle_Click() {
+    Trap("mnuCalcCycle", [this] {
+        const Exchange writing = Writing();
+        if (writing.entry.Checked()) {
+            StopExchange(writing);
+            return;
+        }
+        StartExchange(writing);
+        WriteAll();
+    });
+}
+
+void CalcCycle::mnuCalcCycleDefault_Click() {
+    Trap("mnuCalcCycleDefault_Click", [this] {
+        SelectPrescaler(standardPrescaler);
+        for (std::size_t i = 0; i < factors_.size(); ++i)
+            factors_.at(i)->Value(factorRows.at(i).standard);
+        mnuCalcCycle_Click();
+    });
+}
+
+void CalcCycle::mnuReturn_Click() {
+    Trap("mnuReturn_Click", [this] {
+        MousePointer(Pointer::Default);
+        Unload();
+    });
+}
+
+void CalcCycle::CWSlide1_ValueChanged(double value) {
+    Trap("CWSlide1_ValueChanged", [&] {
+        constexpr int decimals = 2;
+        const QString key = QString::number(value, 'f', decimals);
+        lblSlider_->setText(key);
+        ApplyTickTableRow(key.toStdString());
+    });
+}
+
+void CalcCycle::TimerRead_Timer() {
+    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+}
+
+void CalcCycle::MSComm1_OnComm() {
+    Trap("MSComm1_OnComm", [this] {
+        const Exchange writing = Writing();
+        TakeReply(writing);
+        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
+            case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
+            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
+            case WriteVerdict::BadChecksum: ShowMessage("Set Calc Cycle failed checksum!"); break;
+        }
+        EndExchange(writing);
+    });
+}
+
+}  // namespace orbkl4

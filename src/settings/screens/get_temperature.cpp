@@ -1,0 +1,148 @@
+#include "settings/screens/get_temperature.h"
+
+#include "base/number_text.h"
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "link/communication.h"
+#include "link/logic/frame_check.h"
+#include "link/logic/requests.h"
+#include "platform/boxes.h"
+#include "platform/controls/cw_slide.h"
+#include "platform/controls/text_field.h"
+#include "platform/followers.h"
+#include "platform/form.h"
+#include "settings/logic/temperature.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr auto command = DeviceCommand::CmdTemperature;
+constexpr Axis thermometer{.minimum = -50, .maximum = 100, .marks = 10, .subMarks = 2};
+
+}  // namespace
+
+GetTemperature::GetTemperature() : Screen("GetTemperature", "Get Temperature") {
+    BuildLayout();
+    connect(celsius_, &TextField::Changed, this, &GetTemperature::txtC_Change);
+    connect(&port_, &MSComm::OnComm, this, &GetTemperature::MSComm1_OnComm);
+}
+
+void GetTemperature::BuildLayout() {
+    constexpr int leastHeight = 360;
+    slide_ = Named(new CWSlide(this), "SlideDegreesC");
+    slide_->SetAxis(thermometer);
+    slide_->Style(CWSlide::Look::Thermometer);
+    slide_->setMinimumHeight(leastHeight);
+    auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
+    auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
+    DefaultButton(*cmdGet);
+
+    auto* card = new QGroupBox(this);
+    auto* scale = new QVBoxLayout;
+    scale->addWidget(MakeLabel(card, "lblScale", "\u00b0C"), 0, Qt::AlignHCenter);
+    scale->addWidget(slide_, 1);
+    auto* inside = new QHBoxLayout(card);
+    inside->setContentsMargins(24, 8, 24, 16);
+    inside->setSpacing(40);
+    inside->addLayout(scale);
+    inside->addLayout(BuildFields());
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdGet);
+    buttons->addWidget(cmdOK);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(card, 1);
+    column->addLayout(buttons);
+}
+
+QLayout* GetTemperature::BuildFields() {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(16);
+    QLabel* heading = MakeLabel(this, "lblDegrees", "Degrees");
+    QFont bold;
+    bold.setBold(true);
+    heading->setFont(bold);
+    grid->addWidget(heading, 0, 0);
+    celsius_ = AddField(*grid, "txtC", "lblC", "Celsius");
+    fahrenheit_ = AddField(*grid, "txtF", "lblF", "Fahrenheit");
+    reaumur_ = AddField(*grid, "txtRe", "lblRe", "Reaumur");
+    kelvin_ = AddField(*grid, "txtK", "lblK", "Kelvin");
+    rankine_ = AddField(*grid, "txtRa", "lblRa", "Rankine");
+    return grid;
+}
+
+TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const char* labelName,
+                                    const char* caption) {
+    constexpr double readoutGrowth = 1.6;
+    constexpr int digits = 7;
+    auto* field = Named(new TextField(this), name);
+    field->Decimals(1);
+    KeepLarger(*field, readoutGrowth);
+    field->Characters(digits);
+    const int row = grid.rowCount();
+    grid.setRowStretch(row, 1);
+    grid.addWidget(field, row, 0, Qt::AlignVCenter);
+    grid.addWidget(MakeLabel(this, labelName, caption), row, 1);
+    return field;
+}
+
+void GetTemperature::Form_Load() {
+    Trap("Form_Load", [this] {
+        findChild<QLabel*>(QStringLiteral("lblRe"))->setText(QStringLiteral("R\u00e9aumur"));
+    });
+}
+
+void GetTemperature::cmdGet_Click() {
+    Trap("cmdGet_Click", [this] {
+        // Emptying the first fills the others once more.
+        for (TextField* field : {celsius_, fahrenheit_, reaumur_, kelvin_, rankine_})
+            field->Text("");
+        slide_->Value(0);
+        port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
+        OpenCommPort(port_, *this);
+        AppState.CommandBytes = Request(command);
+        port_.Output(AppState.CommandBytes);
+    });
+}
+
+void GetTemperature::MSComm1_OnComm() {
+    Trap("MSComm1_OnComm", [this] {
+        port_.Input(AppState.CommandBytes);
+        TakeReply();
+        CloseCommPort(port_, *this);
+    });
+}
+
+void GetTemperature::TakeReply() {
+    if (!HasFrames(AppState.CommandBytes, command)) {
+        ShowMessage("Temperature return failed! Try again.");
+    } else if (!CheckTemperatureReply(degreesCelsius_)) {
+        ShowMessage("Temperature return failed!");
+    } else {
+        degreesCelsius_ = CelsiusOf(degreesCelsius_);
+        celsius_->Text(ScreenText(degreesCelsius_));
+        slide_->Value(degreesCelsius_);
+    }
+}
+
+/// Runs inside whatever changes the text, and its errors are that procedure's.
+void GetTemperature::txtC_Change() {
+    fahrenheit_->Text(ScreenText(FahrenheitOf(degreesCelsius_)));
+    reaumur_->Text(ScreenText(ReaumurOf(degreesCelsius_)));
+    kelvin_->Text(ScreenText(KelvinOf(degreesCelsius_)));
+    rankine_->Text(ScreenText(RankineOf(ToNumber(fahrenheit_->Text()))));
+}
+
+void GetTemperature::cmdOK_Click() {
+    Trap("cmdOK_Click", [this] { Unload(); });
+}
+
+}  // namespace orbkl4

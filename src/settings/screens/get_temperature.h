@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/mscomm.h"
+#include "platform/screen.h"
+
+class QGridLayout;
+class QLayout;
+
+namespace orbkl4 {
+
+class CWSlide;
+class TextField;
+
+/// Reads the sensor's temperature on request and shows it in five scales and on a thermometer.
+class GetTemperature : public Screen {
+    Q_OBJECT
+
+  public:
+    GetTemperature();
+
+    void Form_Load() override;
+
+  private:
+    void BuildLayout();
+    QLayout* BuildFields();
+    TextField* AddField(QGridLayout& grid, const char* name, const char* labelName,
+                        const char* caption);
+    void TakeReply();
+    void txtC_Change();
+    void cmdGet_Click();
+    void cmdOK_Click();
+    void MSComm1_OnComm();
+
+    MSComm port_{this, "MSComm1"};
+    CWSlide* slide_ = nullptr;
+    TextField* celsius_ = nullptr;
+    TextField* fahrenheit_ = nullptr;
+    TextField* reaumur_ = nullptr;
+    TextField* kelvin_ = nullptr;
+    TextField* rankine_ = nullptr;
+    double degreesCelsius_ = 0;  ///< holds the raw word of a reply until that is found good
+};
+
+}  // namespace orbkl4

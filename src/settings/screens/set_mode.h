@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/mscomm.h"
+#include "platform/screen.h"
+#include "settings/logic/output_modes.h"
+
+#include <array>
+
+namespace orbkl4 {
+
+class OptionButton;
+
+/// Puts the sensor into polled mode or has it repeat one data command by itself.
+class SetMode : public Screen {
+    Q_OBJECT
+
+  public:
+    SetMode();
+
+    void Form_Load() override;
+
+  private:
+    void BuildLayout();
+    const OutputMode& ChosenMode() const;
+    bool WriteModeCommand();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    MSComm port_{this, "MSComm1"};
+    std::array<OptionButton*, outputModes.size()> options_{};
+};
+
+}  // namespace orbkl4

@@ -1,0 +1,183 @@
+#include "settings/screens/vertical.h"
+
+#include "frame/logic/app_state.h"
+#include "frame/trap.h"
+#include "platform/boxes.h"
+#include "platform/controls/option_button.h"
+#include "platform/form.h"
+#include "settings/logic/vertical_mode.h"
+#include "settings/logic/write_replies.h"
+#include "settings/word_writes.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+#include <string>
+
+namespace orbkl4 {
+
+/// How the sensor is set to one of the two modes, and what is told of it.
+struct ModeSetting {
+    const char* entry;
+    const char* otherEntry;
+    const char* port;
+    const char* option;
+    GyroMode mode;
+    std::span<const EepromWrite> writes;
+    const char* succeeded;
+    const char* failed;
+};
+
+namespace {
+
+constexpr MenuRow menuTree[] = {
+    {"mnuFile", "&File"},
+    {"mnuRead", "Rea&d", "mnuFile"},
+    {"mnuSet", "&Set Vertical Gyro Mode", "mnuFile"},
+    {"mnuRemove", "Set &Normal Mode", "mnuFile"},
+    {"mnuSep", "-", "mnuFile"},
+    {"mnuReturn", "&Return", "mnuFile"},
+};
+
+constexpr ModeSetting settings[] = {
+    {"mnuSet", "mnuRemove", "MSComm1", "optVertical", GyroMode::Vertical, verticalModeWrites,
+     "Set Vertical Gyro Mode succeeded!", "Set Vertical Gyro failed checksum!"},
+    {"mnuRemove", "mnuSet", "MSComm2", "optNormal", GyroMode::Normal, normalModeWrites,
+     "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
+};
+
+constexpr QSize designSize(900, 480);
+
+constexpr bool mustPass[] = {true, true};
+
+}  // namespace
+
+Vertical::Vertical() : Screen("Vertical", "Vertical Gyro Mode") {
+    BuildMenu(menuTree);
+    BuildLayout();
+    connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Vertical::mnuRead_Click);
+    connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Vertical::mnuReturn_Click);
+    connect(&timer_, &Timer::Tick, this, &Vertical::TimerRead_Timer);
+    for (const ModeSetting& setting : settings) ConnectSetting(setting);
+}
+
+void Vertical::BuildLayout() {
+    auto* frame = MakeFrame(this, "fraMode", "");
+    frame->setEnabled(false);
+    KeepColours(*frame);
+    auto* options = new QVBoxLayout(frame);
+    options->setContentsMargins(48, 32, 48, 32);
+    options->setSpacing(24);
+    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"));
+    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"));
+    auto* column = new QVBoxLayout(this);
+    column->addStretch(1);
+    column->addWidget(frame, 0, Qt::AlignCenter);
+    column->addStretch(2);
+    DesignSize(designSize);
+}
+
+void Vertical::ConnectSetting(const ModeSetting& setting) {
+    connect(&Menu(setting.entry), &MenuEntry::Click, this,
+            [this, &setting] { SetEntry_Click(setting); });
+    connect(&Writing(setting).port, &MSComm::OnComm, this,
+            [this, &setting] { MSComm_OnComm(setting); });
+}
+
+void Vertical::Form_Activate() {
+    Trap("Form_Activate", [this] { mnuRead_Click(); });
+}
+
+EepromReadRun Vertical::Reading() {
+    return {.screen = *this,
+            .port = readPort_,
+            .timer = timer_,
+            .first = eeprom::biasCompensationType,
+            .last = eeprom::magneticErrorGain,
+            .step = eeprom::magneticErrorGain - eeprom::biasCompensationType,
+            .take = [this] { TakeWord(); },
+            .end = [this] { EndReading(); }};
+}
+
+Exchange Vertical::Writing(const ModeSetting& setting) {
+    return {.screen = *this,
+            .port = *findChild<MSComm*>(QLatin1String(setting.port)),
+            .entry = Menu(setting.entry),
+            .others = {&Menu(setting.otherEntry)},
+            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+}
+
+OptionButton& Vertical::Option(const ModeSetting& setting) const {
+    return *findChild<OptionButton*>(QLatin1String(setting.option));
+}
+
+void Vertical::EnableEntries(bool enabled) const {
+    for (const char* entry : {"mnuRead", "mnuSet", "mnuRemove"}) Menu(entry).Enabled(enabled);
+}
+
+void Vertical::TakeWord() {
+    const bool first = AppState.CurrentEEPROMAddress == eeprom::biasCompensationType;
+    (first ? value120_ : value126_) = AppState.EEPROMValue;
+}
+
+void Vertical::EndReading() {
+    const GyroMode mode = GyroModeOf(value120_, value126_);
+    for (const ModeSetting& setting : settings)
+        if (setting.mode == mode) Option(setting).Value(true);
+    if (mode == GyroMode::Other) {
+        ClearOptions();
+        ShowMessage("ORB-KL4 is in state other than Vertical Gyro or Normal!");
+    }
+    EnableEntries(true);
+}
+
+void Vertical::ClearOptions() const {
+    for (const ModeSetting& setting : settings) Option(setting).Value(false);
+}
+
+void Vertical::mnuRead_Click() {
+    Trap("mnuRead_Click", [this] {
+        MousePointer(Pointer::Hourglass);
+        EnableEntries(false);
+        StartEepromRead(Reading());
+    });
+}
+
+void Vertical::TimerRead_Timer() {
+    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+}
+
+void Vertical::SetEntry_Click(const ModeSetting& setting) {
+    Trap(std::string(setting.entry) + "_Click", [&] {
+        const Exchange writing = Writing(setting);
+        if (writing.entry.Checked()) {
+            StopExchange(writing);
+            return;
+        }
+        ClearOptions();
+        StartExchange(writing);
+        WriteWords(writing.port, setting.writes);
+    });
+}
+
+void Vertical::MSComm_OnComm(const ModeSetting& setting) {
+    Trap(std::string(setting.port) + "_OnComm", [&] {
+        const Exchange writing = Writing(setting);
+        TakeReply(writing);
+        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
+            case WriteVerdict::Good:
+                Option(setting).Value(true);
+                ShowMessage(setting.succeeded);
+                break;
+            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
+            case WriteVerdict::BadChecksum: ShowMessage(setting.failed); break;
+        }
+        EndExchange(writing);
+    });
+}
+
+void Vertical::mnuReturn_Click() {
+    Trap("mnuReturn_Click", [this] { Unload(); });
+}
+
+}  // namespace orbkl4
