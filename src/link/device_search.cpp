@@ -18,12 +18,14 @@ namespace orbkl4 {
 
 namespace {
 
-/// The answer of `body`, false where it raises an error.
+/// The answer of `body`, false where it raises an error; `port` is then closed, or a line that went
+/// in mid-test would keep the search from every port after it.
 template <typename Body>
-bool Succeeds(const Body& body) {
+bool Succeeds(MSComm& port, const Body& body) {
     try {
         return body();
     } catch (const std::exception&) {
+        port.PortOpen(false);
         return false;
     }
 }
@@ -43,7 +45,7 @@ DeviceSearch::DeviceSearch(MSComm& port, const Screen& screen, ShowStep showStep
     : port_(port), screen_(screen), showStep_(std::move(showStep)) {}
 
 bool DeviceSearch::PortExists(std::int16_t port) {
-    return Succeeds([&] {
+    return Succeeds(port_, [&] {
         DoEvents();
         showStep_("Testing Port " + std::to_string(port));
         port_.CommPort(port);
@@ -55,7 +57,7 @@ bool DeviceSearch::PortExists(std::int16_t port) {
 
 bool DeviceSearch::TestPortAtBaud(std::int16_t port, std::string_view baud) {
     const std::string speed(baud);
-    const bool found = Succeeds([&] {
+    const bool found = Succeeds(port_, [&] {
         DoEvents();
         showStep_("Testing Port " + std::to_string(port) + " at " + speed + " baud");
         OpenAt(port, baud);
@@ -73,7 +75,7 @@ bool DeviceSearch::TestPortAtBaud(std::int16_t port, std::string_view baud) {
 }
 
 bool DeviceSearch::ReadDeviceIdentity() {
-    return Succeeds([&] {
+    return Succeeds(port_, [&] {
         port_.CommPort(AppState.CommPort);
         port_.Settings(AppState.CommSettings);
         OpenCommPort(port_, screen_);
@@ -90,7 +92,7 @@ bool DeviceSearch::ReadDeviceIdentity() {
 }
 
 bool DeviceSearch::ResetDeviceSettings(std::int16_t port, std::string_view baud) {
-    return Succeeds([&] {
+    return Succeeds(port_, [&] {
         DoEvents();
         OpenAt(port, baud);
         for (const EepromWrite& write : resetWrites) {
