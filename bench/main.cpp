@@ -185,17 +185,29 @@ void MeasureProcesses(Table& table) {
               AtMost(1.3));
 }
 
+struct Section {
+    const char* name;
+    void (*measure)(Table& table);
+};
+
+constexpr Section sections[] = {
+    {"handlers", MeasureHandlers},   {"unpaced", MeasureUnpaced},   {"paced", MeasurePaced},
+    {"processor", MeasureProcessor}, {"decoders", MeasureDecoders}, {"rows", MeasureRows},
+    {"processes", MeasureProcesses},
+};
+
 }  // namespace
 }  // namespace orbkl4::bench
 
+/// Measures the sections named on the command line, all where none is.
 int main(int argc, char** argv) {
     using namespace orbkl4::bench;
     const QApplication application(argc, argv);
+    const QStringList chosen = QApplication::arguments().mid(1);
     orbkl4::ApplyHouseLook();
     Table table;
-    for (const auto measure : {MeasureHandlers, MeasureUnpaced, MeasurePaced, MeasureProcessor,
-                               MeasureDecoders, MeasureRows, MeasureProcesses}) {
-        measure(table);
+    for (const auto& [name, measure] : sections) {
+        if (chosen.isEmpty() || chosen.contains(QLatin1String(name))) measure(table);
     }
     return table.Print() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
