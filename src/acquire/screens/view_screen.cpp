@@ -15,7 +15,7 @@
 #include <QLabel>
 
 #include <algorithm>
-#include <ranges>
+#include <string_view>
 
 namespace orbkl4 {
 
@@ -98,8 +98,8 @@ void ViewScreen::DisplaySample(std::size_t panel) const {
 }
 
 void ViewScreen::ClearAll() const {
-    for (const auto& panel : panels_ | std::views::reverse) {
-        for (const auto& shown : panel) shown.control->Text("");
+    for (std::size_t panel = panels_.size(); panel-- > 0;) {  // the instantaneous one first
+        for (const auto& shown : panels_[panel]) shown.control->Text("");
     }
     for (const auto& shown : slides_) shown.control->Value(0);
     for (const auto& shown : dials_) shown.control->Value(0);
