@@ -53,11 +53,10 @@ void Screen::closeEvent(QCloseEvent* event) {
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {
-    if (!isWindow()) {
-        QWidget::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Escape) {
+    const int key = event->key();
+    if (isWindow() && key == Qt::Key_Escape) {
         close();
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    } else if (isWindow() && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         PressEnter();
     } else {
         QWidget::keyPressEvent(event);

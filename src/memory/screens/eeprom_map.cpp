@@ -124,25 +124,25 @@ bool EEPROMmap::event(QEvent* event) {
 bool EEPROMmap::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        const auto field = std::ranges::find(NumEdit_, watched);
+        const std::optional<std::size_t> index = IndexOfField(watched);
         const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-        if (byKey && field != NumEdit_.end())
-            NumEdit_MouseMove(static_cast<std::size_t>(field - NumEdit_.begin()));
+        if (byKey && index) NumEdit_MouseMove(*index);
     }
     return Screen::eventFilter(watched, event);
 }
 
+std::optional<std::size_t> EEPROMmap::IndexOfField(const QObject* object) const {
+    for (std::size_t index = 0; index < NumEdit_.size(); ++index)
+        if (NumEdit_.at(index) == object) return index;
+    return std::nullopt;
+}
+
 void EEPROMmap::PointerMoved(const QPoint& position) {
     const QWidget* under = childAt(position);
-    if (under == nullptr) {
-        Form_MouseMove();
-        return;
-    }
-    for (; under != this; under = under->parentWidget()) {
-        const auto field = std::ranges::find(NumEdit_, under);
-        if (field == NumEdit_.end()) continue;
-        NumEdit_MouseMove(static_cast<std::size_t>(field - NumEdit_.begin()));
-        return;
+    if (under == nullptr) Form_MouseMove();
+    for (; under != nullptr && under != this; under = under->parentWidget()) {
+        const std::optional<std::size_t> index = IndexOfField(under);
+        if (index) NumEdit_MouseMove(*index);
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -64,6 +65,7 @@ class EEPROMmap : public Screen {
     void TimerWrite_Timer();
 
     void ApplyAccessLevel(std::string_view level);
+    std::optional<std::size_t> IndexOfField(const QObject* object) const;
     void PointerMoved(const QPoint& position);
     void ClearModifiedMarks();
     void EnableControls(bool enabled);

@@ -284,6 +284,29 @@ TEST_F(EepromMapRuns, ReturnInMidRunClosesThePortAndLeavesAllReusable) {
     EXPECT_EQ(Heard(), std::vector<Bytes>{closingWrite});
 }
 
+TEST_F(EepromMapRuns, APortThatCantBeOpenedLeavesTheRunHangingUntilReturn) {
+    AppState.CommPort = 99;
+    const auto isError = [&](std::size_t box, const std::string& record) {
+        return hand.Texts()[box].find(record + "\r\nScreen: EEPROMmap\r\n") != std::string::npos;
+    };
+    const std::string noPort = "Number: 8002\r\nSource: OpenCommPort";
+    Click(*map, "mnuRead");
+    ASSERT_EQ(hand.Count(), 2U);
+    EXPECT_TRUE(isError(0, noPort)) << hand.Texts()[0];
+    EXPECT_TRUE(isError(1, "Number: 8018\r\nSource: mnuRead_Click")) << hand.Texts()[1];
+    ExpectControls(false);
+    EXPECT_FALSE(Get<Timer>(*map, "TimerRead").Enabled());
+    Click(*map, "mnuReturn");
+    Reopen();
+    ExpectRest();
+    Click(*map, "mnuWrite");
+    ASSERT_TRUE(WaitFor([&] { return hand.Count() == 5; }));
+    EXPECT_TRUE(isError(2, noPort)) << hand.Texts()[2];
+    for (const std::size_t tick : {3U, 4U})
+        EXPECT_TRUE(isError(tick, "Number: 8018\r\nSource: TimerWrite_Timer"));
+    Click(*map, "mnuReturn");
+}
+
 TEST_F(EepromMapRuns, TheLogHoldsTheWholeMap) {
     sensor.SetWord(66, 0xFFFF);
     sensor.SetWord(194, 0x8000);
