@@ -49,7 +49,7 @@ QString PermittedGroup(const QString& path, mode_t mode) {
 }  // namespace
 
 QString PermissionHint(const PortDevice& device) {
-    const QString lack = QStringLiteral("No permission to use it");
+    QString lack = QStringLiteral("No permission to use it");
     if (device.group.isEmpty()) return lack;
     return lack + QStringLiteral("; the group \"%1\" has it").arg(device.group);
 }
