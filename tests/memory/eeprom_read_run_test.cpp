@@ -10,6 +10,7 @@
 #include "simulator/simulator.h"
 #include "support/box_hand.h"
 #include "support/frames.h"
+#include "support/hastener.h"
 #include "support/surroundings.h"
 #include "support/wait.h"
 
@@ -40,6 +41,7 @@ class ReadRun : public testing::Test {
             ++ticks;
             Trap("TimerRead_Timer", [this] { EepromReadTick(run); });
         });
+        new Hastener(timer, port);
         run.take = [this] {
             taken.emplace_back(AppState.CurrentEEPROMAddress, AppState.EEPROMValue);
         };
@@ -72,7 +74,7 @@ class ReadRun : public testing::Test {
     orbkl4sim::Simulator sensor;
     Screen screen{"Reader", "Reader"};
     MSComm& port = *new MSComm(&screen, "MSComm1");
-    Timer& timer = *new Timer(&screen, "TimerRead", 20);
+    Timer& timer = *new Timer(&screen, "TimerRead", 100);
     EepromReadRun run{screen, port, timer, 64, 76, 6, {}, {}, {}};
     Words taken;
     std::vector<int> passed;

@@ -29,8 +29,8 @@ class AnalogTest : public ScreenTest {
 
     void OpenAnalog() {
         analog = &Open("Analog");
-        for (const char* timer : {"TimerRead", "TimerWrite"})
-            Get<Timer>(*analog, timer).Interval(tick);
+        Get<Timer>(*analog, "TimerWrite").Interval(tick);
+        new Hastener(Get<Timer>(*analog, "TimerRead"), Get<MSComm>(*analog, "MSComm1"));
     }
 
     bool Running() const { return !analog->Menu("mnuRead").Enabled(); }

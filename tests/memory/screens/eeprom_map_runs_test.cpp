@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 
 namespace orbkl4::test {
 
@@ -123,8 +124,9 @@ TEST_F(EepromMapRuns, WritesJustTheChangedWordsInAscendingOrder) {
         {246, "100", 100, {0x29, 0x71, 0x00, 0xF6, 0x00, 0x64, 0xAA}},
     };
     std::vector<Bytes> expected;
-    for (auto row = cases.rbegin(); row != cases.rend(); ++row) Type(row->address, row->typed);
+    expected.reserve(cases.size() + 1);
     for (const Case& row : cases) expected.push_back(row.request);
+    for (const Case& row : std::views::reverse(cases)) Type(row.address, row.typed);
     expected.push_back(closingWrite);
     Run("mnuWrite");
     EXPECT_EQ(Heard(), expected);
@@ -240,6 +242,7 @@ TEST_F(EepromMapRuns, SilenceIsAnErrorOfTheTickAndTheRunGoesOnWithALateReply) {
 TEST_F(EepromMapRuns, NothingActsBehindABoxAndARetryGetsAFullTick) {
     constexpr int tick = 120;
     constexpr int slack = 30;  // of the two threads' clocks
+    delete hastener;
     Get<Timer>(*map, "TimerRead").Interval(tick);
     hand.Hesitate(3 * tick);
     sensor.ReplyOnceTo(0x28, {0x00});

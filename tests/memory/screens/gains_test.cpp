@@ -12,8 +12,6 @@ namespace {
 
 using Numbers = std::vector<double>;
 
-constexpr int tick = 30;
-
 /// The screen of the gains, opened on a sensor with gains of 1, 2 and 300; its first read is under
 /// way.
 class GainsTest : public ScreenTest {
@@ -28,7 +26,7 @@ class GainsTest : public ScreenTest {
     void OpenGains() {
         gains = &Open("Gains");
         for (const char* timer : {"TimerRead", "TimerWrite"})
-            Get<Timer>(*gains, timer).Interval(tick);
+            new Hastener(Get<Timer>(*gains, timer), Get<MSComm>(*gains, "MSComm1"));
     }
 
     bool Running() const { return !gains->Menu("mnuRead").Enabled(); }
@@ -152,18 +150,18 @@ TEST_F(GainsTest, SilenceIsAnErrorOfTheTickAndNothingIsSentAgain) {
         std::uint8_t command;
         Bytes lateReply;
     };
-    for (const auto& [entry, source, command, lateReply] :
-         {Case{"mnuRead", "TimerRead_Timer", 0x25, Frame(0x25, {4, 5, 6, 0})},
-          Case{"mnuWrite", "TimerWrite_Timer", 0x24, Frame(0x24, {0})}}) {
+    for (const Case& row : {Case{"mnuRead", "TimerRead_Timer", 0x25, Frame(0x25, {4, 5, 6, 0})},
+                            Case{"mnuWrite", "TimerWrite_Timer", 0x24, Frame(0x24, {0})}}) {
         const std::size_t boxes = hand.Count();
-        sensor.ReplyOnceTo(command, {});
+        sensor.ReplyOnceTo(row.command, {});
         hand.BeforeAnswer([&](QMessageBox& box) {
-            if (box.text().contains(QStringLiteral("Number: 9"))) sensor.SendUnasked(lateReply);
+            const bool isError = box.text().contains(QStringLiteral("Number: 9"));
+            if (isError) sensor.SendUnasked(row.lateReply);
         });
-        Click(*gains, entry);
+        Click(*gains, row.entry);
         AwaitEnd();
         ASSERT_EQ(hand.Count(), boxes + 2);
-        EXPECT_NE(hand.Texts()[boxes].find(std::string("Number: 9\r\nSource: ") + source +
+        EXPECT_NE(hand.Texts()[boxes].find(std::string("Number: 9\r\nSource: ") + row.source +
                                            "\r\nScreen: Gains\r\n"),
                   std::string::npos)
             << hand.Texts()[boxes];

@@ -8,7 +8,6 @@ namespace orbkl4::test {
 
 namespace {
 
-constexpr int readTick = 15;  // leaves the sensor ample time to answer
 constexpr int writeTick = 2;
 constexpr int runMilliseconds = 20000;
 
@@ -21,7 +20,7 @@ MapTest::MapTest(bool advanced) {
 
 void MapTest::Reopen() {
     map = &Open("EEPROMmap");
-    Get<Timer>(*map, "TimerRead").Interval(readTick);
+    hastener = new Hastener(Get<Timer>(*map, "TimerRead"), Get<MSComm>(*map, "MSComm1"));
     Get<Timer>(*map, "TimerWrite").Interval(writeTick);
     ActivateFrame();
 }

@@ -5,6 +5,7 @@
 #include "platform/mscomm.h"
 #include "platform/timer.h"
 #include "support/box_hand.h"
+#include "support/hastener.h"
 #include "support/screens/screen_fixture.h"
 
 #include <string>
@@ -55,6 +56,7 @@ class MapTest : public ScreenTest {
     void ActivateFrame();
 
     Screen* map = nullptr;
+    Hastener* hastener = nullptr;  ///< of the read run
     BoxHand hand{{}, QMessageBox::Retry};
 };
 
