@@ -1,0 +1,104 @@
+#include "acquire/logic/sample_state.h"
+#include "platform/controls/cw_slide.h"
+#include "settings/screens/settings_fixture.h"
+
+#include <QPushButton>
+
+namespace orbkl4::test {
+
+namespace {
+
+class Temperature : public ScreenTest {
+  protected:
+    Screen& screen = OpenModal("GetTemperature");
+
+    void PressGet() { Get<QPushButton>(screen, "cmdGet").click(); }
+
+    bool PortOpen() const { return Get<MSComm>(screen, "MSComm1").PortOpen(); }
+
+    Strings Fields() const {
+        Strings texts;
+        for (const char* field : {"txtC", "txtF", "txtRe", "txtK", "txtRa"})
+            texts.push_back(Text(screen, field));
+        return texts;
+    }
+
+    double Slide() const { return Get<CWSlide>(screen, "SlideDegreesC").Value(); }
+
+    BoxHand hand{{}, goOn};
+};
+
+}  // namespace
+
+TEST_F(Temperature, IsShownInFiveScales) {
+    struct Case {
+        unsigned word;
+        Strings texts;
+        double slide;
+    };
+    EXPECT_EQ(Text(screen, "lblRe"), "R\u00e9aumur");
+    for (const auto& [word, texts, slide] : std::vector<Case>{
+             {0, {"-50", "-58", "-40", "223.2", "401.7"}, -50},
+             {6554, {"0", "32", "0", "273.2", "491.7"}, 0},
+             {13107, {"50", "122", "40", "323.2", "581.7"}, 50},
+             {65535, {"450", "842", "360", "723.2", "1301.7"}, 450},
+             // 24.7 makes 76.46 Fahrenheit; the 76.5 shown makes 536.17 Rankine, not 536.13.
+             {9797, {"24.7", "76.5", "19.8", "297.8", "536.2"}, 24.7}}) {
+        sensor.ClearRecord();
+        sensor.ReplyOnceTo(0x07, Frame(0x07, {word, 65000}));
+        PressGet();
+        EXPECT_EQ(Fields(), Strings(5)) << "emptied, though emptying the first refills the others";
+        EXPECT_EQ(Slide(), 0);
+        ASSERT_TRUE(WaitFor([this] { return !PortOpen(); })) << word;
+        EXPECT_EQ(Fields(), texts);
+        EXPECT_EQ(Slide(), slide);
+        EXPECT_EQ(Heard(), std::vector<Bytes>{{0x07}});
+    }
+    EXPECT_EQ(SampleState.HeaderGyro, 7);
+    EXPECT_EQ(SampleState.TicksGyro, 65000);
+    EXPECT_EQ(SampleState.ChecksumGyro, 9268);  // 7 + 9797 + 65000 - 65536
+    EXPECT_EQ(SampleState.CalcChecksumGyro, 9268);
+    EXPECT_EQ(hand.Count(), 0U);
+}
+
+TEST_F(Temperature, ABadReplyIsToldAndShowsNothing) {
+    struct Case {
+        Bytes reply;
+        const char* message;
+    };
+    for (const auto& [reply, message] : std::vector<Case>{
+             {{0x06, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3A}, "Temperature return failed! Try again."},
+             {{0x07, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3B, 0x00},
+              "Temperature return failed! Try again."},
+             {{0x07, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3C}, "Temperature return failed!"}}) {
+        sensor.ReplyOnceTo(0x07, reply);
+        PressGet();
+        ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
+        EXPECT_EQ(hand.Texts().back(), message);
+        EXPECT_EQ(Fields(), Strings(5));
+        EXPECT_EQ(Slide(), 0);
+    }
+    EXPECT_EQ(hand.Count(), 3U);
+}
+
+TEST_F(Temperature, ASilentSensorIsAskedAgainByTheNextClick) {
+    sensor.SetSilent(true);
+    PressGet();
+    ASSERT_TRUE(sensor.WaitForRequests(1, std::chrono::seconds(5)));
+    LetPass(50);
+    EXPECT_TRUE(PortOpen());
+    EXPECT_EQ(Fields(), Strings(5));
+    sensor.SetSilent(false);
+    PressGet();
+    ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
+    EXPECT_EQ(Text(screen, "txtC"), "25");
+    sensor.SetSilent(true);
+    PressGet();
+    Get<QPushButton>(screen, "cmdOK").click();
+    EXPECT_EQ(FindScreen("GetTemperature"), nullptr);
+    sensor.SetSilent(false);
+    OpenModal("GetTemperature");
+    EXPECT_EQ(hand.Count(), 0U);
+}
+
+}  // namespace orbkl4::test

@@ -1,0 +1,101 @@
+#include "platform/controls/cw_button.h"
+#include "platform/controls/option_button.h"
+#include "settings/screens/settings_fixture.h"
+
+#include <QPushButton>
+
+namespace orbkl4::test {
+
+namespace {
+
+struct Mode {
+    const char* option;
+    std::uint8_t byte;
+    const char* name;
+};
+
+constexpr Mode modes[] = {
+    {"optRSB", 0x01, "Raw Sensor Bits"},
+    {"optGSV", 0x02, "Gyro-Stabilized Vectors"},
+    {"optIV", 0x03, "Instantaneous Vectors"},
+    {"optGSQ", 0x05, "Gyro-Stabilized Quaternions"},
+    {"optIQ", 0x04, "Instantaneous Quaternions"},
+    {"optGSM", 0x0B, "Gyro-Stabilized Orientation Matrix"},
+    {"optIM", 0x0A, "Instantaneous Orientation Matrix"},
+    {"optGSEA", 0x0E, "Gyro-Stabilized Euler Angles"},
+    {"optIEA", 0x0D, "Instantaneous Euler Angles"},
+    {"optQIV", 0x0C, "Quaternions and Instant Vectors"},
+    {"optQCV", 0x12, "Quaternions and Comp Vectors"},
+    {"optAAV", 0x31, "Euler Angles, Accels and Vectors"},
+};
+
+class SetMode : public ScreenTest {
+  protected:
+    SetMode() : ScreenTest(PacedSensor()) {}
+
+    static orbkl4sim::SimulatorOptions PacedSensor() {
+        orbkl4sim::SimulatorOptions options = QuietSensor();
+        options.paced = true;
+        return options;
+    }
+
+    static void Press(const Screen& screen, const char* button) {
+        Get<QPushButton>(screen, button).click();
+    }
+
+    Screen& main = *FindScreen("Main");
+    BoxHand hand{{}, goOn};
+};
+
+}  // namespace
+
+TEST_F(SetMode, EachContinuousOutputIsStoppedBeforeTheNextScreenOpens) {
+    for (const auto& [option, byte, name] : modes) {
+        Click(main, "mnuSetMode");
+        Screen& screen = *FindScreen("SetMode");
+        EXPECT_TRUE(Get<OptionButton>(screen, "optPolled").Value());
+        Get<OptionButton>(screen, option).click();
+        sensor.ClearRecord();
+        Press(screen, "cmdOK");
+        EXPECT_EQ(hand.Texts().back(),
+                  std::string("The ORB-KL4 is now operating in CONTINUOUS ") + name + " mode!");
+        EXPECT_EQ(FindScreen("SetMode"), nullptr);
+        ASSERT_TRUE(WaitFor([&] { return sensor.Word(132) == byte; })) << option;
+        EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x29, 0x71, 0x00, 0x84, 0x00, byte, 0xAA}}));
+
+        Click(main, "mnuVectors");
+        Screen& vectors = *FindScreen("Vectors");
+        Click(vectors, "mnuSampleGyro");
+        EXPECT_TRUE(WaitFor([&] { return Get<CWButton>(vectors, "LED").Value(); })) << option;
+        EXPECT_EQ(sensor.Word(132), 0);
+        Click(vectors, "mnuReturn");
+    }
+    EXPECT_EQ(hand.Count(), std::size(modes));
+}
+
+TEST_F(SetMode, CancelAndPolledLeaveThePolledModeThatOpeningSet) {
+    sensor.SetWord(132, 0x0E);
+    Click(main, "mnuSetMode");
+    Press(*FindScreen("SetMode"), "cmdCancel");
+    EXPECT_EQ(FindScreen("SetMode"), nullptr);
+    EXPECT_EQ(sensor.Word(132), 0);
+    EXPECT_EQ(hand.Count(), 0U);
+    sensor.SetSilent(true);
+    Press(OpenModal("SetMode"), "cmdOK");
+    EXPECT_EQ(hand.Texts(), Strings{"The ORB-KL4 is now operating in POLLED mode!"})
+        << "no answer is awaited";
+}
+
+TEST_F(SetMode, FailsWhereThePortCantBeUsed) {
+    AppState.CommPort = 99;
+    Screen& screen = OpenModal("SetMode");
+    Get<OptionButton>(screen, "optAAV").click();
+    Press(screen, "cmdOK");
+    ASSERT_EQ(hand.Count(), 2U);
+    EXPECT_NE(hand.Texts()[0].find("Number: 8002\r\nSource: OpenCommPort\r\nScreen: SetMode"),
+              std::string::npos);
+    EXPECT_EQ(hand.Texts()[1], "The Mode Command failed to write to the ORB-KL4!");
+    EXPECT_EQ(FindScreen("SetMode"), nullptr);
+}
+
+}  // namespace orbkl4::test
