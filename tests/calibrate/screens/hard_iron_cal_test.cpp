@@ -1,0 +1,268 @@
+#include "frame/logic/app_state.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/cw_button.h"
+#include "platform/controls/cw_num_edit.h"
+#include "platform/mscomm.h"
+#include "platform/screen_registry.h"
+#include "platform/timer.h"
+#include "simulator/surroundings.h"
+#include "support/box_hand.h"
+#include "support/frames.h"
+#include "support/screens/screen_fixture.h"
+#include "support/wait.h"
+
+#include <QWidget>
+
+namespace orbkl4::test {
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+constexpr const char* badReply = "Return bytes and/or header failed!";
+
+class HardIronTest : public ScreenTest {
+  protected:
+    explicit HardIronTest(const orbkl4sim::SimulatorOptions& options = QuietSensor())
+        : ScreenTest(options) {
+        AppState.FirmwareText = "3.1.01";
+        AppState.FirmwareNumber = 3101;
+        AppState.MagGainScale = 2500;
+    }
+
+    bool Enabled(const char* entry) const { return screen->Menu(entry).Enabled(); }
+    bool Checked(const char* entry) const { return screen->Menu(entry).Checked(); }
+    bool IsOpen(const char* port) const { return Get<MSComm>(*screen, port).PortOpen(); }
+    bool Lit() const { return Get<CWButton>(*screen, "LED").Value(); }
+
+    /// Chooses `entry` and gives what the box says that follows.
+    std::string Outcome(const char* entry) {
+        const std::size_t before = hand.Count();
+        Click(*screen, entry);
+        EXPECT_TRUE(WaitFor([&] { return hand.Count() > before && !Checked("mnuInit"); }));
+        EXPECT_EQ(hand.Count(), before + 1);
+        return hand.Texts().back();
+    }
+
+    void ExpectIdle() const {
+        for (const char* entry : {"mnuErase", "mnuInit", "mnuCollect", "mnuCompute"}) {
+            EXPECT_TRUE(Enabled(entry)) << entry;
+            EXPECT_FALSE(Checked(entry)) << entry;
+        }
+        for (const char* port : {"MSComm1", "MSComm2", "MSComm3"})
+            EXPECT_FALSE(IsOpen(port)) << port;
+    }
+
+    Strings Fields(const Strings& names) const {
+        Strings texts;
+        for (const std::string& name : names) texts.push_back(Text(*screen, name.c_str()));
+        return texts;
+    }
+
+    BoxHand hand{{}, QMessageBox::Retry};
+    Screen* screen = nullptr;
+};
+
+class HardIron : public HardIronTest {
+  protected:
+    HardIron() { screen = &Open("HardIronCal"); }
+};
+
+orbkl4sim::SimulatorOptions TumblingSensor() {
+    orbkl4sim::SimulatorOptions options = QuietSensor();
+    options.motion = orbkl4sim::Tumble();
+    options.noise = true;
+    return options;
+}
+
+class HardIronTumbling : public HardIronTest {
+  protected:
+    HardIronTumbling() : HardIronTest(TumblingSensor()) { screen = &Open("HardIronCal"); }
+};
+
+const Strings collectFields{"txtHeader",       "txtMagFieldX",    "txtMagFieldY",
+                            "txtMagFieldZ",    "txtMagFieldMinX", "txtMagFieldMinY",
+                            "txtMagFieldMinZ", "txtMagFieldMaxX", "txtMagFieldMaxY",
+                            "txtMagFieldMaxZ", "txtTimerTicks",   "txtCS"};
+const Strings parameterFields{"txtHeader1",         "txtHardIronOffsetX", "txtHardIronOffsetY",
+                              "txtHardIronOffsetZ", "txtTimerTicks1",     "txtCS1"};
+
+// At a gain of 2500 a word of 13107 is 1 gauss (0.99998).
+const Bytes collected = Frame(0x41, {13107, 0xFFFF, 0, 32768, 40000, 1, 26214, 6554, 32767, 4096});
+// 65 + 13107 + 65535 + 32768 + 40000 + 1 + 26214 + 6554 + 32767 + 4096 = 221107 = 3 x 65536 + 24499
+const Strings collectedTexts{"65",     "1", "-0.0001", "0",      "-2.5", "-1.9482",
+                             "0.0001", "2", "0.5",     "2.4999", "4096", "24499"};
+
+}  // namespace
+
+TEST_F(HardIronTumbling, FromEraseToComputeTheOffsetIsThatOfTheIron) {
+    EXPECT_EQ(Outcome("mnuErase"), "Erase succeeded!");
+    Click(*screen, "mnuCollect");
+    // 6.5536 ms pass for the sensor with each reply: 1000 are more than one turn of every axis.
+    ASSERT_TRUE(WaitFor([this] { return sensor.Requests().size() > 1000; }, 60000));
+    EXPECT_TRUE(Lit());
+    Click(*screen, "mnuCollect");
+    EXPECT_FALSE(Lit());
+    Get<ComboBox>(*screen, "cmbType").ListIndex(1);
+    EXPECT_EQ(Outcome("mnuCompute"), "Compute Parameter succeeded!");
+    ExpectIdle();
+    const double iron[] = {orbkl4sim::kHardIron.x, orbkl4sim::kHardIron.y, orbkl4sim::kHardIron.z};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const double shown = std::stod(Text(*screen, parameterFields[axis + 1].c_str()));
+        constexpr double noise = 0.003;
+        EXPECT_NEAR(shown, iron[axis], noise);
+        const auto word = static_cast<std::int16_t>(sensor.Word(172 + 2 * static_cast<int>(axis)));
+        EXPECT_NEAR(shown, word / 13107.2, 0.00006);
+    }
+    EXPECT_NE(Text(*screen, "txtMagFieldMaxX"), "") << "computing leaves what was collected";
+}
+
+TEST_F(HardIron, OldFirmwareCanOnlyErase) {
+    Click(*screen, "mnuReturn");
+    AppState.FirmwareNumber = 0;
+    AppState.FirmwareText = "3.0.05";
+    screen = &Open("HardIronCal");
+    EXPECT_EQ(hand.Texts(),
+              Strings{"ORB-KL4 firmware version 3.0.05 has been detected! Hard Iron Calibration "
+                      "requires firmware version 3.1.01 or higher. Please contact Kestrelmoor to "
+                      "upggrade."});
+    for (const char* entry : {"mnuInit", "mnuCollect", "mnuCompute"}) EXPECT_FALSE(Enabled(entry));
+    sensor.ClearRecord();
+    EXPECT_EQ(Outcome("mnuErase"), "Erase succeeded!");
+    EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x40, 0x71, 0x3E}}));
+}
+
+TEST_F(HardIron, EachOneShotReplyHasItsWords) {
+    struct Case {
+        const char* entry;
+        std::uint8_t command;
+        Bytes reply;
+        const char* message;
+    };
+    const Bytes computed{0x42, 0x33, 0x33, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0x0A, 0x33, 0x7E};
+    const Bytes badCompute{0x42, 0x33, 0x33, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0x0A, 0x33, 0x7F};
+    Bytes longCompute = computed;
+    longCompute.push_back(0);
+    for (const auto& [entry, command, reply, message] : std::vector<Case>{
+             {"mnuInit", 0x40, {0x40, 0xFF, 0xC0, 0x00, 0x00}, "Initialization succeeded!"},
+             {"mnuInit", 0x40, {0x40, 0x00, 0x01, 0x00, 0x40}, "Initialization failed checksum!"},
+             {"mnuInit", 0x40, {0x41, 0x00, 0x01, 0x00, 0x42}, badReply},
+             {"mnuInit", 0x40, {0x40, 0x00, 0x01, 0x00, 0x41, 0x00}, badReply},
+             {"mnuErase", 0x40, {0x40, 0x00, 0x01, 0x00, 0x41}, "Erase succeeded!"},
+             {"mnuErase", 0x40, {0x40, 0x00, 0x01, 0x00, 0x42}, "Erase failed checksum!"},
+             {"mnuErase", 0x40, {0x40, 0x00, 0x01, 0x00, 0x41, 0x00}, badReply},
+             {"mnuInit", 0x40, {0x40, 0x00, 0x01, 0x00, 0x41}, "Erase succeeded!"},  // still asked
+             {"mnuInit", 0x40, {0x40, 0x00, 0x01, 0x00, 0x41}, "Initialization succeeded!"},
+             {"mnuCompute", 0x42, badCompute, "Compute Parameter failed checksum!"},
+             {"mnuCompute", 0x42, longCompute, badReply},
+             {"mnuCompute", 0x42, computed, "Compute Parameter succeeded!"}}) {
+        sensor.ReplyOnceTo(command, reply);
+        EXPECT_EQ(Outcome(entry), message);
+        ASSERT_TRUE(WaitFor([this] { return !Checked("mnuCompute"); }));
+        ExpectIdle();
+        const bool shown = reply == computed;
+        EXPECT_EQ(Fields(parameterFields),
+                  shown ? (Strings{"66", "1", "-0.0001", "0", "10", "13182"}) : Strings(6));
+    }
+}
+
+TEST_F(HardIron, SecondClicksEndTheWaitWithoutAWord) {
+    sensor.SetSilent(true);
+    struct Case {
+        const char* entry;
+        const char* port;
+        Strings others;
+    };
+    for (const auto& [entry, port, others] :
+         std::vector<Case>{{"mnuInit", "MSComm1", {"mnuErase", "mnuCollect", "mnuCompute"}},
+                           {"mnuCollect", "MSComm2", {"mnuErase", "mnuInit", "mnuCompute"}},
+                           {"mnuCompute", "MSComm3", {"mnuErase", "mnuInit", "mnuCollect"}}}) {
+        Click(*screen, entry);
+        EXPECT_TRUE(Checked(entry));
+        EXPECT_TRUE(IsOpen(port));
+        for (const std::string& other : others) EXPECT_FALSE(Enabled(other.c_str())) << other;
+        Click(*screen, entry);
+        ExpectIdle();
+    }
+    Click(*screen, "mnuErase");
+    EXPECT_TRUE(Checked("mnuInit"));
+    Click(*screen, "mnuInit");
+    sensor.SetSilent(false);
+    EXPECT_EQ(Outcome("mnuInit"), "Erase succeeded!") << "the erasure was never reported";
+    EXPECT_EQ(hand.Count(), 1U);
+}
+
+TEST_F(HardIron, CollectsAroundBadReplies) {
+    Bytes badSum = collected;
+    badSum.back() ^= 1;
+    Bytes oneByteMore = collected;
+    oneByteMore.push_back(0);
+    const Bytes otherHeader = Frame(0x01, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    sensor.ReplyTo(0x41, {});
+    for (const Bytes& bad : {badSum, oneByteMore, otherHeader}) {
+        sensor.ClearRecord();
+        sensor.ReplyOnceTo(0x41, collected);
+        sensor.ReplyOnceTo(0x41, bad);
+        std::vector<bool> lamp;
+        const auto watch = QObject::connect(&Get<CWButton>(*screen, "LED"), &CWButton::ValueChanged,
+                                            [&](bool lit) { lamp.push_back(lit); });
+        Click(*screen, "mnuCollect");
+        ASSERT_TRUE(WaitFor([this] { return sensor.Requests().size() == 3; }));
+        EXPECT_EQ(lamp, (std::vector<bool>{true, false}));
+        EXPECT_EQ(Fields(collectFields), collectedTexts) << "a bad reply leaves the fields";
+        QObject::disconnect(watch);
+        Click(*screen, "mnuCollect");
+        EXPECT_EQ(Fields(collectFields), collectedTexts) << "a stop leaves them too";
+    }
+    EXPECT_EQ(hand.Count(), 0U);
+    Click(*screen, "mnuCollect");
+    EXPECT_EQ(Fields(collectFields), Strings(12));
+}
+
+TEST_F(HardIron, ASilentSensorIsAskedAfreshUntilItAnswers) {
+    sensor.SetSilent(true);
+    Click(*screen, "mnuCollect");
+    Get<Timer>(*screen, "TimerSampling").Interval(20);
+    auto& warning = Get<QWidget>(*screen, "lblWarning");
+    ASSERT_TRUE(WaitFor([&] { return warning.isVisible() && Heard().size() >= 3; }));
+    EXPECT_TRUE(Checked("mnuCollect"));
+    EXPECT_FALSE(Enabled("mnuCompute"));
+    sensor.SetSilent(false);
+    ASSERT_TRUE(WaitFor([&] { return Lit() && !warning.isVisible(); }));
+    EXPECT_EQ(hand.Count(), 0U);
+}
+
+TEST_F(HardIron, ComputeSendsTypeAndMagnitude) {
+    const auto send = [this](int type, double gauss) {
+        Get<ComboBox>(*screen, "cmbType").ListIndex(type);
+        Get<CWNumEdit>(*screen, "NumEditMagZ").Value(gauss);
+        sensor.ClearRecord();
+        Outcome("mnuCompute");
+        return Heard().at(0);
+    };
+    auto& magnitude = Get<CWNumEdit>(*screen, "NumEditMagZ");
+    EXPECT_EQ(magnitude.Value(), 0.52);
+    EXPECT_EQ(send(0, 0.52), (Bytes{0x42, 0x71, 0x3E, 0x01, 0x02, 0x08}));
+    EXPECT_TRUE(magnitude.isEnabled());
+    EXPECT_EQ(send(1, -0.52), (Bytes{0x42, 0x71, 0x3E, 0x00, 0xFD, 0xF8}));
+    EXPECT_FALSE(magnitude.isEnabled());
+    EXPECT_EQ(magnitude.BackColorText(), 0xE0E0E0U);
+    Get<ComboBox>(*screen, "cmbType").ListIndex(0);
+    EXPECT_EQ(magnitude.BackColorText(), windowBackground);
+}
+
+TEST_F(HardIron, ReturnInMidOperationFreesThePort) {
+    sensor.SetSilent(true);
+    for (const char* entry : {"mnuInit", "mnuCollect", "mnuCompute"}) {
+        Click(*screen, entry);
+        Click(*screen, "mnuReturn");
+        EXPECT_EQ(ActiveScreenName(), "Main");
+        LetPass(20);
+        screen = &Open("HardIronCal");
+    }
+    sensor.SetSilent(false);
+    EXPECT_EQ(Outcome("mnuInit"), "Initialization succeeded!");
+    EXPECT_EQ(hand.Count(), 1U);
+}
+
+}  // namespace orbkl4::test
