@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 
 namespace orbkl4::test {
 
@@ -126,7 +125,7 @@ TEST_F(EepromMapRuns, WritesJustTheChangedWordsInAscendingOrder) {
     std::vector<Bytes> expected;
     expected.reserve(cases.size() + 1);
     for (const Case& row : cases) expected.push_back(row.request);
-    for (const Case& row : std::views::reverse(cases)) Type(row.address, row.typed);
+    for (std::size_t i = cases.size(); i-- > 0;) Type(cases[i].address, cases[i].typed);
     expected.push_back(closingWrite);
     Run("mnuWrite");
     EXPECT_EQ(Heard(), expected);
@@ -137,6 +136,8 @@ TEST_F(EepromMapRuns, WritesJustTheChangedWordsInAscendingOrder) {
                                         "program is exited/re-started and 2) the ORB-KL4 power is "
                                         "cycled!"}));
     EXPECT_EQ(StoredCommSettings(), "19200,n,8,1");
+    Run("mnuWrite");
+    EXPECT_EQ(hand.Count(), 3U) << "no warning where the baud rate wasn't written";
 
     map->Unload();
     Reopen();
@@ -163,6 +164,7 @@ TEST_F(EepromMapRuns, AWordOutsideItsLimitsIsShownAndKeptUntilShowMin) {
     sensor.ClearRecord();
     Click(*map, "mnuShowMin");
     const std::vector<int> marked = MarkedAddresses();
+    ASSERT_FALSE(marked.empty()) << "changes behind a read mark again";
     EXPECT_EQ(marked.back(), 254);
     Run("mnuWrite");
     std::vector<int> written;
