@@ -2,8 +2,6 @@
 
 #include "base/run_time_error.h"
 
-#include <array>
-#include <cmath>
 #include <limits>
 
 namespace orbkl4 {
@@ -12,7 +10,7 @@ namespace {
 
 template <typename Integer>
 Integer ToInteger(double x) {
-    const double rounded = std::nearbyint(x);
+    const double rounded = NearestInteger(x);
     const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
                       rounded <= std::numeric_limits<Integer>::max();
     if (!fits) Raise(ErrorNumber::Overflow);
@@ -20,12 +18,6 @@ Integer ToInteger(double x) {
 }
 
 }  // namespace
-
-double RoundTo(double x, int decimals) {
-    static constexpr std::array<double, 10> powers{1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
-    const double scale = powers.at(static_cast<std::size_t>(decimals));
-    return std::nearbyint(x * scale) / scale;
-}
 
 std::int32_t ToInt32(double x) { return ToInteger<std::int32_t>(x); }
 

@@ -7,8 +7,10 @@
 #include <QThread>
 
 #include <algorithm>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
+#include <unistd.h>
 #ifdef Q_OS_LINUX
 #include <linux/serial.h>
 #endif
@@ -39,6 +41,12 @@ void SetLowLatency([[maybe_unused]] int handle) {
     serial.flags |= ASYNC_LOW_LATENCY;
     ::ioctl(handle, TIOCSSERIAL, &serial);
 #endif
+}
+
+/// Whether a read would find bytes or an error.
+bool HasSomethingToRead(int handle) {
+    pollfd line{.fd = handle, .events = POLLIN, .revents = 0};
+    return ::poll(&line, 1, 0) != 0;
 }
 
 int UnsentBytes(int handle) {
@@ -153,8 +161,7 @@ void MSComm::RequireOpen() const {
 void MSComm::Output(const Bytes& bytes) {
     RequireOpen();
     if (!gone_) {
-        line_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        line_.flush();
+        Send(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
         const auto time = std::chrono::microseconds(
             1'000'000 * bitsPerByte * static_cast<qint64>(bytes.size()) / line_.baudRate());
         sent_ = QDeadlineTimer(
@@ -165,6 +172,17 @@ void MSComm::Output(const Bytes& bytes) {
         Raise(ErrorNumber::DeviceGone,
               "The device is gone: " + PortText(commPort_, line_.portName()) + " was pulled out");
     }
+}
+
+void MSComm::Send(const char* bytes, qint64 count) {
+    // Straight to the system: the port object's own write would have the event loop wake twice more
+    // for each request. It takes what the line has no room for, and tells of a line that is gone.
+    const bool inOrder = line_.bytesToWrite() == 0;
+    const auto handle = static_cast<int>(line_.handle());
+    const qint64 sent = inOrder ? std::max<qint64>(::write(handle, bytes, count), 0) : 0;
+    if (sent == count) return;
+    line_.write(bytes + sent, count - sent);
+    line_.flush();
 }
 
 void MSComm::Input(Bytes& bytes) {
@@ -178,7 +196,8 @@ void MSComm::Input(Bytes& bytes) {
 
 std::int16_t MSComm::InBufferCount() {
     RequireOpen();
-    if (line_.isOpen()) {
+    // Asked first, as the port object makes an error of there being nothing.
+    if (line_.isOpen() && HasSomethingToRead(static_cast<int>(line_.handle()))) {
         reading_ = true;
         line_.waitForReadyRead(0);
         reading_ = false;

@@ -70,6 +70,7 @@ class MSComm : public QObject, private EventSource {
     void ApplySettings();
     void CloseLine();
     void Drain();
+    void Send(const char* bytes, qint64 count);
     void TakeIn();
     void OnLineError();
 

@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace orbkl4 {
@@ -39,6 +42,25 @@ TEST(Arithmetic, RoundsTiesToTheEvenDigit) {
                                                                    {0.00005, 4, 0},
                                                                    {1.63854, 4, 1.6385}}))
         EXPECT_EQ(RoundTo(x, decimals), rounded) << x;
+}
+
+TEST(Arithmetic, RoundsToTheBitAsTheMathLibraryDoes) {
+    const auto expectSame = [](double x) {
+        const auto bits = [](double number) { return std::bit_cast<std::uint64_t>(number); };
+        ASSERT_EQ(bits(NearestInteger(x)), bits(std::nearbyint(x))) << x;
+        ASSERT_EQ(bits(NearestInteger(-x)), bits(std::nearbyint(-x))) << -x;
+    };
+    for (int word = 0; word <= 65535; ++word) {
+        for (const double scale : {0.5, 360.0 / 65536 * 10, 10000.0 / 8192, 3277 / 3276.8}) {
+            expectSame(word * scale);
+        }
+    }
+    for (const double edge : {0x1p51, 0x1p52, 0x1p53}) {
+        for (const double beside : {-1.5, -1.0, -0.5, 0.0, 0.5, 1.0}) expectSame(edge + beside);
+    }
+    expectSame(std::numeric_limits<double>::max());
+    expectSame(std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(std::isnan(NearestInteger(std::numeric_limits<double>::quiet_NaN())));
 }
 
 TEST(Arithmetic, IntegersRoundHalfToEvenAndOverflow) {

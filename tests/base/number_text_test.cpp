@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
+#include <cstdio>
 #include <optional>
 
 namespace orbkl4 {
@@ -44,6 +46,25 @@ TEST(NumberText, HasThreeForms) {
         EXPECT_EQ(ScreenText(number), screen);
         EXPECT_EQ(FileText(number), file);
         EXPECT_EQ(TrimmedFileText(number), trimmed);
+    }
+}
+
+TEST(NumberText, HasTheDigitsThatPrintingGives) {
+    const auto expectSame = [](double number) {
+        std::array<char, 40> printed{};
+        std::snprintf(printed.data(), printed.size(), "%.15g", number);
+        ASSERT_EQ(ScreenText(number), printed.data());
+    };
+    for (int step = 1; step <= 65535; step += 7) {
+        for (const double unit : {1.0, 0.1, 0.0001, 1.0 / 8192, 99999.9999}) {
+            const double number = step * unit;
+            expectSame(number);
+            expectSame(-number);
+            expectSame(std::nextafter(number, 0));
+        }
+    }
+    for (const double wide : {9999999999.9999, 99999999999.9999, 999999999999.9999}) {
+        expectSame(wide);
     }
 }
 
