@@ -91,7 +91,7 @@ Exchange CalcCycle::Writing() {
 }
 
 double CalcCycle::Prescaler() const {
-    const auto chosen = std::ranges::find_if(prescalers_, &OptionButton::isChecked);
+    const auto* const chosen = std::ranges::find_if(prescalers_, &OptionButton::isChecked);
     return prescalerRows.at(static_cast<std::size_t>(chosen - prescalers_.begin())).value;
 }
 

@@ -61,7 +61,7 @@ void SetMode::Form_Load() {
 }
 
 const OutputMode& SetMode::ChosenMode() const {
-    const auto chosen = std::ranges::find_if(options_, &OptionButton::isChecked);
+    const auto* const chosen = std::ranges::find_if(options_, &OptionButton::isChecked);
     return outputModes.at(static_cast<std::size_t>(chosen - options_.begin()));
 }
 
