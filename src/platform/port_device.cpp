@@ -48,6 +48,11 @@ QString PermittedGroup(const QString& path, mode_t mode) {
 
 }  // namespace
 
+QString AdapterOf(const PortDevice& device) {
+    if (!device.present) return {};
+    return QSerialPortInfo(QFileInfo(device.name).fileName()).description();
+}
+
 QString PermissionHint(const PortDevice& device) {
     QString lack = QStringLiteral("No permission to use it");
     if (device.group.isEmpty()) return lack;
@@ -64,7 +69,6 @@ PortDevice DeviceOfPort(int number) {
     if (!device.present) return device;
     device.permitted = ::access(path.constData(), R_OK | W_OK) == 0;
     if (!device.permitted) device.group = PermittedGroup(device.name, status.st_mode);
-    device.description = QSerialPortInfo(QFileInfo(device.name).fileName()).description();
     return device;
 }
 

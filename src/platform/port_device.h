@@ -10,11 +10,14 @@ inline constexpr int lastPortNumber = 16;
 /// What a port number names on this machine.
 struct PortDevice {
     QString name;  ///< the device's own path or name, links resolved; empty where none is named
-    QString description;     ///< the adapter's description, empty where the system has none
     bool present = false;    ///< a terminal device is there
     bool permitted = false;  ///< this user may read and write it
     QString group;           ///< the group whose members may, where this user may not; empty: none
 };
+
+/// What the system calls the adapter of `device`, empty where it has no name for it; looks through
+/// all devices there are, which takes its time.
+QString AdapterOf(const PortDevice& device);
 
 /// Says that this user lacks permission for `device`, and which group would give it.
 QString PermissionHint(const PortDevice& device);

@@ -210,7 +210,8 @@ void Connect::ShowDevice() {
     const PortDevice device = DeviceOfPort(static_cast<int>(NumEditCommPort_->Value()));
     QStringList lines;
     if (!device.name.isEmpty()) lines += device.name;
-    if (!device.description.isEmpty()) lines += device.description;
+    const QString adapter = AdapterOf(device);
+    if (!adapter.isEmpty()) lines += adapter;
     if (!device.present) {
         lines += QStringLiteral("No serial line is there");
     } else if (!device.permitted) {
