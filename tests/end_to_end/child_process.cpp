@@ -72,6 +72,11 @@ std::optional<Ending> ChildProcess::Look() {
 
 void ChildProcess::Signal(int signal) const { ::kill(id_, signal); }
 
+void ChildProcess::Pause() const {
+    Signal(SIGSTOP);
+    ::waitpid(id_, nullptr, WUNTRACED);
+}
+
 void ChildProcess::Kill() {
     if (!Running()) return;
     Signal(SIGKILL);

@@ -59,6 +59,10 @@ class ChildProcess {
     /// Sends it `signal`.
     void Signal(int signal) const;
 
+    /// Stops it where it stands, until `Resume`.
+    void Pause() const;
+    void Resume() const { Signal(SIGCONT); }
+
     /// Ends it as nothing can resist, and waits for that.
     void Kill();
 

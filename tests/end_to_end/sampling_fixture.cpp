@@ -1,5 +1,8 @@
 #include "sampling_fixture.h"
 
+#include <fstream>
+#include <iterator>
+
 namespace fs = std::filesystem;
 
 namespace orbkl4::test {
@@ -25,6 +28,15 @@ testing::AssertionResult SamplingTest::Grows(const std::string& name, std::uintm
     const auto least = SizeOf(name) + bytes;
     if (WaitUntil([&] { return SizeOf(name) >= least; })) return testing::AssertionSuccess();
     return testing::AssertionFailure() << name << " doesn't grow";
+}
+
+testing::AssertionResult SamplingTest::EndsWithALine(const std::string& name) const {
+    constexpr std::streamoff longestLine = 100;
+    std::ifstream file(stage.DataFiles() / name, std::ios::binary);
+    file.seekg(-longestLine, std::ios::end);
+    const std::string end{std::istreambuf_iterator<char>(file), {}};
+    if (end.ends_with("\r\n")) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << name << " ends with: " << end;
 }
 
 SensorBitsFile SamplingTest::Read(const std::string& name) const {

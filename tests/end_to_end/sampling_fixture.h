@@ -24,6 +24,9 @@ class SamplingTest : public testing::Test {
     /// Waits until the data file `name` has grown by `bytes`.
     testing::AssertionResult Grows(const std::string& name, std::uintmax_t bytes = 500) const;
 
+    /// Whether the data file `name` ends with a whole line.
+    testing::AssertionResult EndsWithALine(const std::string& name) const;
+
     /// The rows of the data file `name`, every line of which must be whole.
     SensorBitsFile Read(const std::string& name) const;
 

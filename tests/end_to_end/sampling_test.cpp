@@ -78,6 +78,7 @@ TEST_F(PulledOut, GoesOnWhereTheSensorIsPluggedInAgain) {
         EXPECT_GT(SecondsSince(answered), 0.9);
         EXPECT_LT(SecondsSince(answered), 3);
     }
+                SecondsSince(start));
     EXPECT_LT(program.Process().ProcessorSeconds() - used, 0.05 * SecondsSince(start));
     EXPECT_EQ(program.Get("SensorBits", "lblWarning", "visible"), "true");
 
