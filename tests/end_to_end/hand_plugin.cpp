@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVariant>
@@ -104,11 +105,13 @@ Hand::Hand(int socket) : socket_(socket), ear_(socket, QSocketNotifier::Read) {
 
 const std::vector<Hand::Order>& Hand::Orders() {
     static const std::vector<Order> orders{
-        {"screens", 0, &Hand::Screens}, {"get", 3, &Hand::Get},     {"choose", 2, &Hand::Choose},
-        {"unlock", 2, &Hand::Unlock},   {"press", 2, &Hand::Press}, {"type", 3, &Hand::Type},
-        {"turn", 3, &Hand::Turn},       {"box", 0, &Hand::Box},     {"answer", 1, &Hand::Answer},
-        {"file", 1, &Hand::File},       {"grab", 1, &Hand::Grab},   {"close", 0, &Hand::CloseFrame},
-        {"dialog", 0, &Hand::Dialog},
+        {"screens", 0, &Hand::Screens}, {"get", 3, &Hand::Get},
+        {"choose", 2, &Hand::Choose},   {"unlock", 2, &Hand::Unlock},
+        {"press", 2, &Hand::Press},     {"type", 3, &Hand::Type},
+        {"turn", 3, &Hand::Turn},       {"box", 0, &Hand::Box},
+        {"answer", 1, &Hand::Answer},   {"file", 1, &Hand::File},
+        {"grab", 1, &Hand::Grab},       {"close", 0, &Hand::CloseFrame},
+        {"dialog", 0, &Hand::Dialog},   {"gesture", 2, &Hand::Gesture},
     };
     return orders;
 }
@@ -245,6 +248,17 @@ Hand::Words Hand::Answer(const Words& words) {
         return {};
     }
     Refuse("the box has no button " + words[0]);
+}
+
+/// Presses the middle button on an object while Shift and Ctrl are held.
+Hand::Words Hand::Gesture(const Words& words) {
+    auto& widget = Called<QWidget>(words[0], words[1]);
+    RequireReach(widget);
+    const QPointF spot = widget.rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, spot, widget.mapToGlobal(spot), Qt::MiddleButton,
+                      Qt::MiddleButton, Qt::ShiftModifier | Qt::ControlModifier);
+    QApplication::sendEvent(&widget, &press);
+    return {};
 }
 
 /// The folder of the file dialog that is up; nothing where there is none.

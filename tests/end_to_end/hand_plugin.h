@@ -50,6 +50,7 @@ class Hand : public QObject {
     Words Turn(const Words& words);
     Words Box(const Words& words);
     Words Answer(const Words& words);
+    Words Gesture(const Words& words);
     Words Dialog(const Words& words);
     Words File(const Words& words);
     Words Grab(const Words& words);

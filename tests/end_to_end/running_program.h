@@ -74,6 +74,11 @@ class RunningProgram {
     /// Turns to a tab.
     void Turn(const std::string& screen, const std::string& tabs, const std::string& tab);
 
+    /// Presses the middle button on an object while Shift and Ctrl are held.
+    void Gesture(const std::string& screen, const std::string& name) {
+        Order({"gesture", screen, name});
+    }
+
     /// The message box that is up, its date masked.
     std::optional<MessageBox> BoxUp();
 

@@ -102,7 +102,7 @@ TEST_F(SamplingTest, ConnectsWatchesSavesAndExits) {
     program.Choose("SensorBits", "mnuReturn");
     program.AwaitNoScreen("SensorBits");
     program.Choose("Main", "mnuExit");
-    EXPECT_EQ(program.Process().AwaitEnd(2s).code, 0);
+    EXPECT_EQ(program.Process().AwaitEnd(5s).code, 0);
     EXPECT_EQ(stage.ErrorLog(), "");
     EXPECT_EQ(ContentOf(stage.Settings()), "[Startup]\nCurrentCommPort=16\n")
         << "a search stores nothing";
