@@ -69,7 +69,7 @@ TEST(MenuTree, OpensEveryScreenOnceASensorIsConnected) {
     program.Type("Connect", "NumEditCommPort", "16");
     program.Await("Connect", "NumEditCommPort", "value", "16");
     program.Press("Connect", "cmdConnectManual");
-    EXPECT_EQ(program.AwaitBox(), Telling("ORB-KL4 connection successful!"));
+    program.AwaitConnected();
     program.Answer("OK");
     program.AwaitNoScreen("Connect");
 

@@ -78,15 +78,6 @@ class UselessPorts : public testing::Test {
     fs::path Fifo() const { return stage.Root() / "fifo"; }
     fs::path Folder() const { return stage.Root() / "folder"; }
 
-    /// Takes away what a program run by root left behind when it was killed on the line that is
-    /// now port `number`: nobody else may.
-    void Unlock(int number) const {
-        const std::string name = fs::read_symlink(stage.PortLink(number)).filename();
-        for (const fs::path folder : {"/var/lock", "/tmp"}) {
-            fs::remove(folder / ("LCK..pts_" + name));
-        }
-    }
-
     static void SearchAllPorts(RunningProgram& program) {
         program.AwaitScreen("Main");
         program.Choose("Main", "mnuConnect");
@@ -121,10 +112,9 @@ TEST_F(UselessPorts, AreAllPassedOverWithoutAWord) {
 
 TEST_F(UselessPorts, GiveATextOfTheirOwnOnceTheyAreOpened) {
     const SimulatedSensor sensor(stage, {"--port", "16"}, user);
-    if (user) Unlock(16);
     RunningProgram program(stage, {{}, user});
     SearchAllPorts(program);
-    EXPECT_EQ(program.AwaitBox(), Telling("ORB-KL4 connection successful!"));
+    program.AwaitConnected();
     program.Answer("OK");
     program.AwaitNoScreen("Connect");
 

@@ -172,6 +172,17 @@ MessageBox RunningProgram::AwaitBox() {
     return *box;
 }
 
+void RunningProgram::AwaitConnected(const std::function<void()>& beforeRetry) {
+    constexpr int retries = 2;
+    MessageBox box = AwaitBox();
+    for (int i = 0; i < retries && box.text.starts_with("ORB-KL4 not found"); ++i) {
+        beforeRetry();
+        Answer("Retry");
+        box = AwaitBox();
+    }
+    if (box != Telling("ORB-KL4 connection successful!")) throw std::runtime_error(box.text);
+}
+
 void RunningProgram::SaveAs(const std::string& path) {
     const auto dialogUp = [&] { return !Order({"dialog"}).empty(); };
     if (!WaitUntil(dialogUp, patience)) throw std::runtime_error("no file dialog comes up");

@@ -3,6 +3,7 @@
 #include "child_process.h"
 #include "stage.h"
 
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -87,6 +88,11 @@ class RunningProgram {
 
     /// Answers the message box that is up.
     void Answer(const std::string& button) { Order({"answer", button}); }
+
+    /// Waits for the box that tells of success after a connection was begun. A sensor that isn't
+    /// found is tried again, twice: it has 100 milliseconds to answer, and a busy machine may
+    /// not let it; `beforeRetry` is done then.
+    void AwaitConnected(const std::function<void()>& beforeRetry = [] {});
 
     /// Waits for the file dialog and saves as `path`, typed as it is; cancels where it is empty.
     void SaveAs(const std::string& path);

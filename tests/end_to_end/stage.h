@@ -47,8 +47,8 @@ class Stage {
     std::filesystem::path root_;
 };
 
-/// `text` with "D" in place of each date and time that has its form.
-std::string WithDatesMasked(const std::string& text);
+/// `text` with "D" in place of each date and time of the last few minutes that has its form.
+std::string WithDatesMasked(std::string text);
 
 /// A record of the error log, as `Stage::ErrorLog` gives it.
 std::string LogRecord(const std::string& number, const std::string& source,

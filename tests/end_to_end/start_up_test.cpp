@@ -15,11 +15,13 @@ constexpr const char* lastWords =
 
 using Files = std::map<fs::path, std::string>;
 
-/// All files and folders below `folder`, with what the files hold.
+/// All files and folders below `folder`, with what the files hold; not that of the programs.
 Files FilesIn(const fs::path& folder) {
+    constexpr std::uintmax_t programSize = 100'000;
     Files files;
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        files[entry.path()] = entry.is_regular_file() ? ContentOf(entry.path()) : "";
+        const bool told = entry.is_regular_file() && entry.file_size() < programSize;
+        files[entry.path()] = told ? ContentOf(entry.path()) : "";
     }
     return files;
 }

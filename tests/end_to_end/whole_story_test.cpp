@@ -1,7 +1,7 @@
 #include "sampling_fixture.h"
 #include "simulated_sensor.h"
 
-#include <regex>
+#include <string_view>
 
 namespace orbkl4::test {
 namespace {
@@ -37,8 +37,13 @@ const std::vector<std::string> connection{
 
 void ExpectHead(const std::vector<std::string>& head) {
     EXPECT_EQ(head[0], "Kestrelmoor ORB-KL4 Data File Version 2.0.4");
-    EXPECT_TRUE(std::regex_match(head[1], std::regex("Date file created: .*\\d.*"))) << head[1];
-    EXPECT_TRUE(std::regex_match(head[2], std::regex("Time file created: .*\\d.*"))) << head[2];
+    // The date's and the time's own form follow the system.
+    const auto bears = [](const std::string& line, std::string_view label) {
+        return line.starts_with(label) &&
+               line.find_first_of("0123456789", label.size()) != std::string::npos;
+    };
+    EXPECT_TRUE(bears(head[1], "Date file created: ")) << head[1];
+    EXPECT_TRUE(bears(head[2], "Time file created: ")) << head[2];
     EXPECT_EQ(head[3], "Sensor Bits");
     EXPECT_EQ(head[4],
               "Time(Seconds),Mag1,Mag2,Mag3,Acc1,Acc2,Acc3,AngRate1,AngRate2,AngRate3,TimerTicks");
@@ -70,7 +75,10 @@ TEST_F(SamplingTest, ConnectsWatchesSavesAndExits) {
     program.Choose("Main", "mnuConnect");
     program.AwaitScreen("Connect");
     program.Press("Connect", "cmdConnectAuto");
-    EXPECT_EQ(program.AwaitBox(), Telling("ORB-KL4 connection successful!"));
+    program.AwaitConnected([&] {
+        sensor.RequestsLogged();
+        sensor.Command("log on");
+    });
     EXPECT_EQ(program.Get("Connect", "txtPort", "text"), "16");
     EXPECT_EQ(program.Get("Connect", "txtBaudRate", "text"), "115200");
     program.Answer("OK");
