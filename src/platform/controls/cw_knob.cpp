@@ -5,9 +5,11 @@
 
 #include <QEvent>
 #include <QLinearGradient>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
@@ -81,13 +83,32 @@ QSize CWKnob::sizeHint() const { return {300, 300}; }
 QSize CWKnob::minimumSizeHint() const { return {140, 140}; }
 
 void CWKnob::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange) face_.Forget();
+    const auto type = event->type();
+    if (type == QEvent::FontChange || type == QEvent::PaletteChange) face_.Forget();
     QWidget::changeEvent(event);
 }
 
-void CWKnob::paintEvent(QPaintEvent* /*event*/) {
+QPolygonF CWKnob::NeedleShape() const {
+    const double radius = Radius();
+    const double half = radius * 0.034;
+    return {{QPointF(0, -radius * needleTip), QPointF(half, -radius * 0.05),
+             QPointF(half * 1.2, radius * needleTail), QPointF(-half * 1.2, radius * needleTail),
+             QPointF(-half, -radius * 0.05)}};
+}
+
+QRect CWKnob::ChangingPart() const {
+    QTransform turned = QTransform::fromTranslate(Centre().x(), Centre().y());
+    turned.rotate(NeedleDegrees());
+    constexpr double soft = 2;  // room for smooth edges
+    return turned.map(NeedleShape())
+        .boundingRect()
+        .adjusted(-soft, -soft, soft, soft)
+        .toAlignedRect();
+}
+
+void CWKnob::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    face_.Draw(painter, *this, [this](QPainter& onFace) {
+    face_.Draw(painter, event->rect(), [this](QPainter& onFace) {
         onFace.translate(Centre());
         PaintFace(onFace);
         PaintMarks(onFace);
@@ -96,6 +117,7 @@ void CWKnob::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(Centre());
     PaintNeedle(painter);
+    repaint_.Painted();
 }
 
 void CWKnob::PaintFace(QPainter& painter) const {
@@ -164,13 +186,8 @@ void CWKnob::PaintNeedle(QPainter& painter) const {
     painter.save();
     painter.rotate(NeedleDegrees());
     painter.setPen(Qt::NoPen);
-    const double half = radius * 0.034;
-    const QPolygonF shape{{QPointF(0, -radius * needleTip), QPointF(half, -radius * 0.05),
-                           QPointF(half * 1.2, radius * needleTail),
-                           QPointF(-half * 1.2, radius * needleTail),
-                           QPointF(-half, -radius * 0.05)}};
     painter.setBrush(isEnabled() ? needle : dimmed);
-    painter.drawPolygon(shape);
+    painter.drawPolygon(NeedleShape());
     painter.restore();
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xD7, 0xDD, 0xE4));

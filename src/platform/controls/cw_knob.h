@@ -4,6 +4,7 @@
 #include "platform/controls/deferred_update.h"
 #include "platform/controls/painted_face.h"
 
+#include <QPolygonF>
 #include <QString>
 #include <QWidget>
 
@@ -57,6 +58,8 @@ class CWKnob : public QWidget {
     double DegreesOf(double value) const;
     double Radius() const;
     QPointF Centre() const;
+    QPolygonF NeedleShape() const;
+    QRect ChangingPart() const;
     void PaintFace(QPainter& painter) const;
     void PaintMarks(QPainter& painter) const;
     void PaintNumbers(QPainter& painter) const;
@@ -66,8 +69,8 @@ class CWKnob : public QWidget {
     Sweep sweep_ = Sweep::FullCircle;
     QString caption_;
     double value_ = 0;
-    PaintedFace face_;
-    DeferredUpdate repaint_{this};
+    PaintedFace face_{this};
+    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Needle, [this] { return ChangingPart(); }};
 };
 
 }  // namespace orbkl4

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -41,7 +42,7 @@ CWSlide::CWSlide(QWidget* parent) : QWidget(parent) {
 
 void CWSlide::SetAxis(const Axis& axis) {
     axis_ = axis;
-    face_.Forget();
+    Forget();
     updateGeometry();
     update();
 }
@@ -50,7 +51,7 @@ void CWSlide::Orientation(Qt::Orientation orientation) {
     orientation_ = orientation;
     setSizePolicy(Vertical() ? QSizePolicy::Preferred : QSizePolicy::Expanding,
                   Vertical() ? QSizePolicy::Expanding : QSizePolicy::Fixed);
-    face_.Forget();
+    Forget();
     updateGeometry();
     update();
 }
@@ -82,7 +83,25 @@ double CWSlide::PointerRoom() const {
     return look_ == Look::Thermometer ? slide::bulb + 1 : slide::groove / 2 + slide::pointer;
 }
 
-QLineF CWSlide::Track() const {
+void CWSlide::Forget() {
+    track_ = {};
+    face_.Forget();
+}
+
+const QLineF& CWSlide::Track() const {
+    if (track_.isNull()) track_ = MakeTrack();
+    return track_;
+}
+
+QRect CWSlide::ChangingPart() const {
+    if (look_ == Look::Thermometer || Interactive()) return rect();
+    constexpr double reach = slide::pointer + 2;
+    const QPointF place = PlaceOf(value_);
+    const QPointF corner(reach + slide::groove, reach + slide::groove);
+    return QRectF(place - corner, place + corner).toAlignedRect();
+}
+
+QLineF CWSlide::MakeTrack() const {
     using namespace slide;
     const QFontMetricsF metrics(LabelFont(font()));
     const double halfLabel = metrics.height() / 2;
@@ -118,15 +137,17 @@ QSize CWSlide::minimumSizeHint() const {
 }
 
 void CWSlide::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange) face_.Forget();
+    const auto type = event->type();
+    if (type == QEvent::FontChange || type == QEvent::PaletteChange) Forget();
     QWidget::changeEvent(event);
 }
 
-void CWSlide::paintEvent(QPaintEvent* /*event*/) {
+void CWSlide::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    face_.Draw(painter, *this, [this](QPainter& onFace) { PaintFace(onFace); });
+    face_.Draw(painter, event->rect(), [this](QPainter& onFace) { PaintFace(onFace); });
     painter.setRenderHint(QPainter::Antialiasing);
     PaintPointer(painter);
+    repaint_.Painted();
 }
 
 void CWSlide::PaintFace(QPainter& painter) const {

@@ -65,6 +65,7 @@ class CWSlide : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override { QWidget::resizeEvent(event), Forget(); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -77,7 +78,10 @@ class CWSlide : public QWidget {
     bool Vertical() const { return orientation_ == Qt::Vertical; }
     double GrooveWidth() const;
     double PointerRoom() const;  // from the middle of the groove to the side off the marks
-    QLineF Track() const;
+    const QLineF& Track() const;
+    QLineF MakeTrack() const;
+    QRect ChangingPart() const;
+    void Forget();
     QPointF PlaceOf(double value) const { return Track().pointAt(axis_.Fraction(value)); }
     void MoveTo(double value);
     void MoveBySteps(double steps);
@@ -93,9 +97,10 @@ class CWSlide : public QWidget {
     double step_ = 0;
     QPointF grip_;  ///< from the pointer's middle to where the mouse took hold of it
     bool dragging_ = false;
-    int wheelRest_ = 0;  ///< wheel turn not yet worth a step, in eighths of a degree
-    PaintedFace face_;
-    DeferredUpdate repaint_{this};
+    int wheelRest_ = 0;     ///< wheel turn not yet worth a step, in eighths of a degree
+    mutable QLineF track_;  ///< null where it has to be found anew: measuring labels takes long
+    PaintedFace face_{this};
+    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Number, [this] { return ChangingPart(); }};
 };
 
 }  // namespace orbkl4

@@ -6,17 +6,27 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
+#include <utility>
 #include <vector>
 
 namespace orbkl4 {
 
 namespace {
 
-constexpr int frameMilliseconds = 16;
+using Pace = DeferredUpdate::Pace;
 
-std::vector<DeferredUpdate*>& Waiting() {
-    static std::vector<DeferredUpdate*> waiting;
-    return waiting;
+constexpr int IntervalOf(Pace pace) { return pace == Pace::Needle ? 16 : 40; }
+
+/// Those of one pace that wait for their repainting, and what wakes them.
+struct Queue {
+    std::vector<DeferredUpdate*> waiting;
+    QPointer<QTimer> timer;
+};
+
+Queue& QueueOf(Pace pace) {
+    static std::array<Queue, 2> queues;
+    return queues.at(static_cast<std::size_t>(pace));
 }
 
 /// Tells a screen reader of the value of the control that has the focus, not of all that stream by.
@@ -30,30 +40,37 @@ void TellReader(QWidget* widget) {
 }  // namespace
 
 DeferredUpdate::~DeferredUpdate() {
-    if (queued_) std::erase(Waiting(), this);
+    if (queued_) std::erase(QueueOf(pace_).waiting, this);
 }
 
 void DeferredUpdate::Enqueue() {
-    static QPointer<QTimer> timer;
-    if (timer == nullptr) {
-        timer = new QTimer(qApp);
-        timer->setSingleShot(true);
-        timer->setTimerType(Qt::PreciseTimer);
-        timer->setInterval(frameMilliseconds);
-        QObject::connect(timer, &QTimer::timeout, &DeferredUpdate::Flush);
+    Queue& queue = QueueOf(pace_);
+    if (queue.timer == nullptr) {
+        queue.timer = new QTimer(qApp);
+        queue.timer->setSingleShot(true);
+        queue.timer->setTimerType(Qt::PreciseTimer);
+        queue.timer->setInterval(IntervalOf(pace_));
+        QObject::connect(queue.timer, &QTimer::timeout, [pace = pace_] { Flush(pace); });
     }
     queued_ = true;
-    Waiting().push_back(this);
-    if (!timer->isActive()) timer->start();
+    queue.waiting.push_back(this);
+    if (!queue.timer->isActive()) queue.timer->start();
 }
 
-void DeferredUpdate::Flush() {
-    for (DeferredUpdate* update : Waiting()) {
-        update->queued_ = false;
-        update->widget_->update();
-        TellReader(update->widget_);
+void DeferredUpdate::Repaint() {
+    queued_ = false;
+    if (changing_) {
+        widget_->update(std::exchange(stale_, {}) | changing_());
+    } else {
+        widget_->update();
     }
-    Waiting().clear();
+    TellReader(widget_);
+}
+
+void DeferredUpdate::Flush(Pace pace) {
+    std::vector<DeferredUpdate*>& waiting = QueueOf(pace).waiting;
+    for (DeferredUpdate* update : waiting) update->Repaint();
+    waiting.clear();
 }
 
 }  // namespace orbkl4

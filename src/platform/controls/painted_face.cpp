@@ -2,23 +2,46 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace orbkl4 {
 
-void PaintedFace::Draw(QPainter& painter, const QWidget& widget,
+PaintedFace::PaintedFace(QWidget* widget) : widget_(widget) {
+    widget->setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PaintedFace::PaintBackground(QPainter& painter) const {
+    QWidget* behind = widget_->isWindow() ? nullptr : widget_->parentWidget();
+    painter.fillRect(widget_->rect(), widget_->palette().brush(QPalette::Window));
+    if (behind == nullptr) return;
+    behind->render(&painter, {}, widget_->geometry(), QWidget::DrawWindowBackground);
+}
+
+void PaintedFace::Draw(QPainter& painter, const QRect& area,
                        const std::function<void(QPainter&)>& paint) {
     const qreal ratio = painter.device()->devicePixelRatioF();
-    const QSize pixels = (QSizeF(widget.size()) * ratio).toSize();
-    if (pixmap_.size() != pixels || pixmap_.devicePixelRatio() != ratio ||
-        enabled_ != widget.isEnabled()) {
-        enabled_ = widget.isEnabled();
-        pixmap_ = QPixmap(pixels);
+    const QSizeF size = QSizeF(widget_->size()) * ratio;
+    const QWidget* behind = widget_->parentWidget();
+    const Circumstances now{
+        .pixels = {static_cast<int>(std::ceil(size.width())),
+                   static_cast<int>(std::ceil(size.height()))},
+        .ratio = ratio,
+        .place = widget_->pos(),
+        .enabled = widget_->isEnabled(),
+        .behindEnabled = behind == nullptr || behind->isEnabled(),
+    };
+    if (pixmap_.isNull() || now != made_) {
+        made_ = now;
+        pixmap_ = QPixmap(now.pixels);
         pixmap_.setDevicePixelRatio(ratio);
-        pixmap_.fill(Qt::transparent);
+        pixmap_.fill(Qt::white);  // opaque, so that the pixmap has no need of an alpha channel
         QPainter face(&pixmap_);
+        PaintBackground(face);
         face.setRenderHint(QPainter::Antialiasing);
-        face.setFont(widget.font());
+        face.setFont(widget_->font());
         paint(face);
     }
+    painter.setClipRect(area);
     painter.drawPixmap(0, 0, pixmap_);
 }
 

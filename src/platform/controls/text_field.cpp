@@ -99,6 +99,7 @@ void TextField::changeEvent(QEvent* event) {
         const QFontMetricsF metrics(font());
         digitWidth_ = metrics.horizontalAdvance('0');
         pointWidth_ = metrics.horizontalAdvance('.');
+        glyphs_ = NumberGlyphs(font());
         updateGeometry();
     }
     if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange) update();
@@ -120,16 +121,40 @@ void TextField::paintEvent(QPaintEvent* /*event*/) {
     // Filled rectangles keep the frame sharp at every scale of the screen.
     const int frame = hasFocus() ? 2 : 1;
     const bool plain = backColorText_ == windowBackground;
-    painter.fillRect(rect(), hasFocus() ? look::accent : look::line);
-    painter.fillRect(rect().adjusted(frame, frame, -frame, -frame),
-                     plain ? palette().color(QPalette::Base) : Colour(backColorText_));
-    if (!text_.empty()) PaintText(painter, QtText());
+    const QRect inside = rect().adjusted(frame, frame, -frame, -frame);
+    for (const QRect& side : QRegion(rect()) - inside) {
+        painter.fillRect(side, hasFocus() ? look::accent : look::line);
+    }
+    painter.fillRect(inside, plain ? palette().color(QPalette::Base) : Colour(backColorText_));
+    painter.setPen(palette().color(QPalette::Text));
+    if (!text_.empty() && !PaintNumber(painter)) PaintText(painter, QtText());
+}
+
+double TextField::Baseline() const {
+    const QFontMetrics metrics = fontMetrics();
+    return (height() + metrics.ascent() - metrics.descent()) / 2.0;
+}
+
+/// Paints the text if it is a plain number that fits in, which is the same picture sooner.
+bool TextField::PaintNumber(QPainter& painter) const {
+    if (anchor_ != cursor_ || !glyphs_.CanWrite(text_)) return false;
+    const double width = glyphs_.Width(text_);
+    if (width > this->width() - 2 * margin) return false;
+    double left = margin;
+    if (decimals_ >= 0) {
+        const std::string_view text = text_;
+        const double reserved = decimals_ > 0 ? pointWidth_ + decimals_ * digitWidth_ : 0;
+        const double whole = glyphs_.Width(text.substr(0, text.find('.')));
+        const double right = this->width() - margin;
+        left = std::max<double>(std::min(right - reserved - whole, right - width), margin);
+    }
+    glyphs_.Write(painter, left, Baseline(), text_);
+    return true;
 }
 
 void TextField::PaintText(QPainter& painter, const QString& text) const {
     painter.setClipRect(rect().adjusted(2, 1, -2, -1));
-    painter.setPen(palette().color(QPalette::Text));
-    const double baseline = (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2.0;
+    const double baseline = Baseline();
     const double left = TextLeft(text);
     const int room = width() - 2 * margin;
     if (anchor_ == cursor_ && fontMetrics().horizontalAdvance(text) > room) {
@@ -151,8 +176,7 @@ void TextField::PaintSelection(QPainter& painter, const QString& text, double le
     painter.fillRect(box, palette().brush(QPalette::Highlight));
     painter.setClipRect(box, Qt::IntersectClip);
     painter.setPen(palette().color(QPalette::HighlightedText));
-    const double baseline = (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2.0;
-    painter.drawText(QPointF(left, baseline), text);
+    painter.drawText(QPointF(left, Baseline()), text);
 }
 
 int TextField::PositionAt(double x) const {

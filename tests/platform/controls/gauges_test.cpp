@@ -4,6 +4,7 @@
 #include "platform/controls/cw_slide.h"
 
 #include <QImage>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -192,6 +193,36 @@ TEST(CWKnob, PaintsItsNeedleWhereItPoints) {
             EXPECT_EQ(lightAt(degrees) > 200, degrees == value) << value << " at " << degrees;
         }
     }
+}
+
+TEST(Gauges, LeaveNothingOfAnOldValueOnTheScreen) {
+    QWidget window;
+    window.resize(500, 300);
+    CWKnob knob(&window);
+    knob.setGeometry(0, 0, 250, 250);
+    CWSlide slide(&window);
+    slide.SetAxis(wordAxis);
+    slide.setGeometry(260, 0, 90, 280);
+    CWSlide thermometer(&window);
+    thermometer.Style(CWSlide::Look::Thermometer);
+    thermometer.setGeometry(360, 0, 120, 280);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const auto showsItsPresentState = [&] {
+        constexpr auto format = QImage::Format_RGB32;
+        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+        return shown.convertToFormat(format) == window.grab().toImage().convertToFormat(format);
+    };
+    for (const double share : {0.1, 0.9, 0.4, 2.0, 0.0}) {
+        knob.Value(-180 + 360 * share);
+        slide.Value(65535 * share);
+        thermometer.Value(100 * share);
+        // A part that something uncovers meanwhile is painted before the rest is.
+        window.repaint(100, 0, 220, 140);
+        EXPECT_TRUE(QTest::qWaitFor(showsItsPresentState)) << share;
+    }
+    window.setEnabled(false);
+    EXPECT_TRUE(QTest::qWaitFor(showsItsPresentState));
 }
 
 TEST(CWButton, LightsUp) {
