@@ -22,6 +22,12 @@ qint64 RunTime(qint64 process) {
     return ReadProc(process, "schedstat").split(' ').value(0).toLongLong();
 }
 
+/// Whether the process waits for something to happen; one that waits for a processor doesn't.
+bool Sleeps(qint64 process) {
+    const QByteArray stat = ReadProc(process, "stat");
+    return stat.mid(stat.lastIndexOf(')') + 2, 1) == "S";
+}
+
 double ResidentBytes(qint64 process) {
     constexpr double pageSize = 4096;
     return ReadProc(process, "statm").split(' ').value(1).toDouble() * pageSize;
@@ -29,20 +35,26 @@ double ResidentBytes(qint64 process) {
 
 }  // namespace
 
-ProcessCost CostOf(const std::string& program) {
+ProcessCost CostOf(const std::string& program, const QStringList& arguments) {
     constexpr auto idleFor = std::chrono::milliseconds(200);
+    constexpr double nanosecond = 1e-9;
     QProcess process;
     const auto start = Clock::now();
-    process.start(QString::fromStdString(program), {});
+    process.start(QString::fromStdString(program), arguments);
     process.waitForStarted();
+    const qint64 id = process.processId();
     auto lastChange = Clock::now();
-    for (qint64 runTime = 0; Clock::now() - lastChange < idleFor; QThread::usleep(500)) {
-        const qint64 now = RunTime(process.processId());
-        if (now != runTime) lastChange = Clock::now();
+    qint64 runTime = 0;
+    for (; Clock::now() - lastChange < idleFor; QThread::usleep(500)) {
+        const qint64 now = RunTime(id);
+        if (now != runTime || !Sleeps(id)) lastChange = Clock::now();
         runTime = now;
     }
-    const ProcessCost cost{std::chrono::duration<double>(lastChange - start).count(),
-                           ResidentBytes(process.processId())};
+    const ProcessCost cost{
+        .startSeconds = std::chrono::duration<double>(lastChange - start).count(),
+        .processorSeconds = static_cast<double>(runTime) * nanosecond,
+        .residentBytes = ResidentBytes(id),
+    };
     process.kill();
     process.waitForFinished();
     return cost;

@@ -76,6 +76,7 @@ LoopResult RawLoop(const std::string& device, DeviceCommand command, int baud, d
         result.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     }
     result.cpuSeconds = ThreadCpuSeconds() - cpuBefore;
+    result.intervals = result.samples;
     return result;
 }
 

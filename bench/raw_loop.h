@@ -9,10 +9,11 @@ namespace orbkl4::bench {
 /// What a sampling loop did.
 struct LoopResult {
     double samples = 0;
+    double intervals = 0;  ///< from sample to sample within `seconds`
     double seconds = 0;
     double cpuSeconds = 0;  ///< of the calling thread
 
-    double Rate() const { return samples / seconds; }
+    double Rate() const { return intervals / seconds; }
     double CpuPerSample() const { return cpuSeconds / samples; }
 };
 

@@ -31,7 +31,7 @@ void Table::Add(const std::string& what, const std::string& ours, const std::str
 }
 
 bool Table::Print() const {
-    constexpr const char* form = "%-46s %14s %14s %9s  %s\n";
+    constexpr const char* form = "%-58s %14s %14s %9s  %s\n";
     std::printf(form, "", "ours", "reference", "judged", "aim");
     for (const Line& line : lines_) {
         std::printf(form, line.what.c_str(), line.ours.c_str(), line.reference.c_str(),

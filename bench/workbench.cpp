@@ -71,15 +71,19 @@ Screen& Workbench::Start(const SamplingChannel& channel, bool saving) {
 LoopResult Workbench::SampleLoop(const SamplingChannel& channel, double seconds, bool saving) {
     Screen& screen = Start(channel, saving);
     LoopResult result;
-    QObject::connect(&PortOf(screen, channel), &MSComm::OnComm, &screen,
-                     [&result] { result.samples += 1; });
+    Clock::time_point first, last;  // short runs are timed from reply to reply
+    QObject::connect(&PortOf(screen, channel), &MSComm::OnComm, &screen, [&] {
+        last = Clock::now();
+        if (result.samples == 0) first = last;
+        result.samples += 1;
+    });
     QEventLoop loop;
     QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
     const double cpuBefore = ThreadCpuSeconds();
-    const auto start = Clock::now();
     loop.exec();
-    result.seconds = SecondsSince(start);
     result.cpuSeconds = ThreadCpuSeconds() - cpuBefore;
+    result.intervals = result.samples - 1;
+    result.seconds = std::chrono::duration<double>(last - first).count();
     screen.Unload();
     QCoreApplication::processEvents();
     return result;
