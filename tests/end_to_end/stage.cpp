@@ -37,7 +37,7 @@ void Place(const fs::path& from, const fs::path& to) {
 /// a line that bears the same name in use.
 void RemoveStaleLocks() {
     std::error_code ignored;
-    for (const char* const folder : {"/var/lock", "/tmp"}) {
+    for (const fs::path& folder : {fs::path("/var/lock"), fs::temp_directory_path()}) {
         for (const auto& entry : fs::directory_iterator(folder, ignored)) {
             if (!entry.path().filename().string().starts_with("LCK..pts_")) continue;
             const int holder = std::atoi(ContentOf(entry.path()).c_str());
