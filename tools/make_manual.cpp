@@ -1,9 +1,11 @@
 // Makes the help document of the manual's Markdown source.
 
+#include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPageSize>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QRegularExpression>
 #include <QTextDocument>
@@ -32,6 +34,22 @@ QString MissingPicture(const QString& markdown, const QDir& folder) {
         if (!folder.exists(match.captured(1))) return match.captured(1);
     }
     return {};
+}
+
+/// Prints `document` page by page, in the width of the pages of `writer`.
+void PrintPages(QTextDocument& document, QPdfWriter& writer) {
+    const QSizeF page(writer.width(), writer.height());
+    document.documentLayout()->setPaintDevice(&writer);
+    document.setPageSize(page);
+    QPainter painter(&writer);
+    for (int number = 0; number < document.pageCount(); ++number) {
+        if (number > 0) writer.newPage();
+        const double top = number * page.height();
+        painter.save();
+        painter.translate(0, -top);
+        document.drawContents(&painter, QRectF(QPointF(0, top), page));
+        painter.restore();
+    }
 }
 
 }  // namespace
@@ -67,6 +85,6 @@ int main(int argc, char** argv) {
     QTextDocument document;
     document.setBaseUrl(QUrl::fromLocalFile(folder.absolutePath() + QLatin1Char('/')));
     document.setHtml(FitPictures(markdown.toHtml()));
-    document.print(&writer);
+    PrintPages(document, writer);
     return EXIT_SUCCESS;
 }
