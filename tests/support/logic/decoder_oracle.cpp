@@ -169,6 +169,19 @@ const std::vector<DecoderRow>& DecoderRows() {
     return rows;
 }
 
+bool IsGoodPacket(const DecoderRow& row, const Bytes& packet) {
+    const std::size_t words = row.kinds.size();
+    std::int64_t sum = packet[0];
+    for (std::size_t i = 0; i <= words; ++i) sum += WordIn(packet, i);
+    if ((sum & 0xFFFF) != WordIn(packet, words + 1)) return false;
+    return row.kinds.front() != 'x' || Determinant(packet) != 0;
+}
+
+bool IsNumberOf(const DecoderRow& row, const Bytes& packet, std::size_t index, double number) {
+    const char kind = row.kinds.at(index);
+    return IsRounded(number, ScaledNumber(kind, packet, index), ScaleOf(kind));
+}
+
 std::string FaultOfDecoder(const DecoderRow& row, const Bytes& packet) {
     const std::size_t words = row.kinds.size();
     const SampleStateRecord before = SampleState;

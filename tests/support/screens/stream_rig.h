@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/mdi_frame.h"
+#include "support/box_hand.h"
+#include "support/logic/stream_oracle.h"
+#include "support/pseudo_terminal.h"
+#include "support/surroundings.h"
+
+#include <QPointer>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace orbkl4 {
+class MSComm;
+class Screen;
+}  // namespace orbkl4
+
+namespace orbkl4::test {
+
+/// The started program with a bare line on port 1, and a hand that feeds a sampling view any stream
+/// in any pieces and looks at what comes of it.
+class StreamRig {
+  public:
+    StreamRig();
+    ~StreamRig();
+    StreamRig(const StreamRig&) = delete;
+    StreamRig& operator=(const StreamRig&) = delete;
+
+    /// Feeds the stream that `data` stands for to its channel, as cut there and in two other
+    /// cuttings that may change nothing, and checks after each reply what is shown, saved and
+    /// requested. What is wrong, or an empty text.
+    std::string FaultOf(std::span<const std::uint8_t> data);
+
+    /// How often each verdict was due so far.
+    const std::array<int, verdicts>& Verdicts() const { return verdicts_; }
+
+  private:
+    struct Control {
+        const QObject* object;
+        const char* property;
+    };
+
+    void Show(const DecoderRow& row);
+    void NoteControls(bool isGyro);
+    void Click();
+    std::string FaultOfPieces(const StreamCase& streamCase, const std::vector<Piece>& pieces);
+    std::string FaultOfStart();
+    std::string FaultOfReply(const StreamOracle& oracle);
+    std::string FaultOfShown(const StreamOracle& oracle);
+    std::string FaultOfSaved(const StreamOracle& oracle);
+    std::string FaultOfWaiting(const StreamOracle& oracle, Settle settle);
+    bool AllIn(const StreamOracle& oracle);
+    std::string Snapshot() const;
+
+    Surroundings surroundings_;
+    PseudoTerminal line_;
+    MdiFrame frame_{"MDIForm1", "Frame"};
+    BoxHand boxes_{{}, QMessageBox::Retry};
+    const DecoderRow* row_ = nullptr;
+    QPointer<Screen> screen_;
+    MSComm* port_ = nullptr;
+    const QObject* led_ = nullptr;
+    std::vector<Control> controls_;     ///< all that the view shows
+    std::vector<const QObject*> head_;  ///< header, ticks and checksum, where the view has them
+    std::string shown_;                 ///< the last snapshot
+    std::vector<std::string> story_;    ///< the snapshots after each reply
+    std::string dataFile_;
+    long savedBytes_ = 0;
+    std::array<int, verdicts> verdicts_{};
+};
+
+}  // namespace orbkl4::test
