@@ -23,6 +23,12 @@ namespace {
 
 constexpr int lookMilliseconds = 50;
 
+/// Presses `button` from the event loop: a timer doesn't come again while its own handler, from
+/// which the lookout answers, waits for what the button opens.
+void PressSoon(QAbstractButton& button) {
+    QMetaObject::invokeMethod(&button, &QAbstractButton::click, Qt::QueuedConnection);
+}
+
 template <typename Control>
 Control* Find(const char* name) {
     return ActiveScreen()->findChild<Control*>(QLatin1String(name));
@@ -96,20 +102,26 @@ void Guide::AnswerModal() {
 
 void Guide::Answer(QMessageBox& box) {
     if (!boxPicture_.isEmpty()) Keep(box.grab(), std::exchange(boxPicture_, QString()));
-    if (box.icon() == QMessageBox::Critical || box.icon() == QMessageBox::Warning) {
+    const bool asksAboutFile = box.button(QMessageBox::Yes) != nullptr;
+    if (box.icon() != QMessageBox::Information && !asksAboutFile) {
         complaints_ += box.text();
     }
-    // Cancel leaves the operation, or in an error box the program; Retry only goes on.
-    const bool error = box.icon() == QMessageBox::Critical;
-    QAbstractButton* button = box.button(error ? QMessageBox::Retry : QMessageBox::Cancel);
-    if (button == nullptr) button = box.button(QMessageBox::Ok);
-    button->click();
+    // Cancel leaves the operation, or in an error box the program; Retry only goes on. Yes lets the
+    // files of an earlier tour be overwritten.
+    const auto wanted = {
+        box.icon() == QMessageBox::Critical ? QMessageBox::Retry : QMessageBox::Cancel,
+        QMessageBox::Yes, QMessageBox::Ok};
+    QAbstractButton* button = nullptr;
+    for (const QMessageBox::StandardButton each : wanted) {
+        if (button == nullptr) button = box.button(each);
+    }
+    PressSoon(*button);
 }
 
 void Guide::Answer(QFileDialog& dialog) {
     dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(saveIn_);
     auto* buttons = dialog.findChild<QDialogButtonBox*>();
-    buttons->button(QDialogButtonBox::Save)->click();
+    PressSoon(*buttons->button(QDialogButtonBox::Save));
 }
 
 }  // namespace orbkl4::tour

@@ -77,7 +77,7 @@ void VisitView(Guide& guide, const ViewStop& stop, const QString& dataFolder) {
     if (!guide.Choose(stop.entry) || OnMain()) return;
     Guide::Watch(glanceMilliseconds);
     guide.TakePicture(name + QStringLiteral("-stopped"));
-    guide.SaveIn(dataFolder + QLatin1Char('/') + name);
+    guide.SaveIn(dataFolder + QStringLiteral("/tour-") + name);
     guide.Choose("mnuSave");
     VisitChannel(guide, stop.sampleEntries[0], name);
     if (*stop.sampleEntries[1] != '\0') {
