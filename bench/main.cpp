@@ -70,7 +70,9 @@ struct Compared {
 
 Compared InTurn(int turns, const std::function<double()>& ours,
                 const std::function<double()>& reference) {
-    std::vector<double> ourFigures, references, ratios;
+    std::vector<double> ourFigures;
+    std::vector<double> references;
+    std::vector<double> ratios;
     for (int turn = 0; turn < turns; ++turn) {
         ourFigures.push_back(ours());
         references.push_back(reference());
@@ -215,24 +217,26 @@ void MeasureProcesses(Table& table) {
         {"start-up processor time", "ms", 1e3, &ProcessCost::processorSeconds},
         {"resident memory", "MiB", 1 / mebibyte, &ProcessCost::residentBytes},
     };
-    std::vector<ProcessCost> ours, empty, withText;
+    std::vector<ProcessCost> ours;
+    std::vector<ProcessCost> empty;
+    std::vector<ProcessCost> withText;
     for (int round = 0; round < rounds; ++round) {
         ours.push_back(CostOf(PROGRAM, {}));
         empty.push_back(CostOf(EMPTY_WINDOW, {}));
         withText.push_back(CostOf(EMPTY_WINDOW, {QStringLiteral("text")}));
     }
-    for (const auto& [name, unit, scale, figure] : sorts) {
+    for (const Sort& sort : sorts) {
         const auto median = [&](const std::vector<ProcessCost>& costs) {
             std::vector<double> figures;
-            for (const ProcessCost& cost : costs) figures.push_back(cost.*figure * scale);
+            for (const ProcessCost& cost : costs) figures.push_back(cost.*sort.figure * sort.scale);
             return Median(figures);
         };
         const double cost = median(ours);
         const auto add = [&](const char* reference, double figureOfIt, Aim aim) {
-            table.Add(std::string(name) + reference, Figure(cost, unit), Figure(figureOfIt, unit),
-                      cost / figureOfIt, aim);
+            table.Add(std::string(sort.name) + reference, Figure(cost, sort.unit),
+                      Figure(figureOfIt, sort.unit), cost / figureOfIt, aim);
         };
-        const bool aimed = figure != &ProcessCost::processorSeconds;
+        const bool aimed = sort.figure != &ProcessCost::processorSeconds;
         add(" / empty Qt window", median(empty), aimed ? AtMost(1.3) : Aim{});
         add(" / Qt window with text", median(withText), {});
     }

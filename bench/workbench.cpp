@@ -71,7 +71,8 @@ Screen& Workbench::Start(const SamplingChannel& channel, bool saving) {
 LoopResult Workbench::SampleLoop(const SamplingChannel& channel, double seconds, bool saving) {
     Screen& screen = Start(channel, saving);
     LoopResult result;
-    Clock::time_point first, last;  // short runs are timed from reply to reply
+    Clock::time_point first;  // short runs are timed from reply to reply
+    Clock::time_point last;
     QObject::connect(&PortOf(screen, channel), &MSComm::OnComm, &screen, [&] {
         last = Clock::now();
         if (result.samples == 0) first = last;

@@ -154,9 +154,9 @@ int Run(const Choices& choices, SimulatorOptions options) {
 }  // namespace orbkl4sim
 
 int main(int argc, char** argv) {
-    CLI::App app(
-        "A simulated ORB-KL4 on a pseudo terminal. Standard input takes commands: try help.");
     try {
+        CLI::App app(
+            "A simulated ORB-KL4 on a pseudo terminal. Standard input takes commands: try help.");
         orbkl4sim::Choices choices;
         orbkl4sim::SimulatorOptions options;
         orbkl4sim::AddOptions(app, choices, options);
