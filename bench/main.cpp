@@ -172,6 +172,7 @@ void MeasureDecoders(Table& table) {
         AppState.CommandBytes = packet;
         if (!channel->decode()) std::printf("%s doesn't decode\n", NameOf(*channel).c_str());
         std::vector<double> times;
+        times.reserve(rounds);
         for (int round = 0; round < rounds; ++round) {
             times.push_back(NanosecondsEach(decodes, [&] { channel->decode(); }));
         }
@@ -228,6 +229,7 @@ void MeasureProcesses(Table& table) {
     for (const Sort& sort : sorts) {
         const auto median = [&](const std::vector<ProcessCost>& costs) {
             std::vector<double> figures;
+            figures.reserve(costs.size());
             for (const ProcessCost& cost : costs) figures.push_back(cost.*sort.figure * sort.scale);
             return Median(figures);
         };

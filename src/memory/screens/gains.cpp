@@ -118,8 +118,9 @@ void Gains::EndRun(Timer& timer, const char* message) {
 }
 
 void Gains::ShowGains(const SystemGains& gains) {
-    const double values[] = {gains.accelerometer, gains.magnetometer, gains.biasTracking};
-    for (std::size_t i = 0; i < fields_.size(); ++i) fields_.at(i)->Value(values[i]);
+    const std::array values{gains.accelerometer, gains.magnetometer, gains.biasTracking};
+    static_assert(std::tuple_size_v<decltype(values)> == std::tuple_size_v<decltype(fields_)>);
+    for (std::size_t i = 0; i < values.size(); ++i) fields_.at(i)->Value(values.at(i));
 }
 
 void Gains::SendRead() {
