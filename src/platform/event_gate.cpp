@@ -32,7 +32,7 @@ EventGate::EventGate() {
     connect(&rest_, &QTimer::timeout, this, &EventGate::EndRest);
 }
 
-void EventGate::Offer(EventSource& source) {
+void EventGate::Offer(EventSource& source) const {
     if (!IsOpen() || !source.EventDue()) return;
     const HandlerScope scope;
     source.DeliverEvent();

@@ -33,7 +33,7 @@ class EventGate : public QObject {
 
     /// Delivers `source`'s event if it is due and the gate open; if not, it is looked at again when
     /// the gate opens.
-    void Offer(EventSource& source);
+    void Offer(EventSource& source) const;
 
     /// Whether an event would be let through.
     bool IsOpen() const { return handlers_ == 0 && boxes_ == 0 && !resting_; }
