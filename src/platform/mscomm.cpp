@@ -163,7 +163,7 @@ void MSComm::Output(const Bytes& bytes) {
     if (!gone_) {
         Send(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
         const auto time = std::chrono::microseconds(
-            1'000'000 * bitsPerByte * static_cast<qint64>(bytes.size()) / line_.baudRate());
+            qint64{1'000'000} * bitsPerByte * static_cast<qint64>(bytes.size()) / line_.baudRate());
         sent_ = QDeadlineTimer(
             std::chrono::nanoseconds(std::max<qint64>(sent_.remainingTimeNSecs(), 0)) + time,
             Qt::PreciseTimer);
