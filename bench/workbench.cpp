@@ -78,10 +78,16 @@ LoopResult Workbench::SampleLoop(const SamplingChannel& channel, double seconds,
         if (result.samples == 0) first = last;
         result.samples += 1;
     });
-    QEventLoop loop;
-    QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+    const auto run = [](double time) {
+        QEventLoop loop;
+        QTimer::singleShot(static_cast<int>(time * 1000), &loop, &QEventLoop::quit);
+        loop.exec();
+    };
+    constexpr double settleSeconds = 0.1;  // the screen paints its new state once
+    run(settleSeconds);
+    result = {};
     const double cpuBefore = ThreadCpuSeconds();
-    loop.exec();
+    run(seconds);
     result.cpuSeconds = ThreadCpuSeconds() - cpuBefore;
     result.intervals = result.samples - 1;
     result.seconds = std::chrono::duration<double>(last - first).count();

@@ -27,6 +27,7 @@ constexpr double subMarkInner = 0.83;
 constexpr double numberRadius = 0.665;
 constexpr double needleTip = 0.80;
 constexpr double needleTail = 0.18;
+constexpr double hubRadius = 0.075;
 constexpr double numberSize = 0.107;
 constexpr double captionPlace = 0.36;
 
@@ -113,11 +114,35 @@ void CWKnob::paintEvent(QPaintEvent* event) {
         PaintFace(onFace);
         PaintMarks(onFace);
         PaintNumbers(onFace);
+        MakeHub(onFace.device()->devicePixelRatioF());
     });
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(Centre());
     PaintNeedle(painter);
+    painter.translate(-Centre());
+    painter.drawPixmap(HubBox().topLeft(), hub_);
     repaint_.Painted();
+}
+
+QRect CWKnob::HubBox() const {
+    const QPointF corner = QPointF(hubRadius, hubRadius) * Radius();
+    return QRectF(Centre() - corner, Centre() + corner).toAlignedRect();
+}
+
+void CWKnob::MakeHub(qreal ratio) {
+    const QRect box = HubBox();
+    const double radius = Radius();
+    hub_ = QPixmap((QSizeF(box.size()) * ratio).toSize());
+    hub_.setDevicePixelRatio(ratio);
+    hub_.fill(Qt::transparent);
+    QPainter painter(&hub_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(Centre() - box.topLeft());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0xD7, 0xDD, 0xE4));
+    painter.drawEllipse(QPointF(), radius * hubRadius, radius * hubRadius);
+    painter.setBrush(QColor(0x3A, 0x45, 0x52));
+    painter.drawEllipse(QPointF(), radius * 0.04, radius * 0.04);
 }
 
 void CWKnob::PaintFace(QPainter& painter) const {
@@ -182,18 +207,12 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
 }
 
 void CWKnob::PaintNeedle(QPainter& painter) const {
-    const double radius = Radius();
     painter.save();
     painter.rotate(NeedleDegrees());
     painter.setPen(Qt::NoPen);
     painter.setBrush(isEnabled() ? needle : dimmed);
     painter.drawPolygon(NeedleShape());
     painter.restore();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xD7, 0xDD, 0xE4));
-    painter.drawEllipse(QPointF(), radius * 0.075, radius * 0.075);
-    painter.setBrush(QColor(0x3A, 0x45, 0x52));
-    painter.drawEllipse(QPointF(), radius * 0.04, radius * 0.04);
 }
 
 }  // namespace orbkl4

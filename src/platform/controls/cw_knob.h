@@ -60,6 +60,8 @@ class CWKnob : public QWidget {
     QPointF Centre() const;
     QPolygonF NeedleShape() const;
     QRect ChangingPart() const;
+    QRect HubBox() const;
+    void MakeHub(qreal ratio);
     void PaintFace(QPainter& painter) const;
     void PaintMarks(QPainter& painter) const;
     void PaintNumbers(QPainter& painter) const;
@@ -70,6 +72,7 @@ class CWKnob : public QWidget {
     QString caption_;
     double value_ = 0;
     PaintedFace face_{this};
+    QPixmap hub_;  ///< what covers the needle's middle, made with the face
     DeferredUpdate repaint_{this, DeferredUpdate::Pace::Needle, [this] { return ChangingPart(); }};
 };
 

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <array>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -16,12 +17,22 @@ namespace {
 
 using Pace = DeferredUpdate::Pace;
 
-constexpr int IntervalOf(Pace pace) { return pace == Pace::Needle ? 16 : 40; }
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds IntervalOf(Pace pace) {
+    return milliseconds(pace == Pace::Needle ? 16 : 40);
+}
+
+/// For how long a repainting that is due waits for a change that it can follow.
+constexpr milliseconds patience(10);
 
 /// Those of one pace that wait for their repainting, and what wakes them.
 struct Queue {
     std::vector<DeferredUpdate*> waiting;
-    QPointer<QTimer> timer;
+    QPointer<QTimer> timer;  ///< for changes that no other follows
+    Clock::time_point lastFlush;
+    bool flushPosted = false;
 };
 
 Queue& QueueOf(Pace pace) {
@@ -49,16 +60,26 @@ void DeferredUpdate::Enqueue() {
         queue.timer = new QTimer(qApp);
         queue.timer->setSingleShot(true);
         queue.timer->setTimerType(Qt::PreciseTimer);
-        queue.timer->setInterval(IntervalOf(pace_));
+        queue.timer->setInterval(IntervalOf(pace_) + patience);
         QObject::connect(queue.timer, &QTimer::timeout, [pace = pace_] { Flush(pace); });
+        queue.flushPosted = false;
     }
     queued_ = true;
+    leads_ = queue.waiting.empty();
     queue.waiting.push_back(this);
     if (!queue.timer->isActive()) queue.timer->start();
 }
 
+void DeferredUpdate::FlushIfDue(Pace pace) {
+    Queue& queue = QueueOf(pace);
+    if (queue.flushPosted || Clock::now() - queue.lastFlush < IntervalOf(pace)) return;
+    queue.flushPosted = true;
+    QMetaObject::invokeMethod(
+        queue.timer, [pace] { Flush(pace); }, Qt::QueuedConnection);
+}
+
 void DeferredUpdate::Repaint() {
-    queued_ = false;
+    queued_ = leads_ = false;
     if (changing_) {
         widget_->update(std::exchange(stale_, {}) | changing_());
     } else {
@@ -68,9 +89,12 @@ void DeferredUpdate::Repaint() {
 }
 
 void DeferredUpdate::Flush(Pace pace) {
-    std::vector<DeferredUpdate*>& waiting = QueueOf(pace).waiting;
-    for (DeferredUpdate* update : waiting) update->Repaint();
-    waiting.clear();
+    Queue& queue = QueueOf(pace);
+    for (DeferredUpdate* update : queue.waiting) update->Repaint();
+    queue.waiting.clear();
+    queue.timer->stop();
+    queue.flushPosted = false;
+    queue.lastFlush = Clock::now();
 }
 
 }  // namespace orbkl4

@@ -27,10 +27,13 @@ class DeferredUpdate {
     DeferredUpdate(DeferredUpdate&&) = delete;
     DeferredUpdate& operator=(DeferredUpdate&&) = delete;
 
-    /// What the widget shows has changed: it is repainted within a sixtieth (needle) or a
-    /// twenty-fifth of a second (number).
+    /// What the widget shows has changed. It is repainted behind the event that is being handled,
+    /// or, where the last repainting was less than a sixtieth (needle) or a twenty-fifth (number)
+    /// of a second ago, behind the first change after that, and soon if none comes: painting then
+    /// falls into the time in which a stream has nothing for us to do.
     void Mark() {
         if (!queued_) Enqueue();
+        if (leads_) FlushIfDue(pace_);
     }
 
     /// The widget has painted its present value, which the next repainting must wipe out.
@@ -41,6 +44,7 @@ class DeferredUpdate {
   private:
     void Enqueue();
     void Repaint();
+    static void FlushIfDue(Pace pace);
     static void Flush(Pace pace);
 
     QWidget* widget_;
@@ -48,6 +52,7 @@ class DeferredUpdate {
     std::function<QRect()> changing_;
     QRect stale_;
     bool queued_ = false;
+    bool leads_ = false;  ///< the first of those waiting, which asks whether it is time
 };
 
 }  // namespace orbkl4
