@@ -1,6 +1,7 @@
 #include "platform/look.h"
 
 #include "platform/controls/accessible_controls.h"
+#include "platform/painted_icon.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPalette>
+#include <QPolygonF>
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <QStyleOptionGroupBox>
@@ -27,6 +29,20 @@ bool HasTabularDigits(const QFont& font) {
     return std::all_of(others.begin(), others.end(), [&](QChar digit) {
         return std::abs(metrics.horizontalAdvance(digit) - width) < slack;
     });
+}
+
+/// Two arrowheads to the right, which lead to what had no room.
+void PaintMoreArrows(QPainter& painter, const QRectF& box) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::ink, box.height() / 10));
+    const double half = box.height() / 5;
+    for (const double left : {-half, half / 2}) {
+        const QPointF tip = box.center() + QPointF(left + half, 0);
+        painter.drawPolyline(
+            QPolygonF{{tip - QPointF(half, half), tip, tip - QPointF(half, -half)}});
+    }
+    painter.restore();
 }
 
 /// Fusion, with frames as light cards that hold their titles.
@@ -77,6 +93,14 @@ class HouseStyle final : public QProxyStyle {
         }
         if (part == SC_GroupBoxContents && rect.top() > fromTop) rect.adjust(0, fromTop, 0, 0);
         return rect;
+    }
+
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        // Every menu bar asks for this one; the style would read it from a file, and for that load
+        // a library for each kind of picture.
+        if (standard == SP_ToolBarHorizontalExtensionButton) return PaintedIcon(PaintMoreArrows);
+        return QProxyStyle::standardIcon(standard, option, widget);
     }
 
   private:

@@ -1,6 +1,5 @@
 #include "frame/screens/artwork.h"
 
-#include <QIconEngine>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -52,31 +51,6 @@ void PaintBall(QPainter& painter) {
     painter.drawEllipse(QPointF(), 0.8, 0.8);
 }
 
-/// Paints the emblem in each size that it is asked for, and not before.
-class EmblemEngine final : public QIconEngine {
-  public:
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
-               QIcon::State /*state*/) override {
-        PaintEmblem(*painter, rect);
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        PaintEmblem(painter, pixmap.rect());
-        return pixmap;
-    }
-
-    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        QList<QSize> sizes;
-        for (const int side : {16, 24, 32, 48, 64, 128, 256}) sizes += QSize(side, side);
-        return sizes;
-    }
-
-    QIconEngine* clone() const override { return new EmblemEngine; }
-};
-
 }  // namespace
 
 void PaintEmblem(QPainter& painter, const QRectF& box) {
@@ -101,7 +75,7 @@ void PaintEmblem(QPainter& painter, const QRectF& box) {
     painter.restore();
 }
 
-QIcon ProgramIcon() { return QIcon(new EmblemEngine); }
+QIcon ProgramIcon() { return PaintedIcon(PaintEmblem); }
 
 Picture::Picture(ArtworkPainter paint, QSize naturalSize, QWidget* parent)
     : QLabel(parent), paint_(paint), naturalSize_(naturalSize) {

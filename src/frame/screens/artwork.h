@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QIcon>
+#include "platform/painted_icon.h"
+
 #include <QLabel>
 
 namespace orbkl4 {
-
-/// Paints a picture into a box, as large as its proportions let it be.
-using ArtworkPainter = void (*)(QPainter& painter, const QRectF& box);
 
 /// Paints the sensor: its housing, its connector and the axes of its coordinate system.
 void PaintDevice(QPainter& painter, const QRectF& box);

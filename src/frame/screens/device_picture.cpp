@@ -72,8 +72,7 @@ void PaintLid(QPainter& painter) {
     painter.setBrush(
         Fade({0, 0}, {sizeX, sizeY}, QColor(0x6A, 0x97, 0xC9), QColor(0x35, 0x62, 0x97)));
     painter.drawRoundedRect(QRectF(0, 0, sizeX, sizeY), 0.06, 0.06);
-    painter.setBrush(
-        Fade({0, 0}, {sizeX, sizeY}, QColor(0x5D, 0x8B, 0xBF), QColor(0x3D, 0x6C, 0xA3)));
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(QColor(255, 255, 255, 60), 0.025));
     painter.drawRoundedRect(QRectF(0.1, 0.1, sizeX - 0.2, sizeY - 0.2), 0.1, 0.1);
     for (const double x : {0.3, sizeX - 0.3}) {
