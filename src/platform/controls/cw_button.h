@@ -32,7 +32,7 @@ class CWButton : public QWidget {
 
   private:
     bool value_ = false;
-    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Number};
+    DeferredUpdate repaint_{this};
 };
 
 }  // namespace orbkl4

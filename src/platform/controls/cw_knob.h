@@ -73,7 +73,7 @@ class CWKnob : public QWidget {
     double value_ = 0;
     PaintedFace face_{this};
     QPixmap hub_;  ///< what covers the needle's middle, made with the face
-    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Needle, [this] { return ChangingPart(); }};
+    DeferredUpdate repaint_{this, [this] { return ChangingPart(); }};
 };
 
 }  // namespace orbkl4

@@ -100,7 +100,7 @@ class CWSlide : public QWidget {
     int wheelRest_ = 0;     ///< wheel turn not yet worth a step, in eighths of a degree
     mutable QLineF track_;  ///< null where it has to be found anew: measuring labels takes long
     PaintedFace face_{this};
-    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Number, [this] { return ChangingPart(); }};
+    DeferredUpdate repaint_{this, [this] { return ChangingPart(); }};
 };
 
 }  // namespace orbkl4

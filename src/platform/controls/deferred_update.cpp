@@ -6,7 +6,6 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
 #include <chrono>
 #include <utility>
 #include <vector>
@@ -15,19 +14,15 @@ namespace orbkl4 {
 
 namespace {
 
-using Pace = DeferredUpdate::Pace;
-
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds IntervalOf(Pace pace) {
-    return milliseconds(pace == Pace::Needle ? 16 : 40);
-}
+constexpr milliseconds interval(40);
 
 /// For how long a repainting that is due waits for a change that it can follow.
 constexpr milliseconds patience(10);
 
-/// Those of one pace that wait for their repainting, and what wakes them.
+/// Those that wait for their repainting, and what wakes them.
 struct Queue {
     std::vector<DeferredUpdate*> waiting;
     QPointer<QTimer> timer;  ///< for changes that no other follows
@@ -35,9 +30,9 @@ struct Queue {
     bool flushPosted = false;
 };
 
-Queue& QueueOf(Pace pace) {
-    static std::array<Queue, 2> queues;
-    return queues.at(static_cast<std::size_t>(pace));
+Queue& TheQueue() {
+    static Queue queue;
+    return queue;
 }
 
 /// Tells a screen reader of the value of the control that has the focus, not of all that stream by.
@@ -51,17 +46,17 @@ void TellReader(QWidget* widget) {
 }  // namespace
 
 DeferredUpdate::~DeferredUpdate() {
-    if (queued_) std::erase(QueueOf(pace_).waiting, this);
+    if (queued_) std::erase(TheQueue().waiting, this);
 }
 
 void DeferredUpdate::Enqueue() {
-    Queue& queue = QueueOf(pace_);
+    Queue& queue = TheQueue();
     if (queue.timer == nullptr) {
         queue.timer = new QTimer(qApp);
         queue.timer->setSingleShot(true);
         queue.timer->setTimerType(Qt::PreciseTimer);
-        queue.timer->setInterval(IntervalOf(pace_) + patience);
-        QObject::connect(queue.timer, &QTimer::timeout, [pace = pace_] { Flush(pace); });
+        queue.timer->setInterval(interval + patience);
+        QObject::connect(queue.timer, &QTimer::timeout, [] { Flush(); });
         queue.flushPosted = false;
     }
     queued_ = true;
@@ -70,12 +65,12 @@ void DeferredUpdate::Enqueue() {
     if (!queue.timer->isActive()) queue.timer->start();
 }
 
-void DeferredUpdate::FlushIfDue(Pace pace) {
-    Queue& queue = QueueOf(pace);
-    if (queue.flushPosted || Clock::now() - queue.lastFlush < IntervalOf(pace)) return;
+void DeferredUpdate::FlushIfDue() {
+    Queue& queue = TheQueue();
+    if (queue.flushPosted || Clock::now() - queue.lastFlush < interval) return;
     queue.flushPosted = true;
     QMetaObject::invokeMethod(
-        queue.timer, [pace] { Flush(pace); }, Qt::QueuedConnection);
+        queue.timer, [] { Flush(); }, Qt::QueuedConnection);
 }
 
 void DeferredUpdate::Repaint() {
@@ -88,8 +83,8 @@ void DeferredUpdate::Repaint() {
     TellReader(widget_);
 }
 
-void DeferredUpdate::Flush(Pace pace) {
-    Queue& queue = QueueOf(pace);
+void DeferredUpdate::Flush() {
+    Queue& queue = TheQueue();
     for (DeferredUpdate* update : queue.waiting) update->Repaint();
     queue.waiting.clear();
     queue.timer->stop();

@@ -14,13 +14,10 @@ namespace orbkl4 {
 /// setter.
 class DeferredUpdate {
   public:
-    /// How often: needles follow each picture of the display, numbers as fast as they can be read.
-    enum class Pace { Needle, Number };
-
     /// A member of `widget`, which must live as long. `changing` gives the part of the widget that
     /// looks different for its present value, all of it where it isn't told.
-    DeferredUpdate(QWidget* widget, Pace pace, std::function<QRect()> changing = {})
-        : widget_(widget), pace_(pace), changing_(std::move(changing)) {}
+    explicit DeferredUpdate(QWidget* widget, std::function<QRect()> changing = {})
+        : widget_(widget), changing_(std::move(changing)) {}
     ~DeferredUpdate();
     DeferredUpdate(const DeferredUpdate&) = delete;
     DeferredUpdate& operator=(const DeferredUpdate&) = delete;
@@ -28,12 +25,13 @@ class DeferredUpdate {
     DeferredUpdate& operator=(DeferredUpdate&&) = delete;
 
     /// What the widget shows has changed. It is repainted behind the event that is being handled,
-    /// or, where the last repainting was less than a sixtieth (needle) or a twenty-fifth (number)
-    /// of a second ago, behind the first change after that, and soon if none comes: painting then
-    /// falls into the time in which a stream has nothing for us to do.
+    /// or, where the last repainting was less than a twenty-fifth of a second ago (as fast as a
+    /// film moves, and faster than numbers can be read), behind the first change after that, and
+    /// soon if none comes: painting then falls into the time in which a stream has nothing for us
+    /// to do.
     void Mark() {
         if (!queued_) Enqueue();
-        if (leads_) FlushIfDue(pace_);
+        if (leads_) FlushIfDue();
     }
 
     /// The widget has painted its present value, which the next repainting must wipe out.
@@ -44,11 +42,10 @@ class DeferredUpdate {
   private:
     void Enqueue();
     void Repaint();
-    static void FlushIfDue(Pace pace);
-    static void Flush(Pace pace);
+    static void FlushIfDue();
+    static void Flush();
 
     QWidget* widget_;
-    Pace pace_;
     std::function<QRect()> changing_;
     QRect stale_;
     bool queued_ = false;

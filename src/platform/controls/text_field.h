@@ -87,7 +87,7 @@ class TextField : public QWidget {
     double pointWidth_ = 0;
     int anchor_ = 0;  ///< the selection runs from here to the cursor; both may lie beyond the text
     int cursor_ = 0;
-    DeferredUpdate repaint_{this, DeferredUpdate::Pace::Number};
+    DeferredUpdate repaint_{this};
 };
 
 }  // namespace orbkl4
