@@ -2,7 +2,6 @@
 #include "acquire/logic/packets.h"
 #include "acquire/logic/sample_state.h"
 #include "bench/process_cost.h"
-#include "bench/qt_port_loop.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
 #include "datafiles/data_files.h"
@@ -48,16 +47,21 @@ orbkl4sim::SimulatorOptions Sensor(bool paced, int baud) {
 }
 
 void MeasureHandlers(Table& table) {
-    Workbench workbench(Sensor(false, 115200), false);
+    constexpr int baud = 115200;  // closing allows the bytes sent their time at this speed
+    Workbench workbench(Sensor(false, baud), false);
     constexpr int replies = 3000;
-    constexpr double microseconds = 1e6;
     for (const SamplingChannel* channel : AllChannels()) {
         const auto times = workbench.HandlerTimes(*channel, replies);
-        const double median = Median(times) * microseconds;
-        const double slow = Percentile(times, 0.99) * microseconds;
-        table.Add("handler median, " + NameOf(*channel), Figure(median, "us"), "", median,
-                  AtMost(25));
-        table.Add("handler p99, " + NameOf(*channel), Figure(slow, "us"), "", slow, AtMost(250));
+        const auto bare = BareHandlerTimes(workbench.Device(), channel->command, baud,
+                                           workbench.DataFile(), replies);
+        const auto add = [&](const char* what, double share, Aim aim) {
+            constexpr double microseconds = 1e6;
+            const double time = Percentile(times, share) * microseconds;
+            table.Add(what + NameOf(*channel), Figure(time, "us"),
+                      Figure(Percentile(bare, share) * microseconds, "us"), time, aim);
+        };
+        add("handler median, ", 0.5, AtMost(25));
+        add("handler p99, ", 0.99, AtMost(250));
     }
 }
 
@@ -82,16 +86,19 @@ Compared InTurn(int turns, const std::function<double()>& ours,
 }
 
 void MeasureUnpaced(Table& table) {
-    constexpr int baud = 115200;  // closing allows the bytes sent their time at this speed
+    constexpr int baud = 115200;
     Workbench workbench(Sensor(false, baud), false);
     for (const SamplingChannel* channel : AllChannels()) {
-        const Compared rate = InTurn(
-            rounds, [&] { return workbench.SampleLoop(*channel, sliceSeconds, true).Rate(); },
-            [&] {
-                return RawLoop(workbench.Device(), channel->command, baud, sliceSeconds).Rate();
-            });
-        table.Add("unpaced rate / raw loop, " + NameOf(*channel), Figure(rate.ours, "/s"),
-                  Figure(rate.reference, "/s"), rate.ratio, AtLeast(0.7));
+        for (const bool saving : {false, true}) {
+            const Compared rate = InTurn(
+                rounds, [&] { return workbench.SampleLoop(*channel, sliceSeconds, saving).Rate(); },
+                [&] {
+                    return RawLoop(workbench.Device(), channel->command, baud, sliceSeconds).Rate();
+                });
+            const std::string what = saving ? "unpaced, saving" : "unpaced";
+            table.Add(what + " / raw loop, " + NameOf(*channel), Figure(rate.ours, "/s"),
+                      Figure(rate.reference, "/s"), rate.ratio, AtLeast(0.7));
+        }
     }
 }
 
@@ -123,10 +130,10 @@ void MeasureProcessor(Table& table) {
     constexpr int baud = 115200;
     Workbench workbench(Sensor(true, baud), false);
     constexpr double microseconds = 1e6;
-    const auto add = [&](const std::string& what, const SamplingChannel& channel, Aim aim,
-                         const std::function<LoopResult()>& loop) {
+    const auto add = [&](const std::string& what, const SamplingChannel& channel, Aim aim) {
         const Compared cost = InTurn(
-            rounds, [&] { return loop().CpuPerSample(); },
+            rounds,
+            [&] { return workbench.SampleLoop(channel, sliceSeconds, false).CpuPerSample(); },
             [&] {
                 return RawLoop(workbench.Device(), channel.command, baud, sliceSeconds)
                     .CpuPerSample();
@@ -134,14 +141,12 @@ void MeasureProcessor(Table& table) {
         table.Add(what + NameOf(channel), Figure(cost.ours * microseconds, "us"),
                   Figure(cost.reference * microseconds, "us"), cost.ratio, aim);
     };
-    const auto channels = AllChannels();
-    for (const SamplingChannel* channel : channels) {
-        add("processor at 150/s / raw loop, ", *channel, AtMost(4),
-            [&] { return workbench.SampleLoop(*channel, sliceSeconds, false); });
+    for (const SamplingChannel* channel : AllChannels()) {
+        add("processor at 150/s / raw loop, ", *channel, AtMost(4));
+        workbench.Painting(false);
+        add("processor, nothing painted / raw loop, ", *channel, {});
+        workbench.Painting(true);
     }
-    const SamplingChannel& plain = *channels.front();
-    add("processor, bare Qt port / raw loop, ", plain, {},
-        [&] { return QtPortLoop(workbench.Device(), plain.command, baud, sliceSeconds); });
 }
 
 double NanosecondsEach(int count, const std::function<void()>& deed) {

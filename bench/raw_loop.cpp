@@ -6,6 +6,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -40,8 +41,20 @@ class RawLine {
     RawLine(const RawLine&) = delete;
     RawLine& operator=(const RawLine&) = delete;
 
-    bool Sample(std::uint8_t command, std::size_t replyLength) {
-        if (::write(file_, &command, 1) != 1) return false;
+    bool Ask(std::uint8_t command) const { return ::write(file_, &command, 1) == 1; }
+
+    /// Whether a whole reply has come, waited for without sleeping.
+    bool Await(std::size_t replyLength) const {
+        using Clock = std::chrono::steady_clock;
+        const auto limit = Clock::now() + std::chrono::seconds(1);
+        for (int waiting = 0; Clock::now() < limit;) {
+            if (::ioctl(file_, FIONREAD, &waiting) != 0) return false;
+            if (waiting >= static_cast<int>(replyLength)) return true;
+        }
+        return false;
+    }
+
+    bool Take(std::size_t replyLength) {
         std::size_t taken = 0;
         while (taken < replyLength) {
             const auto length = ::read(file_, reply_.data() + taken, replyLength - taken);
@@ -71,13 +84,34 @@ LoopResult RawLoop(const std::string& device, DeviceCommand command, int baud, d
     LoopResult result;
     const double cpuBefore = ThreadCpuSeconds();
     const auto start = Clock::now();
-    while (result.seconds < seconds && line.Sample(ByteOf(command), length)) {
+    while (result.seconds < seconds && line.Ask(ByteOf(command)) && line.Take(length)) {
         result.samples += 1;
         result.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     }
     result.cpuSeconds = ThreadCpuSeconds() - cpuBefore;
     result.intervals = result.samples;
     return result;
+}
+
+std::vector<double> BareHandlerTimes(const std::string& device, DeviceCommand command, int baud,
+                                     const std::string& file, int count) {
+    using Clock = std::chrono::steady_clock;
+    const std::size_t length = ReplyLength(command);
+    const std::string row(75, '0');  // about as long as a row of SensorBits
+    RawLine line(device, length, baud);
+    std::vector<double> times;
+    line.Ask(ByteOf(command));
+    while (count-- > 0 && line.Await(length)) {
+        const auto start = Clock::now();
+        bool done = line.Take(length);
+        const int handle = ::open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+        done = ::write(handle, row.data(), row.size()) > 0 && done;
+        ::close(handle);
+        if (!line.Ask(ByteOf(command)) || !done) break;
+        times.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+    }
+    line.Take(length);
+    return times;
 }
 
 }  // namespace orbkl4::bench

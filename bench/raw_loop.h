@@ -3,6 +3,7 @@
 #include "link/logic/device_command.h"
 
 #include <string>
+#include <vector>
 
 namespace orbkl4::bench {
 
@@ -23,5 +24,10 @@ double ThreadCpuSeconds();
 /// Samples `command` on the line `device` for `seconds`, with nothing but blocking reads and
 /// writes: the least that any program can do.
 LoopResult RawLoop(const std::string& device, DeviceCommand command, int baud, double seconds);
+
+/// How long, in seconds, a handler takes that does nothing but the system calls of ours: takes the
+/// reply, opens `file`, appends a row, closes it and sends the next request; `count` times.
+std::vector<double> BareHandlerTimes(const std::string& device, DeviceCommand command, int baud,
+                                     const std::string& file, int count);
 
 }  // namespace orbkl4::bench

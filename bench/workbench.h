@@ -32,6 +32,9 @@ class Workbench {
     /// Samples `channel` on its screen for `seconds`, with display, and with saving if `saving`.
     LoopResult SampleLoop(const SamplingChannel& channel, double seconds, bool saving);
 
+    /// Lets the program's window paint, as it does unless told otherwise, or not.
+    void Painting(bool on) { frame_.setUpdatesEnabled(on); }
+
     /// How long the handler of `count` replies to `channel` took, each from the whole reply waiting
     /// to its end, in seconds; display and saving on.
     std::vector<double> HandlerTimes(const SamplingChannel& channel, int count);
