@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int pixelsPerInch = 96;
-constexpr int pictureWidth = 640;  // pixels; A4 has 680 of them between the margins below
+constexpr int pictureWidth = 480;  // pixels; A4 has 680 of them between the margins below
 constexpr double marginMillimetres = 15;
 
 /// Sets every picture of the document to the width of the page's text.
