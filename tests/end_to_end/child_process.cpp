@@ -1,13 +1,16 @@
 #include "child_process.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fcntl.h>
+#include <ctime>
 #include <fstream>
-#include <grp.h>
-#include <iterator>
+#include <linux/capability.h>
+#include <poll.h>
 #include <sstream>
+#include <stdexcept>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -17,92 +20,102 @@ namespace orbkl4::test {
 namespace {
 
 /// Becomes the program; only in a fresh child.
-[[noreturn]] void Become(const Launch& launch) {
+[[noreturn]] void Become(std::string& program, std::vector<std::string>& arguments,
+                         const std::map<std::string, std::string>& environment, int line) {
     constexpr int programNotStarted = 127;
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    for (const auto& [theirs, ours] : launch.descriptors) {
-        if (theirs == ours) {
-            ::fcntl(ours, F_SETFD, 0);
-        } else {
-            ::dup2(ours, theirs);
-        }
-    }
-    for (const auto& [name, value] : launch.environment) {
-        ::setenv(name.c_str(), value.c_str(), 1);
-    }
-    std::vector<std::string> words{launch.program.string()};
-    words.insert(words.end(), launch.arguments.begin(), launch.arguments.end());
-    std::vector<char*> pointers;
-    for (std::string& word : words) pointers.push_back(word.data());
-    pointers.push_back(nullptr);
-    if (launch.fileSize) {
-        rlimit limit{};
-        ::getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = *launch.fileSize;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        ::signal(SIGXFSZ, SIG_IGN);
-    }
-    if (launch.user) {
-        const uid_t user = *launch.user;
-        const bool changed = ::setgroups(0, nullptr) == 0 && ::setresgid(user, user, user) == 0 &&
-                             ::setresuid(user, user, user) == 0;
-        if (!changed) ::_exit(programNotStarted);
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // the change has undone it
-    }
-    ::execv(pointers.front(), pointers.data());
+    // Root could open lines that an ordinary user can't; others have no such rights to lose.
+    ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
+    ::prctl(PR_CAPBSET_DROP, CAP_SYS_ADMIN, 0, 0, 0);
+    ::dup2(line, STDIN_FILENO);
+    ::dup2(line, STDOUT_FILENO);
+    for (const auto& [name, value] : environment) ::setenv(name.c_str(), value.c_str(), 1);
+    std::vector<char*> words{program.data()};
+    for (std::string& argument : arguments) words.push_back(argument.data());
+    words.push_back(nullptr);
+    ::execv(words.front(), words.data());
     ::_exit(programNotStarted);
 }
 
 }  // namespace
 
-ChildProcess::ChildProcess(const Launch& launch) : id_(::fork()) {
-    if (id_ < 0) throw std::system_error(errno, std::generic_category(), "fork");
-    if (id_ == 0) Become(launch);
-}
-
-ChildProcess::~ChildProcess() { Kill(); }
-
-std::optional<Ending> ChildProcess::Look() {
-    int status = 0;
-    if (!ending_ && ::waitpid(id_, &status, WNOHANG) == id_) {
-        ending_ = WIFEXITED(status) ? Ending{WEXITSTATUS(status), 0} : Ending{-1, WTERMSIG(status)};
+ChildProcess::ChildProcess(std::string program, std::vector<std::string> arguments,
+                           const std::map<std::string, std::string>& environment) {
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+        throw std::system_error(errno, std::generic_category(), "socketpair");
     }
-    return ending_;
+    id_ = ::fork();
+    if (id_ < 0) throw std::system_error(errno, std::generic_category(), "fork");
+    if (id_ == 0) Become(program, arguments, environment, ends[1]);
+    ::close(ends[1]);
+    line_ = ends[0];
 }
 
-void ChildProcess::Signal(int signal) const { ::kill(id_, signal); }
+ChildProcess::~ChildProcess() {
+    Kill();
+    ::close(line_);
+}
+
+void ChildProcess::Say(const std::string& text) const {
+    if (::send(line_, text.data(), text.size(), MSG_NOSIGNAL) < 0) {
+        throw std::runtime_error("the program has ended");
+    }
+}
+
+std::string ChildProcess::Hear(char end) {
+    pollfd watched{line_, POLLIN, 0};
+    while (heard_.find(end) == std::string::npos) {
+        std::array<char, 4096> chunk{};
+        if (::poll(&watched, 1, static_cast<int>(patience.count())) != 1) {
+            throw std::runtime_error("the program doesn't answer");
+        }
+        const auto count = ::read(line_, chunk.data(), chunk.size());
+        if (count <= 0) throw std::runtime_error("the program has ended");
+        heard_.append(chunk.data(), static_cast<std::size_t>(count));
+    }
+    const auto length = heard_.find(end);
+    std::string text = heard_.substr(0, length);
+    heard_.erase(0, length + 1);
+    return text;
+}
 
 void ChildProcess::Pause() const {
-    Signal(SIGSTOP);
+    ::kill(id_, SIGSTOP);
     ::waitpid(id_, nullptr, WUNTRACED);
 }
 
 void ChildProcess::Kill() {
-    if (!Running()) return;
-    Signal(SIGKILL);
+    if (HasEnded()) return;
+    ::kill(id_, SIGKILL);
     AwaitEnd();
 }
 
-Ending ChildProcess::AwaitEnd(std::chrono::milliseconds limit) {
-    WaitUntil([this] { return !Running(); }, limit);
-    return ending_.value_or(Ending{});
+bool ChildProcess::HasEnded() {
+    int status = 0;
+    if (!code_ && ::waitpid(id_, &status, WNOHANG) == id_) {
+        code_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    return code_.has_value();
+}
+
+int ChildProcess::AwaitEnd(std::chrono::milliseconds limit) {
+    WaitUntil([this] { return HasEnded(); }, limit);
+    return code_.value_or(-1);
 }
 
 double ChildProcess::ProcessorSeconds() const {
-    // Behind the name in parentheses: the state and ten numbers, then user and system time.
-    const std::string line = ContentOf("/proc/" + std::to_string(id_) + "/stat");
-    std::istringstream fields(line.substr(line.rfind(')') + 1));
-    std::string skipped;
-    for (int i = 0; i < 11; ++i) fields >> skipped;
-    long user = 0;
-    long system = 0;
-    fields >> user >> system;
-    return static_cast<double>(user + system) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+    clockid_t clock{};
+    timespec used{};
+    ::clock_getcpuclockid(id_, &clock);
+    ::clock_gettime(clock, &used);
+    return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) * 1e-9;
 }
 
 std::string ContentOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
 }
 
 }  // namespace orbkl4::test

@@ -6,7 +6,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <sys/resource.h>
 #include <sys/types.h>
 #include <thread>
 #include <vector>
@@ -15,9 +14,12 @@ namespace orbkl4::test {
 
 using namespace std::chrono_literals;
 
+// The program stands still for a second and more at times, and longer still on a busy machine.
+constexpr std::chrono::milliseconds patience = 20s;
+
 /// Looks every few milliseconds whether `condition` holds; false where it doesn't within `limit`.
 template <typename Condition>
-bool WaitUntil(Condition condition, std::chrono::milliseconds limit = 10s) {
+bool WaitUntil(Condition condition, std::chrono::milliseconds limit = patience) {
     const auto end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
@@ -26,58 +28,46 @@ bool WaitUntil(Condition condition, std::chrono::milliseconds limit = 10s) {
     return true;
 }
 
-/// How a program is started.
-struct Launch {
-    std::filesystem::path program;
-    std::vector<std::string> arguments = {};
-    std::map<std::string, std::string> environment = {};  ///< beside what is inherited
-    std::map<int, int> descriptors = {};                  ///< the child's number to ours
-    std::optional<rlim_t> fileSize = {};                  ///< no file can grow beyond so many bytes
-    std::optional<uid_t> user = {};                       ///< who runs it; only root can choose
-};
-
-/// How a process ended.
-struct Ending {
-    int code = -1;   ///< its exit code, -1 where a signal ended it
-    int signal = 0;  ///< the signal that ended it, 0 for none
-};
-
-/// A process of our own; it is killed with this object, and with the test.
+/// A process of our own, its standard input and output in our hand. It has an ordinary user's
+/// rights, whoever runs the tests, and is killed with this object, and with the test.
 class ChildProcess {
   public:
-    /// Starts it; throws std::system_error where that fails.
-    explicit ChildProcess(const Launch& launch);
+    /// Starts `program` with `environment` beside what is inherited; throws std::system_error
+    /// where that fails.
+    ChildProcess(std::string program, std::vector<std::string> arguments,
+                 const std::map<std::string, std::string>& environment);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    pid_t Id() const { return id_; }
+    /// Hands it `text`; throws std::runtime_error where it has ended.
+    void Say(const std::string& text) const;
 
-    /// Whether it hasn't ended yet.
-    bool Running() { return !Look().has_value(); }
-
-    /// Sends it `signal`.
-    void Signal(int signal) const;
+    /// What it says next, up to `end`, which is taken off; throws std::runtime_error where
+    /// nothing comes for long or it has ended.
+    std::string Hear(char end);
 
     /// Stops it where it stands, until `Resume`.
     void Pause() const;
-    void Resume() const { Signal(SIGCONT); }
+    void Resume() const { ::kill(id_, SIGCONT); }
 
     /// Ends it as nothing can resist, and waits for that.
     void Kill();
 
-    /// Waits until it has ended by itself and says how; a plain `Ending` where it doesn't within
-    /// `limit`.
-    Ending AwaitEnd(std::chrono::milliseconds limit = 10s);
+    /// Waits until it has ended by itself and returns its exit code, -1 where a signal ended it
+    /// or it doesn't end within `limit`.
+    int AwaitEnd(std::chrono::milliseconds limit = patience);
 
     /// Processor time that it has used so far, in seconds.
     double ProcessorSeconds() const;
 
   private:
-    std::optional<Ending> Look();
+    bool HasEnded();
 
     pid_t id_ = -1;
-    std::optional<Ending> ending_;
+    int line_ = -1;
+    std::string heard_;
+    std::optional<int> code_;
 };
 
 /// The whole content of the file at `path`, empty where there is none.

@@ -7,7 +7,6 @@
 #include <optional>
 #include <ostream>
 #include <string>
-#include <sys/resource.h>
 #include <vector>
 
 namespace orbkl4::test {
@@ -27,14 +26,18 @@ std::ostream& operator<<(std::ostream& out, const MessageBox& box);
 /// A box of the program that tells something.
 MessageBox Telling(const std::string& text);
 
-/// The box about the error of a log record with these contents, its date as "D".
-MessageBox AboutError(const std::string& number, const std::string& source,
-                      const std::string& screen, const std::string& description);
+/// An error that is reported.
+struct Reported {
+    std::string number;
+    std::string source;
+    std::string screen;
+    std::string description;
 
-/// How the program is to be run.
-struct Conditions {
-    std::optional<rlim_t> fileSize = {};  ///< no file can grow beyond so many bytes
-    std::optional<uid_t> user = {};       ///< the user who runs it; only root can choose
+    /// The box about it, its date masked.
+    MessageBox Box() const;
+
+    /// Its record in the error log, its date masked.
+    std::string Record() const;
 };
 
 /// The real program, run on `stage` without a screen, and a hand in it that does what a person
@@ -42,7 +45,7 @@ struct Conditions {
 /// std::runtime_error.
 class RunningProgram {
   public:
-    explicit RunningProgram(const Stage& stage, const Conditions& conditions = {});
+    explicit RunningProgram(const Stage& stage);
 
     ChildProcess& Process() { return process_; }
 
@@ -61,23 +64,17 @@ class RunningProgram {
                const std::string& expected);
 
     /// Chooses a menu entry, which must be there and enabled.
-    void Choose(const std::string& screen, const std::string& entry);
+    void Choose(const std::string& screen, const std::string& entry) {
+        Order({"choose", screen, entry});
+    }
 
-    /// Enables a menu entry as the program would do it after a connection, which takes seconds.
+    /// Shows and enables an entry of the main menu, as the program would do it after the hidden
+    /// gesture, and after a connection, which takes seconds.
     void Unlock(const std::string& entry) { Order({"unlock", "Main", entry}); }
 
     /// Presses a button.
-    void Press(const std::string& screen, const std::string& button);
-
-    /// Types `text` over what a field holds, and leaves the field.
-    void Type(const std::string& screen, const std::string& field, const std::string& text);
-
-    /// Turns to a tab.
-    void Turn(const std::string& screen, const std::string& tabs, const std::string& tab);
-
-    /// Presses the middle button on an object while Shift and Ctrl are held.
-    void Gesture(const std::string& screen, const std::string& name) {
-        Order({"gesture", screen, name});
+    void Press(const std::string& screen, const std::string& button) {
+        Order({"press", screen, button});
     }
 
     /// The message box that is up, its date masked.
@@ -89,37 +86,20 @@ class RunningProgram {
     /// Answers the message box that is up.
     void Answer(const std::string& button) { Order({"answer", button}); }
 
-    /// Waits for the box that tells of success after a connection was begun. A sensor that isn't
-    /// found is tried again, twice: it has 100 milliseconds to answer, and a busy machine may
-    /// not let it; `beforeRetry` is done then.
-    void AwaitConnected(const std::function<void()>& beforeRetry = [] {});
+    /// Lets it search for the sensor, and waits for the box that tells of success. A sensor that
+    /// isn't found is tried again, twice: it has 100 milliseconds to answer, and a busy machine
+    /// may not let it; `beforeRetry` is done then.
+    void Search(const std::function<void()>& beforeRetry = [] {});
 
-    /// Waits for the file dialog and saves as `path`, typed as it is; cancels where it is empty.
+    /// Waits for the file dialog and saves as `path`, typed as it is.
     void SaveAs(const std::string& path);
 
     /// Closes the program's window.
     void CloseWindow() { Order({"close"}); }
 
-    /// Leaves a picture of what is on top.
-    void Grab(const std::filesystem::path& path) { Order({"grab", path.string()}); }
-
   private:
     std::vector<std::string> Order(const std::vector<std::string>& words);
-    std::vector<std::string> Hear();
 
-    /// Our end of the line to the hand, and its own.
-    struct Line {
-        Line();
-        ~Line();
-        Line(const Line&) = delete;
-        Line& operator=(const Line&) = delete;
-
-        int ours = -1;
-        int theirs = -1;
-    };
-
-    Line line_;
-    std::string heard_;
     ChildProcess process_;
 };
 

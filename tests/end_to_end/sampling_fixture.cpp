@@ -1,11 +1,41 @@
 #include "sampling_fixture.h"
 
-#include <fstream>
-#include <iterator>
-
-namespace fs = std::filesystem;
+#include <algorithm>
+#include <cstdlib>
+#include <regex>
+#include <stdexcept>
 
 namespace orbkl4::test {
+
+namespace {
+
+constexpr std::size_t headLines = 5;
+
+/// A word from 0 to 65535 behind one blank.
+bool IsWord(const std::string& text) {
+    const auto number = std::strtoul(text.c_str(), nullptr, 10);
+    return number <= 65535 && text == " " + std::to_string(number);
+}
+
+/// Seconds, to two decimals at most; nothing before the point where it would be 0.
+bool IsTime(const std::string& text) {
+    static const std::regex form("0|[1-9][0-9]*|([1-9][0-9]*)?\\.[0-9]?[1-9]");
+    return std::regex_match(text, form);
+}
+
+/// The parts of `text` that end with `end`, and what is left.
+std::vector<std::string> Split(const std::string& text, const std::string& end) {
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    for (auto at = text.find(end); at != std::string::npos; at = text.find(end, start)) {
+        parts.push_back(text.substr(start, at - start));
+        start = at + end.size();
+    }
+    parts.push_back(text.substr(start));
+    return parts;
+}
+
+}  // namespace
 
 void SamplingTest::StartSaving(RunningProgram& program, const std::string& name) {
     program.AwaitScreen("Main");
@@ -18,29 +48,27 @@ void SamplingTest::StartSaving(RunningProgram& program, const std::string& name)
     program.Choose("SensorBits", "mnuSample");
 }
 
-std::uintmax_t SamplingTest::SizeOf(const std::string& name) const {
-    std::error_code none;
-    const auto size = fs::file_size(stage.DataFiles() / name, none);
-    return none ? 0 : size;
-}
-
-testing::AssertionResult SamplingTest::Grows(const std::string& name, std::uintmax_t bytes) const {
-    const auto least = SizeOf(name) + bytes;
-    if (WaitUntil([&] { return SizeOf(name) >= least; })) return testing::AssertionSuccess();
+testing::AssertionResult SamplingTest::Grows(const std::string& name, std::size_t bytes) const {
+    const auto least = Content(name).size() + bytes;
+    if (WaitUntil([&] { return Content(name).size() >= least; })) {
+        return testing::AssertionSuccess();
+    }
     return testing::AssertionFailure() << name << " doesn't grow";
 }
 
-testing::AssertionResult SamplingTest::EndsWithALine(const std::string& name) const {
-    constexpr std::streamoff longestLine = 100;
-    std::ifstream file(stage.DataFiles() / name, std::ios::binary);
-    file.seekg(-longestLine, std::ios::end);
-    const std::string end{std::istreambuf_iterator<char>(file), {}};
-    if (end.ends_with("\r\n")) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << name << " ends with: " << end;
-}
-
-SensorBitsFile SamplingTest::Read(const std::string& name) const {
-    return ReadSensorBits(ContentOf(stage.DataFiles() / name));
+Rows SamplingTest::ReadRows(const std::string& name) const {
+    std::vector<std::string> lines = Split(Content(name), "\r\n");
+    if (!lines.back().empty()) throw std::runtime_error("the last line is cut: " + lines.back());
+    lines.pop_back();
+    if (lines.size() < headLines) throw std::runtime_error("the head is cut");
+    Rows rows;
+    for (std::size_t i = headLines; i < lines.size(); ++i) {
+        const auto& row = rows.emplace_back(Split(lines[i], ","));
+        const bool whole = row.size() == 11 && IsTime(row.front()) &&
+                           std::all_of(row.begin() + 1, row.end(), IsWord);
+        if (!whole) throw std::runtime_error("not a whole row: " + lines[i]);
+    }
+    return rows;
 }
 
 }  // namespace orbkl4::test

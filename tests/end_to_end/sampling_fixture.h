@@ -1,13 +1,16 @@
 #pragma once
 
-#include "data_file.h"
 #include "running_program.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace orbkl4::test {
+
+/// The rows of a data file, their columns with the blank before a number.
+using Rows = std::vector<std::vector<std::string>>;
 
 /// A stage on which the raw sensor bits of port 16, which no adapter of this machine is likely to
 /// be, are saved in the folder for data files.
@@ -18,17 +21,17 @@ class SamplingTest : public testing::Test {
     /// Opens the view without a connection, which takes seconds, and saves under `name`.
     static void StartSaving(RunningProgram& program, const std::string& name);
 
-    /// The size of the data file `name`, 0 where there is none.
-    std::uintmax_t SizeOf(const std::string& name) const;
+    /// What the data file `name` holds, empty where there is none.
+    std::string Content(const std::string& name) const {
+        return ContentOf(stage.DataFiles() / name);
+    }
 
     /// Waits until the data file `name` has grown by `bytes`.
-    testing::AssertionResult Grows(const std::string& name, std::uintmax_t bytes = 500) const;
+    testing::AssertionResult Grows(const std::string& name, std::size_t bytes = 500) const;
 
-    /// Whether the data file `name` ends with a whole line.
-    testing::AssertionResult EndsWithALine(const std::string& name) const;
-
-    /// The rows of the data file `name`, every line of which must be whole.
-    SensorBitsFile Read(const std::string& name) const;
+    /// The rows of the data file `name` behind its head; throws std::runtime_error where one isn't
+    /// whole: a time and ten words from 0 to 65535, each line ended by CR LF.
+    Rows ReadRows(const std::string& name) const;
 
     Stage stage;
 };

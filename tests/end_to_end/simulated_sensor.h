@@ -3,8 +3,9 @@
 #include "child_process.h"
 #include "stage.h"
 
-#include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orbkl4::test {
@@ -12,38 +13,32 @@ namespace orbkl4::test {
 /// The simulator program, run on a stage.
 class SimulatedSensor {
   public:
-    /// Starts it with `options`, run by `user`, and waits until the sensor is plugged in.
-    explicit SimulatedSensor(const Stage& stage, const std::vector<std::string>& options = {},
-                             std::optional<uid_t> user = {});
-    ~SimulatedSensor();
-    SimulatedSensor(const SimulatedSensor&) = delete;
-    SimulatedSensor& operator=(const SimulatedSensor&) = delete;
+    /// Starts it with `options` and waits until the sensor is plugged in.
+    SimulatedSensor(const Stage& stage, const std::vector<std::string>& options)
+        : process_(SIMULATOR_PROGRAM, options, {{"XDG_CONFIG_HOME", stage.Config()}}) {
+        process_.Hear('\n');  // it tells its link once all is set up
+    }
 
-    /// Gives it one of its commands, such as "unplug", and returns its answer.
-    std::string Command(const std::string& command);
+    /// Gives it one of its commands, such as "unplug", which it must take.
+    void Command(const std::string& command) {
+        process_.Say(command + '\n');
+        std::string answer = process_.Hear('\n');
+        while (answer.starts_with('<')) {
+            requests_.push_back(std::move(answer));
+            answer = process_.Hear('\n');
+        }
+        if (answer != "ok") throw std::runtime_error(command + ": " + answer);
+    }
 
     /// The requests that came since the command "log on", such as "< F0"; no more are logged.
-    std::vector<std::string> RequestsLogged();
+    std::vector<std::string> RequestsLogged() {
+        Command("log off");
+        return std::exchange(requests_, {});
+    }
 
   private:
-    struct Pipes {
-        Pipes();
-        ~Pipes();
-        Pipes(const Pipes&) = delete;
-        Pipes& operator=(const Pipes&) = delete;
-
-        int command = -1;  ///< our end
-        int answer = -1;   ///< our end
-        int theirInput = -1;
-        int theirOutput = -1;
-    };
-
-    std::string ReadLine();
-
-    Pipes pipes_;
-    std::string heard_;
-    std::vector<std::string> requests_;
     ChildProcess process_;
+    std::vector<std::string> requests_;
 };
 
 }  // namespace orbkl4::test

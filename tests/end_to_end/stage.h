@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <string>
-#include <sys/types.h>
 
 namespace orbkl4::test {
 
@@ -17,7 +16,6 @@ class Stage {
 
     std::filesystem::path Root() const { return root_; }
     std::filesystem::path Program() const { return root_ / "program" / "orb-kl4-workbench"; }
-    std::filesystem::path Simulator() const { return root_ / "orb-kl4-simulator"; }
     std::filesystem::path DataFiles() const { return root_ / "program" / "Data Files"; }
     std::filesystem::path Logs() const { return root_ / "program" / "Logs"; }
     std::filesystem::path Config() const { return root_ / "config"; }
@@ -28,10 +26,7 @@ class Stage {
         return Config() / "Kestrelmoor" / "ORB-KL4-RS232.ini";
     }
 
-    /// The symbolic link that port `number` is.
-    std::filesystem::path PortLink(int number) const;
-
-    /// Lets port `number` be the file, device or folder `target`.
+    /// Lets port `number`, which had no link yet, be the file, device or folder `target`.
     void LinkPort(int number, const std::filesystem::path& target) const;
 
     /// Makes the settings store hold `lines` in its one section.
@@ -40,18 +35,11 @@ class Stage {
     /// The error log, its dates masked.
     std::string ErrorLog() const;
 
-    /// Gives all of the stage to the user `owner`, who runs the program then; only root can.
-    void GiveTo(uid_t owner) const;
-
   private:
     std::filesystem::path root_;
 };
 
 /// `text` with "D" in place of each date and time of the last few minutes that has its form.
 std::string WithDatesMasked(std::string text);
-
-/// A record of the error log, as `Stage::ErrorLog` gives it.
-std::string LogRecord(const std::string& number, const std::string& source,
-                      const std::string& screen, const std::string& description);
 
 }  // namespace orbkl4::test

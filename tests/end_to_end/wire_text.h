@@ -1,45 +1,28 @@
 #pragma once
 
+#include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace orbkl4::test {
 
-// What the tests and the hand inside the program say to each other: lines of fields, parted by
-// tabs. A field's own tabs, line ends and backslashes are written as \t, \n, \r and \\.
+// What the tests and the hand inside the program say to each other: messages of fields. No text
+// of the program bears the bytes that end them.
+constexpr char fieldEnd = '\x1F';
+constexpr char messageEnd = '\0';
 
-/// One line, with its line end, that bears `fields`.
-inline std::string WireLine(const std::vector<std::string>& fields) {
-    std::string line;
-    for (const std::string& field : fields) {
-        if (!line.empty()) line += '\t';
-        for (const char c : field) {
-            switch (c) {
-                case '\\': line += "\\\\"; break;
-                case '\t': line += "\\t"; break;
-                case '\n': line += "\\n"; break;
-                case '\r': line += "\\r"; break;
-                default: line += c;
-            }
-        }
-    }
-    return line + '\n';
+/// The message, with its end, that bears `fields`.
+inline std::string MessageOf(const std::vector<std::string>& fields) {
+    std::string message;
+    for (const std::string& field : fields) message += field + fieldEnd;
+    return message + messageEnd;
 }
 
-/// The fields of `line`, which comes without its line end.
-inline std::vector<std::string> WireFields(std::string_view line) {
-    std::vector<std::string> fields(1);
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '\t') {
-            fields.emplace_back();
-            continue;
-        }
-        const bool escaped = line[i] == '\\' && i + 1 < line.size();
-        const char c = escaped ? line[++i] : line[i];
-        const bool letter = escaped && c != '\\';
-        fields.back() += !letter ? c : c == 't' ? '\t' : c == 'n' ? '\n' : '\r';
-    }
+/// The fields of `message`, which comes without its end.
+inline std::vector<std::string> FieldsOf(const std::string& message) {
+    std::vector<std::string> fields;
+    std::istringstream text(message);
+    for (std::string field; std::getline(text, field, fieldEnd);) fields.push_back(field);
     return fields;
 }
 

@@ -7,10 +7,34 @@
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
-#include <functional>
+#include <fstream>
 #include <optional>
+#include <unistd.h>
+
+/// There only where the address sanitizer is.
+extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT: its name
 
 namespace orbkl4::test {
+
+inline constexpr double mebibyte = 1 << 20;
+
+/// The number in the environment variable `name`, `otherwise` where there is none.
+inline double NumberFromEnvironment(const char* name, double otherwise) {
+    bool given = false;
+    const double number = qEnvironmentVariable(name).toDouble(&given);
+    return given ? number : otherwise;
+}
+
+/// The memory that the process holds, in bytes: what is resident, or, where a sanitizer keeps freed
+/// memory back, what is allocated.
+inline double MemoryInUse() {
+    if (__sanitizer_get_current_allocated_bytes != nullptr)
+        return static_cast<double>(__sanitizer_get_current_allocated_bytes());
+    double total = 0;
+    double resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE));
+}
 
 /// A view that samples for long, and an account of all that the sensor sends it.
 class EnduranceTest : public ScreenTest {
@@ -26,18 +50,13 @@ class EnduranceTest : public ScreenTest {
     void Save(const Screen& screen) {
         const FileDialogHand hand({QStringLiteral("long.csv")});
         Click(screen, "mnuSave");
-        rows.emplace(DataFile("long.csv"));
+        rows.emplace((DataFilesFolder() + QStringLiteral("/long.csv")).toStdString());
     }
 
-    /// Gives `look` what has become of each reply since the last time, and checks the rows that
-    /// have come. What is wrong with them, or an empty text. Where the machine stood still for more
-    /// than a second, sampling starts afresh.
-    std::string CheckRows(
-        const Screen& screen, const std::function<void(const LedgerEntry&)>& look = [](auto&) {}) {
-        for (const LedgerEntry& entry : ledger.Take()) {
-            look(entry);
-            rows->Expect(entry);
-        }
+    /// Checks what has come since the last time. What is wrong with the rows, or an empty text.
+    /// Where the machine stood still for more than a second, sampling starts afresh.
+    std::string CheckRows(const Screen& screen) {
+        for (const LedgerEntry& entry : ledger.Take()) rows->Expect(entry);
         if (!rows->Stalled()) return rows->Fault();
         ++stalls;
         Click(screen, "mnuSample");
@@ -48,17 +67,10 @@ class EnduranceTest : public ScreenTest {
         return {};
     }
 
-    /// The path of the data file `leaf`.
-    static std::string DataFile(const char* leaf) {
-        return DataFilesFolder().toStdString() + '/' + leaf;
-    }
-
     ReplyLedger ledger;
     BoxHand boxes{{}, QMessageBox::Retry};
     std::optional<RowCheck> rows;  ///< while saving
     int stalls = 0;                ///< how often the machine stood still
 };
-
-inline constexpr double mebibyte = 1 << 20;
 
 }  // namespace orbkl4::test

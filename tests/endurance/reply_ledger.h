@@ -7,6 +7,7 @@
 #include <deque>
 #include <mutex>
 #include <random>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -27,13 +28,40 @@ class ReplyLedger {
     ReplyLedger(double drop, double corrupt) : drop_(drop), corrupt_(corrupt) {}
 
     /// What the simulator is to ask for each reply; the ledger must outlive it.
-    orbkl4sim::ReplyFilter Filter();
+    orbkl4sim::ReplyFilter Filter() {
+        return [this](const orbkl4sim::Bytes& request, const orbkl4sim::Bytes& reply) {
+            constexpr std::uint8_t rawSensorBits = 0x01;
+            return request.front() == rawSensorBits ? Enter(reply) : std::optional(reply);
+        };
+    }
 
     /// The entries since the last call, in order.
-    std::deque<LedgerEntry> Take();
+    std::deque<LedgerEntry> Take() {
+        const std::lock_guard guard(mutex_);
+        return std::exchange(entries_, {});
+    }
 
   private:
-    Fate Choose();
+    /// Gives what is sent of `reply`.
+    std::optional<orbkl4sim::Bytes> Enter(orbkl4sim::Bytes reply) {
+        const Fate fate = Choose();
+        {
+            const std::lock_guard guard(mutex_);
+            entries_.push_back({reply, fate, std::chrono::steady_clock::now()});
+        }
+        if (fate == Fate::Dropped) return std::nullopt;
+        if (fate == Fate::Corrupt) {
+            const std::uint64_t bit = random_() % (8 * reply.size());
+            reply[bit / 8] ^= static_cast<std::uint8_t>(1U << bit % 8);
+        }
+        return reply;
+    }
+
+    Fate Choose() {
+        const double chance = std::uniform_real_distribution<double>(0, 1)(random_);
+        if (chance < drop_) return Fate::Dropped;
+        return chance < drop_ + corrupt_ ? Fate::Corrupt : Fate::Good;
+    }
 
     const double drop_;
     const double corrupt_;

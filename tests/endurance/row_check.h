@@ -10,7 +10,7 @@
 namespace orbkl4::test {
 
 /// Compares the rows of a data file of raw sensor bits, while it grows, with the replies that were
-/// sent.
+/// sent, and checks that every silence is ended as it has to be.
 class RowCheck {
   public:
     /// The file at `path` is read from where it ends now.
@@ -36,16 +36,22 @@ class RowCheck {
     /// The good replies that have no row yet.
     std::size_t Owed() const { return owed_.size(); }
 
+    /// How often a request followed upon silence.
+    int Restarts() const { return restarts_; }
+
   private:
     struct Due {
         std::string values;  ///< behind the time, with the comma
         bool restarted;      ///< sampling was started again since the row before
     };
 
+    void CheckGap(double seconds);
     std::string FaultOfRow(const std::string& line);
 
     std::ifstream file_;
     std::optional<LedgerEntry> last_;
+    int silent_ = 0;  ///< replies dropped in a row, up to the last
+    int restarts_ = 0;
     bool stalled_ = false;
     std::deque<Due> owed_;
     bool restarted_ = true;

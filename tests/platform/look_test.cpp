@@ -1,6 +1,5 @@
 #include "platform/look.h"
 
-#include "platform/controls/colour.h"
 #include "platform/controls/cw_knob.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/text_field.h"
@@ -13,12 +12,6 @@
 
 namespace orbkl4 {
 namespace {
-
-TEST(Colour, IsGivenAsBlueGreenRed) {
-    EXPECT_EQ(Colour(0xC0C0FF), QColor(255, 192, 192));
-    EXPECT_EQ(Colour(0x010203), QColor(3, 2, 1));
-    EXPECT_EQ(Colour(windowBackground), QApplication::palette().color(QPalette::Base));
-}
 
 TEST(Look, LetsAssistiveTechnologyReadTheControls) {
     ApplyHouseLook();

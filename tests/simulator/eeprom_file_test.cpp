@@ -48,12 +48,13 @@ TEST(EepromFile, ABadLineIsNamed) {
                              "99999999999 1", "44 1.5"}) {
         const auto file = folder.Write("bad", std::string("# head\n") + line + "\n");
         Eeprom memory;
+        std::string error;
         try {
             LoadEeprom(file, memory);
-            ADD_FAILURE() << "taken: " << line;
-        } catch (const std::runtime_error& error) {
-            EXPECT_EQ(0U, std::string(error.what()).find(file.string() + ", line 2: "));
+        } catch (const std::runtime_error& caught) {
+            error = caught.what();
         }
+        EXPECT_TRUE(error.starts_with(file.string() + ", line 2: ")) << line;
     }
 }
 

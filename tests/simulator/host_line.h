@@ -2,8 +2,15 @@
 
 #include "simulator/bytes.h"
 
+#include <array>
+#include <cerrno>
 #include <chrono>
+#include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
+#include <system_error>
+#include <termios.h>
+#include <unistd.h>
 
 namespace orbkl4sim {
 
@@ -11,29 +18,60 @@ namespace orbkl4sim {
 class HostLine {
   public:
     /// Opens `device` at `baud`; 0 leaves the speed as it stands.
-    explicit HostLine(const std::filesystem::path& device, int baud = 0);
-    ~HostLine();
+    explicit HostLine(const std::filesystem::path& device, int baud = 0)
+        : descriptor_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+        if (descriptor_ < 0) {
+            throw std::system_error(errno, std::generic_category(), device.string());
+        }
+        if (baud != 0) SetBaud(baud);
+    }
+    ~HostLine() { close(descriptor_); }
     HostLine(const HostLine&) = delete;
     HostLine& operator=(const HostLine&) = delete;
 
     int Descriptor() const { return descriptor_; }
 
-    void SetBaud(int baud) const;
-    void Send(const Bytes& bytes) const;
+    void SetBaud(int baud) const {
+        termios settings{};
+        tcgetattr(descriptor_, &settings);
+        cfsetspeed(&settings, baud == 19200 ? B19200 : baud == 38400 ? B38400 : B115200);
+        tcsetattr(descriptor_, TCSANOW, &settings);
+    }
 
-    /// Bytes as they come until there are `count`, or `limit` has passed.
-    Bytes Receive(std::size_t count, std::chrono::milliseconds limit) const;
+    void Send(const Bytes& bytes) const {
+        if (write(descriptor_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) {
+            throw std::system_error(errno, std::generic_category(), "send");
+        }
+    }
 
-    /// What one read gives, within `limit`.
-    Bytes ReceiveOnce(std::chrono::milliseconds limit) const;
+    /// Bytes as they come until there are `count`, or none has come for `limit`.
+    Bytes Receive(std::size_t count, std::chrono::milliseconds limit) const {
+        Bytes received;
+        while (received.size() < count && Comes(POLLIN, limit)) {
+            std::array<std::uint8_t, 64> bytes{};
+            const ssize_t size = read(descriptor_, bytes.data(), bytes.size());
+            if (size <= 0) break;
+            received.insert(received.end(), bytes.begin(), bytes.begin() + size);
+        }
+        return received;
+    }
 
     /// The answer of `count` bytes to `request`; fewer where they don't come in time.
-    Bytes Ask(const Bytes& request, std::size_t count) const;
+    Bytes Ask(const Bytes& request, std::size_t count) const {
+        Send(request);
+        return Receive(count, std::chrono::seconds(2));
+    }
 
     /// Whether the line hangs up within `limit`.
-    bool HangsUp(std::chrono::milliseconds limit) const;
+    bool HangsUp(std::chrono::milliseconds limit) const { return Comes(POLLHUP, limit); }
 
   private:
+    bool Comes(short event, std::chrono::milliseconds limit) const {
+        pollfd watched{descriptor_, event, 0};
+        return poll(&watched, 1, static_cast<int>(limit.count())) == 1 &&
+               (watched.revents & event) != 0;
+    }
+
     int descriptor_;
 };
 

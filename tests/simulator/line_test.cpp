@@ -55,13 +55,6 @@ class LineTest : public testing::Test {
     Time now{};
 };
 
-TEST_F(LineTest, ARequestAndItsReplyTakeTheirTimeOnTheLine) {
-    const auto writes = Ask({0xF0});
-    ASSERT_EQ(1U, writes.size());
-    EXPECT_EQ(6 * kByte, writes[0].time);
-    EXPECT_EQ(kFirmware, writes[0].bytes);
-}
-
 TEST_F(LineTest, ADataReplyWaitsForTheCycle) {
     line.Receive({0x0E, 0x0E}, 0ms, 38400);
     const auto writes = RunUntil(1s);
@@ -70,15 +63,6 @@ TEST_F(LineTest, ADataReplyWaitsForTheCycle) {
     EXPECT_EQ(1, WordAt(writes[0].bytes, 7));
     EXPECT_EQ(2 * kCycle + 11 * kByte, writes[1].time);
     EXPECT_EQ(2, WordAt(writes[1].bytes, 7));
-}
-
-TEST_F(LineTest, RequestsInOneGoAreAnsweredOneByOne) {
-    line.Receive({0xF0, 0xF1, 0x28, 0x00, 0x82}, 0ms, 38400);
-    const auto writes = RunUntil(1s);
-    ASSERT_EQ(3U, writes.size());
-    EXPECT_EQ(0xF1, writes[1].bytes[0]);
-    EXPECT_EQ(11 * kByte, writes[1].time);
-    EXPECT_EQ(18 * kByte, writes[2].time);
 }
 
 TEST_F(LineTest, ALateWakeUpDoesNotSlowTheExchange) {
@@ -235,27 +219,6 @@ TEST_F(LineTest, APowerCycleForgetsWhatWasUnderWay) {
     EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
 }
 
-TEST_F(LineTest, AScriptStandsInForTheSensor) {
-    ReplyScript& script = line.Script();
-    script.Queue(0xF0, {1, 2, 3});
-    script.Queue(0xF0, {});
-    script.Always(0xF1, {9});
-    script.Filter([](const Bytes& request, const Bytes& reply) -> std::optional<Bytes> {
-        if (request[0] == 0x25) return std::nullopt;
-        Bytes longer = reply;
-        longer.push_back(0xEE);
-        return longer;
-    });
-    EXPECT_EQ((Bytes{1, 2, 3}), AskForBytes({0xF0}));
-    EXPECT_EQ(Bytes{}, AskForBytes({0xF0}));
-    EXPECT_EQ((Bytes{0xF0, 0x0C, 0x1D, 0x0D, 0x0D, 0xEE}), AskForBytes({0xF0}));
-    EXPECT_EQ(Bytes{9}, AskForBytes({0xF1}));
-    EXPECT_EQ(Bytes{9}, AskForBytes({0xF1}));
-    EXPECT_EQ(Bytes{}, AskForBytes({0x25}));
-    script.Clear();
-    EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
-}
-
 TEST_F(LineTest, RepliesCanBeCutAnywhere) {
     line.Cut({1, 3, 100}, 20ms);
     const auto writes = Ask({0xF0});
@@ -265,8 +228,6 @@ TEST_F(LineTest, RepliesCanBeCutAnywhere) {
     EXPECT_EQ(Bytes{0x0D}, writes[2].bytes);
     EXPECT_EQ(6 * kByte, writes[0].time);
     EXPECT_EQ(6 * kByte + 40ms, writes[2].time);
-    line.Cut({}, {});
-    EXPECT_EQ(1U, Ask({0xF0}).size());
 }
 
 }  // namespace

@@ -1,78 +1,35 @@
-#include "simulator/motion.h"
-#include "support/screens/screen_fixture.h"
-#include "support/wait.h"
+#include "acquire/screens/view_fixture.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
 #include <cstdlib>
-#include <numbers>
-#include <string>
 
 namespace orbkl4::test {
 
 namespace {
 
-constexpr double degree = std::numbers::pi / 180;
-constexpr double roll = 25;
-constexpr double pitch = -40;
-constexpr double yaw = -130;
-
 orbkl4sim::SimulatorOptions Tilted() {
     orbkl4sim::SimulatorOptions options = QuietSensor();
-    options.motion = orbkl4sim::Rest({roll, pitch, yaw});
+    options.motion = orbkl4sim::Rest({25, -40, -130});
     return options;
 }
 
-class OneAttitude : public ScreenTest {
+class OneAttitude : public ViewTest {
   protected:
-    OneAttitude() : ScreenTest(Tilted()) {}
+    OneAttitude() : ViewTest(Tilted()) {}
 
-    /// Runs `entry` on the view until `field` shows something, and leaves it running.
-    Screen& Run(const char* view, const char* entry, const char* field) {
+    /// Samples until the first of `fields` shows something, and compares all of them.
+    void Expect(const char* view, const char* entry, const std::string& fields,
+                const std::vector<double>& numbers, double tolerance) {
+        SCOPED_TRACE(testing::Message() << view << ' ' << entry);
         Screen& screen = Open(view);
+        const auto names = Split(fields);
+        ASSERT_EQ(names.size(), numbers.size());
         Click(screen, entry);
-        const auto shown = [&] { return Number(screen, field) != 0; };
-        EXPECT_TRUE(WaitFor(shown)) << view;
-        return screen;
-    }
-
-    static double Number(const Screen& screen, const std::string& field) {
-        return std::strtod(Text(screen, field.c_str()).c_str(), nullptr);
-    }
-
-    void ExpectQuaternion(const char* view, const char* entry, const std::string& field) {
-        Screen& screen = Run(view, entry, (field + "0").c_str());
-        // Half angles, worked out from the attitude above by the product of the three turns.
-        const double cr = std::cos(roll / 2 * degree), sr = std::sin(roll / 2 * degree);
-        const double cp = std::cos(pitch / 2 * degree), sp = std::sin(pitch / 2 * degree);
-        const double cy = std::cos(yaw / 2 * degree), sy = std::sin(yaw / 2 * degree);
-        const std::array expected{cr * cp * cy + sr * sp * sy, sr * cp * cy - cr * sp * sy,
-                                  cr * sp * cy + sr * cp * sy, cr * cp * sy - sr * sp * cy};
-        for (std::size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_NEAR(Number(screen, field + std::to_string(i)), expected.at(i), 0.0002)
-                << view << " " << field << i;
-        }
-        screen.Unload();
-    }
-
-    void ExpectAngles(const char* view, const char* entry, double expectedYaw) {
-        Screen& screen = Run(view, entry, "txtRoll");
-        EXPECT_NEAR(Number(screen, "txtRoll"), roll, 0.11) << view;
-        EXPECT_NEAR(Number(screen, "txtPitch"), pitch, 0.11) << view;
-        EXPECT_NEAR(Number(screen, "txtYaw"), expectedYaw, 0.11) << view;
-        screen.Unload();
-    }
-
-    /// The nine fields hold a turn by the attitude: `M31` is minus the sine of the pitch, and the
-    /// other angles follow from its row and column.
-    void ExpectMatrix(const char* entry, const std::string& prefix) {
-        Screen& screen = Run("Matrices", entry, (prefix + "11").c_str());
-        const auto element = [&](const char* place) { return Number(screen, prefix + place); };
-        EXPECT_NEAR(std::asin(-element("31")) / degree, pitch, 0.05) << entry;
-        EXPECT_NEAR(std::atan2(element("32"), element("33")) / degree, roll, 0.05) << entry;
-        EXPECT_NEAR(std::atan2(element("21"), element("11")) / degree, yaw, 0.05) << entry;
+        const auto number = [&](std::size_t i) {
+            return std::strtod(Text(screen, names[i].c_str()).c_str(), nullptr);
+        };
+        EXPECT_TRUE(WaitFor([&] { return number(0) != 0; }));
+        for (std::size_t i = 0; i < names.size(); ++i)
+            EXPECT_NEAR(number(i), numbers[i], tolerance) << names[i];
         screen.Unload();
     }
 };
@@ -80,15 +37,24 @@ class OneAttitude : public ScreenTest {
 }  // namespace
 
 TEST_F(OneAttitude, IsTheSameInEveryView) {
-    ExpectAngles("Angles", "mnuSampleGyro", yaw);
-    ExpectAngles("Angles", "mnuSampleInstant", yaw);
-    ExpectAngles("AnglesAccRate", "mnuSample", yaw + 360);
-    ExpectQuaternion("Quaternions", "mnuSampleGyro", "txtStabQuat");
-    ExpectQuaternion("Quaternions", "mnuSampleInstant", "txtQuat");
-    ExpectQuaternion("QuatVec", "mnuSampleGyro", "txtStabQuat");
-    ExpectQuaternion("QuatVec", "mnuSampleInstant", "txtQuat");
-    ExpectMatrix("mnuSampleGyro", "txtS");
-    ExpectMatrix("mnuSampleInstant", "txt");
+    const std::string angles = "txtRoll txtPitch txtYaw";
+    Expect("Angles", "mnuSampleGyro", angles, {25, -40, -130}, 0.11);
+    Expect("Angles", "mnuSampleInstant", angles, {25, -40, -130}, 0.11);
+    Expect("AnglesAccRate", "mnuSample", angles, {25, -40, 230}, 0.11);
+    // The product of the three turns by half angles.
+    const std::vector<double> quaternion{0.45481, -0.21667, -0.32545, -0.80018};
+    for (const char* view : {"Quaternions", "QuatVec"}) {
+        Expect(view, "mnuSampleGyro", "txtStabQuat0 txtStabQuat1 txtStabQuat2 txtStabQuat3",
+               quaternion, 0.0002);
+        Expect(view, "mnuSampleInstant", "txtQuat0 txtQuat1 txtQuat2 txtQuat3", quaternion, 0.0002);
+    }
+    // Column by column, each a body axis in the frame of the earth; M31 is minus the pitch's sine.
+    const std::vector<double> matrix{-0.4924, -0.5868, 0.6428, 0.8689, -0.3745,
+                                     0.3237,  0.0507,  0.7179, 0.6943};
+    Expect("Matrices", "mnuSampleGyro",
+           "txtS11 txtS21 txtS31 txtS12 txtS22 txtS32 txtS13 txtS23 txtS33", matrix, 0.0005);
+    Expect("Matrices", "mnuSampleInstant", "txt11 txt21 txt31 txt12 txt22 txt32 txt13 txt23 txt33",
+           matrix, 0.0005);
 }
 
 }  // namespace orbkl4::test

@@ -10,11 +10,22 @@
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
-#include <QFile>
-
+#include <iterator>
+#include <sstream>
 #include <vector>
 
 namespace orbkl4::test {
+
+/// The words of `text`.
+inline std::vector<std::string> Split(const std::string& text) {
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+inline Bytes Joined(Bytes first, const Bytes& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
 
 /// Data views on a sensor that replies as scripted.
 class ViewTest : public ScreenTest {

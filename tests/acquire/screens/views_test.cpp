@@ -2,19 +2,9 @@
 #include "platform/controls/cw_knob.h"
 #include "platform/controls/cw_slide.h"
 
-#include <QGroupBox>
-#include <QLabel>
-
-#include <sstream>
-
 namespace orbkl4::test {
 
 namespace {
-
-std::vector<std::string> Split(const std::string& text) {
-    std::istringstream words(text);
-    return {std::istream_iterator<std::string>(words), {}};
-}
 
 class Views : public ViewTest {
   protected:
@@ -26,9 +16,7 @@ class Views : public ViewTest {
 };
 
 struct ChannelCase {
-    const char* screen;
-    const char* entry;
-    const char* led;
+    const char* place;  ///< the screen, its menu entry and its lamp
     std::uint8_t command;
     std::vector<unsigned> words;  ///< payload and ticks
     const char* fields;
@@ -41,94 +29,72 @@ struct ChannelCase {
 // AnglesAccRate; a matrix is divided by its determinant. The last text is the sum modulo 65536.
 const std::vector<ChannelCase>& ChannelCases() {
     static const std::vector<ChannelCase> cases = {
-        {"SensorBits",
-         "mnuSample",
-         "LED",
+        {"SensorBits mnuSample LED",
          0x01,
          {0, 1, 32767, 32768, 65535, 16384, 0, 32768, 65535, 65535},
          "txtHeader txtRawMag1 txtRawMag2 txtRawMag3 txtRawAcc1 txtRawAcc2 txtRawAcc3 "
          "txtRawAngRate1 txtRawAngRate2 txtRawAngRate3 txtTimerTicks txtCS",
          "1 0 1 32767 32768 65535 16384 0 32768 65535 65535 49150",
          ", 0, 1, 32767, 32768, 65535, 16384, 0, 32768, 65535, 65535"},
-        {"Vectors",
-         "mnuSampleGyro",
-         "LED",
+        {"Vectors mnuSampleGyro LED",
          0x02,
          {32767, 32768, 65535, 32767, 32768, 1, 32767, 32768, 65535, 1},
          "txtHeader txtStabMagFieldX txtStabMagFieldY txtStabMagFieldZ txtStabAccelX txtStabAccelY "
          "txtStabAccelZ txtCompAngRateX txtCompAngRateY txtCompAngRateZ txtTimerTicks txtCS",
          "2 3.2769 -3.277 -0.0001 65.533 -65.535 0.002 0.001 -0.001 0 1 65535",
          ", 3.2769,-3.277,-.0001, 65.533,-65.535, .002, .001,-.001, 0, 1"},
-        {"Vectors",
-         "mnuSampleInstant",
-         "LEDI",
+        {"Vectors mnuSampleInstant LEDI",
          0x03,
          {0, 1, 16384, 65535, 0, 16384, 1, 0, 16384, 32768},
          "txtHeaderI txtMagX txtMagY txtMagZ txtAccX txtAccY txtAccZ txtAngRateX txtAngRateY "
          "txtAngRateZ txtTimerTicksI txtCSI",
          "3 0 0.0001 1.6385 -0.002 0 32.7675 0 0 0.0005 32768 16388",
          ", 0, .0001, 1.6385,-.002, 0, 32.7675, 0, 0, .0005, 32768"},
-        {"Quaternions",
-         "mnuSampleGyro",
-         "LED",
+        {"Quaternions mnuSampleGyro LED",
          0x05,
          {32767, 32768, 65535, 8192, 0},
          "txtHeader txtStabQuat0 txtStabQuat1 txtStabQuat2 txtStabQuat3 txtTimerTicks txtCS",
          "5 3.9999 -4 -0.0001 1 0 8195",
          ", 3.9999,-4,-.0001, 1, 0"},
-        {"Quaternions",
-         "mnuSampleInstant",
-         "LEDI",
+        {"Quaternions mnuSampleInstant LEDI",
          0x04,
          {0, 1, 57344, 4096, 32767},
          "txtHeaderI txtQuat0 txtQuat1 txtQuat2 txtQuat3 txtTimerTicksI txtCSI",
          "4 0 0.0001 -1 0.5 32767 28676",
          ", 0, .0001,-1, .5, 32767"},
-        {"Angles",
-         "mnuSampleGyro",
-         "LED",
+        {"Angles mnuSampleGyro LED",
          0x0E,
          {32767, 32768, 65535, 9},
          "txtRoll txtPitch txtYaw",
          "180 -180 0",
          ",-180, 0, 180, 9"},
-        {"Angles",
-         "mnuSampleInstant",
-         "LEDI",
+        {"Angles mnuSampleInstant LEDI",
          0x0D,
-         {32768, 1, 16384, 65535},
+         {32768, 10, 16384, 65535},
          "txtRoll txtPitch txtYaw",
-         "-180 0 90",
-         ", 0, 90,-180, 65535"},
-        {"Matrices",
-         "mnuSampleGyro",
-         "LED",
+         "-180 0.1 90",
+         ", .1, 90,-180, 65535"},
+        {"Matrices mnuSampleGyro LED",
          0x0B,
          {16384, 0, 0, 0, 16384, 0, 0, 0, 16384, 2},
          "txtHeader txtS11 txtS21 txtS31 txtS12 txtS22 txtS32 txtS13 txtS23 txtS33 txtTimerTicks "
          "txtCS",
          "11 0.25 0 0 0 0.25 0 0 0 0.25 2 49165",
          ", .25, 0, 0, 0, .25, 0, 0, 0, .25, 2"},
-        {"Matrices",
-         "mnuSampleInstant",
-         "LEDI",
+        {"Matrices mnuSampleInstant LEDI",
          0x0A,
          {8192, 4096, 0, 0, 8192, 57344, 0, 0, 8192, 3},
          "txtHeaderI txt11 txt21 txt31 txt12 txt22 txt32 txt13 txt23 txt33 txtTimerTicksI txtCSI",
          "10 1 0.5 0 0 1 -1 0 0 1 3 20493",
          ", 1, .5, 0, 0, 1,-1, 0, 0, 1, 3"},
-        {"AnglesAccRate",
-         "mnuSample",
-         "LED",
+        {"AnglesAccRate mnuSample LED",
          0x31,
          {32767, 32768, 65535, 0, 1, 32768, 0, 16384, 32768, 12345},
          "txtHeader txtRoll txtPitch txtYaw txtAccX txtAccY txtAccZ txtAngRateX txtAngRateY "
          "txtAngRateZ txtTimerTicks txtCS",
          "49 180 -180 360 0 0.002 -65.535 0 0.0005 -0.001 12345 28777",
          ", 180,-180, 360, 0, .002,-65.535, 0, .0005,-.001, 12345"},
-        {"QuatVec",
-         "mnuSampleGyro",
-         "LED",
+        {"QuatVec mnuSampleGyro LED",
          0x0C,
          {8192, 57344, 0, 65535, 65535, 65535, 65535, 65535, 65535, 65535, 65535, 65535, 65535,
           65535},
@@ -136,9 +102,7 @@ const std::vector<ChannelCase>& ChannelCases() {
          "txtAccX txtAccY txtAccZ txtARX txtARY txtARZ txtTimerTicks txtCS",
          "12 1 -1 0 -0.0001 -0.0001 -0.0001 -0.0001 -0.002 -0.002 -0.002 0 0 0 65535 1",
          ", 1,-1, 0,-.0001,-.0001,-.0001,-.0001,-.002,-.002,-.002, 0, 0, 0, 65535"},
-        {"QuatVec",
-         "mnuSampleInstant",
-         "LEDI",
+        {"QuatVec mnuSampleInstant LEDI",
          0x12,
          {32767, 32768, 1, 0, 32767, 32768, 16384, 32767, 32768, 16384, 32767, 32768, 16384, 4},
          "txtHeaderI txtQuat0 txtQuat1 txtQuat2 txtQuat3 txtIMagX txtIMagY txtIMagZ txtIAccX "
@@ -151,80 +115,52 @@ const std::vector<ChannelCase>& ChannelCases() {
     return cases;
 }
 
+/// While a channel runs, what would disturb it is disabled.
+void ExpectOthersEnabled(const Screen& screen, const std::string& entry, bool enabled) {
+    EXPECT_EQ(screen.Menu(entry.c_str()).Checked(), !enabled);
+    EXPECT_EQ(screen.Menu("mnuSave").Enabled(), enabled);
+    EXPECT_TRUE(screen.Menu("mnuReturn").Enabled());
+    for (const std::string side : {"Gyro", "Instant"}) {
+        const bool own = entry == "mnuSample" + side;
+        for (const std::string& name : {"mnuSample" + side, "fra" + side}) {
+            const auto* part = screen.findChild<QObject*>(name.c_str());
+            if (part == nullptr) continue;  // a view of one channel, or of dials
+            EXPECT_EQ(part->property("enabled").toBool(), enabled || own) << name;
+        }
+    }
+}
+
 }  // namespace
 
 TEST_F(Views, EachChannelShowsAndSavesItsPacketAndClearsTheScreen) {
     for (const ChannelCase& channel : ChannelCases()) {
-        SCOPED_TRACE(testing::Message() << channel.screen << ' ' << channel.entry);
-        Screen& screen = Open(channel.screen);
+        SCOPED_TRACE(channel.place);
+        const auto place = Split(channel.place);
+        const char* entry = place[1].c_str();
+        const char* lamp = place[2].c_str();
+        Screen& screen = Open(place[0].c_str());
         const auto fields = Split(channel.fields);
         EXPECT_EQ(Texts(screen, fields), std::vector<std::string>(fields.size(), ""));
         Script(channel.command, {Frame(channel.command, channel.words)});
-        const QString leaf = QStringLiteral("%1-%2.csv").arg(channel.screen).arg(channel.command);
+        const QString leaf = QStringLiteral("%1.csv").arg(channel.command);
         SaveTo(screen, leaf);
-        Click(screen, channel.entry);
+        Click(screen, entry);
+        ExpectOthersEnabled(screen, entry, false);
         ASSERT_TRUE(AwaitRequests(2));
         EXPECT_EQ(sensor.Received(), (Bytes{channel.command, channel.command}));
         EXPECT_EQ(Texts(screen, fields), Split(channel.texts));
-        EXPECT_TRUE(Lit(screen, channel.led));
+        EXPECT_TRUE(Lit(screen, lamp));
         const QStringList rows = Rows(leaf);
         ASSERT_EQ(rows.size(), 1);
         EXPECT_EQ(Values(rows[0]), channel.row);
         EXPECT_TRUE(rows[0].startsWith(QLatin1Char(',')) || rows[0][0] == '0' || rows[0][0] == '.');
-        Click(screen, channel.entry);
-        const bool dials = std::string_view(channel.screen) == "Angles";
+        Click(screen, entry);
+        ExpectOthersEnabled(screen, entry, true);
+        const bool dials = place[0] == "Angles";
         EXPECT_EQ(Texts(screen, fields), std::vector<std::string>(fields.size(), dials ? "0" : ""));
-        EXPECT_FALSE(Lit(screen, channel.led));
+        EXPECT_FALSE(Lit(screen, lamp));
         Click(screen, "mnuReturn");
     }
-}
-
-TEST_F(Views, ARunningChannelDisablesWhatWouldDisturbIt) {
-    struct Case {
-        const char* screen;
-        const char* entry;
-        const char* otherEntry;
-        const char* ownFrame;
-        const char* otherFrame;
-    };
-    for (const auto& [name, entry, otherEntry, ownFrame, otherFrame] :
-         {Case{"SensorBits", "mnuSample", "", "fraBits", ""},
-          Case{"AnglesAccRate", "mnuSample", "", "fraData", ""},
-          Case{"Vectors", "mnuSampleGyro", "mnuSampleInstant", "fraGyro", "fraInstant"},
-          Case{"Matrices", "mnuSampleInstant", "mnuSampleGyro", "fraInstant", "fraGyro"},
-          Case{"QuatVec", "mnuSampleGyro", "mnuSampleInstant", "fraGyro", "fraInstant"},
-          Case{"Angles", "mnuSampleInstant", "mnuSampleGyro", "fraPitch", ""}}) {
-        SCOPED_TRACE(name);
-        Screen& screen = Open(name);
-        for (const bool running : {true, false}) {
-            Click(screen, entry);
-            EXPECT_EQ(screen.Menu(entry).Checked(), running);
-            EXPECT_TRUE(screen.Menu(entry).Enabled());
-            EXPECT_TRUE(screen.Menu("mnuReturn").Enabled());
-            EXPECT_EQ(screen.Menu("mnuSave").Enabled(), !running);
-            EXPECT_TRUE(Get<QWidget>(screen, ownFrame).isEnabled());
-            if (*otherEntry != '\0') {
-                EXPECT_EQ(screen.Menu(otherEntry).Enabled(), !running);
-            }
-            if (*otherFrame != '\0') {
-                EXPECT_EQ(Get<QWidget>(screen, otherFrame).isEnabled(), !running);
-            }
-        }
-        Click(screen, "mnuReturn");
-    }
-}
-
-TEST_F(Views, GainsOfNothingShowNothingButTheFrame) {
-    AppState.MagGainScale = 0;
-    AppState.AccGainScale = 0;
-    AppState.GyroGainScale = 0;
-    Screen& screen = Open("Vectors");
-    Script(0x02, {Frame(0x02, {32768, 32767, 1, 32768, 32767, 1, 32768, 32767, 1, 500})});
-    Click(screen, "mnuSampleGyro");
-    ASSERT_TRUE(AwaitRequests(2));
-    EXPECT_EQ(Texts(screen, {"txtHeader", "txtStabMagFieldX", "txtStabAccelY", "txtCompAngRateX",
-                             "txtTimerTicks"}),
-              (std::vector<std::string>{"2", "0", "0", "0", "500"}));
 }
 
 TEST_F(Views, SlidesFollowTheRawWords) {
@@ -232,9 +168,8 @@ TEST_F(Views, SlidesFollowTheRawWords) {
     Script(0x01, {Frame(0x01, {65535, 1, 2, 3, 4, 5, 6, 7, 32768, 0})});
     Click(screen, "mnuSample");
     ASSERT_TRUE(AwaitRequests(2));
-    const auto& top = Get<CWSlide>(screen, "SlideMag1");
-    EXPECT_EQ(top.Value(), 65535);
-    EXPECT_EQ(top.Maximum(), 65535);
+    EXPECT_EQ(Get<CWSlide>(screen, "SlideMag1").Value(), 65535);
+    EXPECT_EQ(Get<CWSlide>(screen, "SlideMag1").Maximum(), 65535);
     EXPECT_EQ(Get<CWSlide>(screen, "SlideAcc1").Value(), 3);
     EXPECT_EQ(Get<CWSlide>(screen, "SlideAR3").Value(), 32768);
     Click(screen, "mnuSample");

@@ -4,7 +4,6 @@
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace orbkl4::test {
@@ -25,10 +24,7 @@ const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 
 }  // namespace
 
-TEST_F(MainWindow, StartsWithToolsAndDisplayDisabled) {
-    EXPECT_TRUE(main.Menu("mnuConnect").Enabled());
-    EXPECT_FALSE(main.Menu("mnuTools").Enabled());
-    EXPECT_FALSE(main.Menu("mnuDisplay").Enabled());
+TEST_F(MainWindow, SpellsAnEntryInItsOwnWay) {
     EXPECT_EQ(main.Menu("mnuAnglesAccRate").text(),
               "Euler Angles, Accereleration and &Rate Vectors ");
 }
@@ -59,19 +55,6 @@ TEST_F(MainWindow, SetsTheSensorToPolledModeBeforeItOpensAScreenThatTalksToIt) {
     EXPECT_TRUE(FindScreen("About")->isVisible());
     LetPass(20);
     EXPECT_TRUE(Heard().empty()) << "About has nothing to ask the sensor";
-}
-
-TEST_F(MainWindow, AFailedWriteOfPolledModeBlocksNothing) {
-    surroundings.UnlinkPort(1);
-    AppState.CommPort = 99;
-    BoxHand hand({QMessageBox::Retry, QMessageBox::Retry});
-    Click(main, "mnuSensorBits");
-    ASSERT_EQ(hand.Count(), 2U) << "one box for the port, one for the output on it";
-    EXPECT_NE(hand.Texts()[0].find("Number: 8002\r\nSource: OpenCommPort\r\nScreen: Main\r\n"),
-              std::string::npos);
-    EXPECT_NE(hand.Texts()[1].find("Number: 8018\r\nSource: SetToPolledMode\r\nScreen: Main\r\n"),
-              std::string::npos);
-    EXPECT_EQ(ActiveScreenName(), FindScreen("SensorBits") != nullptr ? "SensorBits" : "Main");
 }
 
 TEST_F(MainWindow, HardIronCalibrationAsksForFirmware3_1) {

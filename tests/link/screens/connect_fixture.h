@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/port_device.h"
 #include "platform/screen_registry.h"
 #include "support/screens/screen_fixture.h"
 
+#include <QEvent>
+#include <QFile>
 #include <QGroupBox>
 #include <QPushButton>
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -28,46 +30,82 @@ inline const std::vector<Bytes> defaults{polledMode,
 inline const std::string success = "ORB-KL4 connection successful!";
 
 /// All that is sent where the sensor is heard at the last of `tests` speeds.
-std::vector<Bytes> Exchange(int tests);
+inline std::vector<Bytes> Exchange(std::size_t tests) {
+    std::vector<Bytes> bytes;
+    for (std::size_t i = 0; i < tests; ++i)
+        bytes.insert(bytes.end(), {polledMode, firmwareRequest});
+    bytes.insert(bytes.end(), defaults.begin(), defaults.end());
+    bytes.insert(bytes.end(),
+                 {{0xF0}, {0xF1}, {0x28, 0x00, 0x82}, {0x28, 0x00, 0xE6}, {0x28, 0x00, 0xE8}});
+    return bytes;
+}
 
 /// The dialog `Connect` open, the sensor on port 1, and all other ports absent.
 class ConnectScreen : public ScreenTest {
   protected:
-    ConnectScreen();
+    ConnectScreen() {
+        OpenModal("Connect");
+        QFile(noLine).open(QIODevice::WriteOnly);
+        PlugInto(1);
+    }
 
     /// Plugs the sensor into port `number`, and out of all others.
-    void PlugInto(int number) const;
+    void PlugInto(int number) const {
+        for (int other = 1; other <= lastPortNumber; ++other) Unplug(other);
+        surroundings.LinkPort(number, QString::fromStdString(sensor.DevicePath().string()));
+    }
 
     /// Leaves port `number` without a serial line, whatever the machine has there.
-    void Unplug(int number) const;
+    void Unplug(int number) const { surroundings.LinkPort(number, noLine); }
 
-    /// Sets the sensor to the speed that `code` stands for in its memory.
-    void SetSpeed(std::uint16_t code);
+    static Screen& Dialog() { return *FindScreen("Connect"); }
+    static bool IsClosed() { return FindScreen("Connect") == nullptr; }
 
-    void Press(const char* button) const;
-    void ConnectManually(int port, const std::string& baud) const;
+    static void Press(const char* button) { Get<QPushButton>(Dialog(), button).click(); }
 
-    bool Enabled(const char* control) const { return Get<QWidget>(screen, control).isEnabled(); }
-    static bool IsClosed();
+    static void ConnectManually(int port, const std::string& baud) {
+        Get<QWidget>(Dialog(), "NumEditCommPort").setProperty("value", port);
+        Get<QAbstractButton>(Dialog(), ("optBaud" + baud).c_str()).setChecked(true);
+        Press("cmdConnectManual");
+    }
+
+    static bool Enabled(const char* control) { return Get<QWidget>(Dialog(), control).isEnabled(); }
+
+    /// The texts of `fields`.
+    static Texts Shown(const std::vector<const char*>& fields) {
+        Texts texts;
+        for (const char* field : fields) texts.push_back(Text(Dialog(), field));
+        return texts;
+    }
 
     /// Whether the two menus of the main window can be used, which they can only together.
-    static bool MenusEnabled();
+    static bool MenusEnabled() {
+        const Screen& main = *FindScreen("Main");
+        EXPECT_EQ(main.Menu("mnuTools").Enabled(), main.Menu("mnuDisplay").Enabled());
+        return main.Menu("mnuTools").Enabled();
+    }
 
-    /// The file of the settings store, and the text under `key` in it, "none" without one.
-    QString StorePath() const;
-    std::string Stored(const char* key) const;
+    /// A file that is no serial line.
+    const QString noLine = surroundings.ConfigFolder() + QStringLiteral("/no-line");
 
-    Screen& screen;
-
-  private:
-    QString noLine_;  ///< a file that is no serial line
+    /// The settings store, which isn't there before something is stored.
+    const QString store =
+        surroundings.ConfigFolder() + QStringLiteral("/Kestrelmoor/ORB-KL4-RS232.ini");
 };
 
 /// Notes the captions that a frame shows, as they are painted.
 class CaptionWatch : public QObject {
   public:
-    explicit CaptionWatch(QGroupBox& frame);
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    explicit CaptionWatch(QGroupBox& frame) : frame_(frame) { frame.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        const std::string caption = frame_.title().toStdString();
+        if (event->type() == QEvent::Paint && (captions.empty() || captions.back() != caption)) {
+            captions.push_back(caption);
+            if (onCaption) onCaption(caption);
+        }
+        return false;
+    }
 
     Texts captions;
     std::function<void(const std::string&)> onCaption;

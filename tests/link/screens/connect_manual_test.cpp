@@ -6,9 +6,7 @@
 #include "support/wait.h"
 
 #include <QDir>
-#include <QFile>
 
-#include <map>
 #include <optional>
 
 namespace orbkl4::test {
@@ -23,39 +21,28 @@ std::string ManualFailure(const std::string& port, const std::string& baud) {
 
 }  // namespace
 
-TEST_F(ConnectScreen, ConnectsManuallyAndStoresThePortAlone) {
+TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) {
     PlugInto(16);
-    SetSpeed(129);
+    sensor.SetWord(44, 129);
+    sensor.PowerCycle();
     sensor.SetWord(130, 4000);
     sensor.SetWord(230, 65534);
     sensor.SetWord(232, 2500);
-    BoxHand hand;
-    std::map<std::string, std::string> shown;
+    sensor.ReplyOnceTo(0xF1, {});
+    BoxHand hand({QMessageBox::Retry});
+    Texts shown;
     hand.BeforeAnswer([&](QMessageBox&) {
-        for (const char* field : {"txtPort1", "txtBaudRate1", "txtSN1", "txtFW1", "txtGGS1",
-                                  "txtAGS1", "txtMGS1", "txtPort"}) {
-            shown[field] = Text(screen, field);
-        }
+        if (hand.Count() == 1) sensor.ClearRecord();
+        shown = Shown({"txtPort1", "txtBaudRate1", "txtSN1", "txtFW1", "txtGGS1", "txtAGS1",
+                       "txtMGS1", "txtPort"});
     });
     ConnectManually(16, "19200");
-    EXPECT_EQ(hand.Texts(), Texts{success});
+    EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("16", "19200"), success}));
     EXPECT_EQ(Heard(), Exchange(1));
-    EXPECT_EQ(shown, (std::map<std::string, std::string>{{"txtPort1", "16"},
-                                                         {"txtBaudRate1", "19200"},
-                                                         {"txtSN1", "1042"},
-                                                         {"txtFW1", "3.1.01"},
-                                                         {"txtGGS1", "4000"},
-                                                         {"txtAGS1", "65534"},
-                                                         {"txtMGS1", "2500"},
-                                                         {"txtPort", ""}}));
-    EXPECT_EQ(AppState.GyroGainScale, 4000);
-    EXPECT_EQ(AppState.AccGainScale, 65534);
-    EXPECT_EQ(AppState.MagGainScale, 2500);
+    EXPECT_EQ(shown, (Texts{"16", "19200", "1042", "3.1.01", "4000", "65534", "2500", ""}));
     EXPECT_EQ(AppState.CommSettings, "19200,n,8,1");
     EXPECT_TRUE(MenusEnabled());
     EXPECT_TRUE(IsClosed());
-    EXPECT_EQ(Stored("CurrentCommPort"), "16");
-    EXPECT_EQ(Stored("CurrentCommSettings"), "");
     StartUp();
     EXPECT_EQ(AppState.CommPort, 16);
     EXPECT_EQ(AppState.CommSettings, "");
@@ -72,94 +59,51 @@ TEST_F(ConnectScreen, AManualFailureStaysOnTheScreen) {
     EXPECT_EQ(AppState.CommPort, 9) << "the values tried";
     EXPECT_EQ(AppState.CommSettings, "115200,n,8,1");
     EXPECT_FALSE(MenusEnabled());
-    EXPECT_EQ(Stored("CurrentCommPort"), "none");
+    EXPECT_FALSE(QFile::exists(store));
     EXPECT_EQ(MousePointer(), Pointer::Default);
-    QTest::keyClick(&screen, Qt::Key_Escape);
+    QTest::keyClick(&Dialog(), Qt::Key_Escape);
     EXPECT_TRUE(IsClosed());
 }
 
-TEST_F(ConnectScreen, ARetryAfterAFailedResetTurnsToTheSearch) {
+TEST_F(ConnectScreen, AfterAFailedResetCancelClosesTheScreenAndRetryTurnsToTheSearch) {
     // The port is taken away behind the test, and given back before the answer.
     sensor.FilterReplies([this](const orbkl4sim::Bytes& request, const orbkl4sim::Bytes& reply) {
         if (request == firmwareRequest) Unplug(1);
         return std::optional(reply);
     });
-    BoxHand hand({QMessageBox::Retry});
+    BoxHand hand({QMessageBox::Cancel, QMessageBox::Retry});
     hand.BeforeAnswer([&](QMessageBox&) {
-        if (hand.Count() > 1) return;
-        sensor.ClearReplies();
+        if (hand.Count() == 2) sensor.ClearReplies();
         PlugInto(1);
     });
-    ConnectManually(1, "38400");
-    EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("1", "38400"), success}));
-    std::vector<Bytes> expected{polledMode, firmwareRequest};
-    for (const Bytes& request : Exchange(1)) expected.push_back(request);
-    EXPECT_EQ(Heard(), expected);
-    EXPECT_TRUE(IsClosed());
-    EXPECT_EQ(Stored("CurrentCommPort"), "none") << "it was the search that connected";
-}
-
-TEST_F(ConnectScreen, ACancelAfterAFailedResetClosesTheScreen) {
-    sensor.FilterReplies([this](const orbkl4sim::Bytes& request, const orbkl4sim::Bytes& reply) {
-        if (request == firmwareRequest) Unplug(1);
-        return std::optional(reply);
-    });
-    BoxHand hand({QMessageBox::Cancel});
     ConnectManually(1, "38400");
     EXPECT_EQ(hand.Texts(), Texts{ManualFailure("1", "38400")});
     EXPECT_TRUE(IsClosed());
     EXPECT_FALSE(MenusEnabled());
-}
 
-TEST_F(ConnectScreen, TakesOnlyAWholeFirmwareReplyForASensor) {
-    const Bytes replies[] = {
-        {0xF0, 0x0C, 0x1D, 0x0D, 0x0D, 0x00},  // a good reply and a byte too many
-        {0xF0, 0x0C, 0x1D, 0x0D},              // a byte too few
-        {0xF0, 0x0C, 0x1D, 0x0D, 0x0E},        // 0x0C1D + 0xF0 is 0x0D0D
-        {0xF1, 0x0C, 0x1D, 0x0D, 0x0E},        // another header with its own sum
-        {0xF0, 0xFF, 0xFF, 0x00, 0xEF},        // the sum passes 65535 and isn't wrapped
-        {},
-    };
-    for (const Bytes& reply : replies) {
-        sensor.ReplyOnceTo(0xF0, reply);
-        BoxHand hand({QMessageBox::Cancel});
-        ConnectManually(1, "38400");
-        EXPECT_EQ(hand.Texts(), Texts{ManualFailure("1", "38400")}) << reply.size();
-    }
-    EXPECT_FALSE(MenusEnabled());
-}
-
-TEST_F(ConnectScreen, OneRightHeaderMakesAnIdentity) {
-    const Bytes good{0xF0, 0x0C, 0x1D, 0x0D, 0x0D};
-    // Neither header is right; the Retry finds the serial number's right.
-    sensor.ReplyOnceTo(0xF0, good);
-    sensor.ReplyOnceTo(0xF0, {0x00, 0x30, 0x39, 0x00, 0x00});
-    sensor.ReplyOnceTo(0xF1, {0x00, 0x04, 0xD2, 0x00, 0x00});
-    sensor.ReplyOnceTo(0xF0, good);
-    sensor.ReplyOnceTo(0xF0, {0x00, 0x30, 0x39, 0x00, 0x00});
-    BoxHand hand({QMessageBox::Retry});
+    sensor.ClearRecord();
+    OpenModal("Connect");
     ConnectManually(1, "38400");
-    EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("1", "38400"), success}));
-    EXPECT_EQ(AppState.FirmwareText, "12.3.45") << "0x3039, wherever it stands";
-    EXPECT_EQ(AppState.SerialNumber, 1042);
+    EXPECT_EQ(hand.Texts(),
+              (Texts{ManualFailure("1", "38400"), ManualFailure("1", "38400"), success}));
+    EXPECT_EQ(Heard(), Exchange(2)) << "a manual test, and one of the search";
     EXPECT_TRUE(IsClosed());
+    EXPECT_FALSE(QFile::exists(store)) << "it was the search that connected";
 }
 
 TEST_F(ConnectScreen, AnErrorOfItsOwnIsReportedUnderTheNormalPointer) {
     // The store is a folder now, so that it can't be written.
-    QFile::remove(StorePath());
-    ASSERT_TRUE(QDir().mkpath(StorePath()));
+    ASSERT_TRUE(QDir().mkpath(store));
     BoxHand hand({QMessageBox::Ok, QMessageBox::Retry});
     hand.BeforeAnswer([](QMessageBox&) { EXPECT_EQ(MousePointer(), Pointer::Default); });
     ConnectManually(1, "38400");
     ASSERT_EQ(hand.Count(), 2U);
     EXPECT_EQ(hand.Texts()[0], success);
     EXPECT_NE(hand.Texts()[1].find("Source: cmdConnectManual_Click\r\nScreen: Connect\r\n"),
-              std::string::npos)
-        << hand.Texts()[1];
+              std::string::npos);
     EXPECT_FALSE(MenusEnabled());
     EXPECT_FALSE(Enabled("SSTab1")) << "controls stay as they were";
-    screen.close();
+    Dialog().close();
     EXPECT_TRUE(IsClosed()) << "and yet the screen can be left";
 }
 

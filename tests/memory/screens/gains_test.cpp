@@ -1,6 +1,5 @@
 #include "memory/screens/map_fixture.h"
 #include "platform/boxes.h"
-#include "platform/screen_registry.h"
 #include "support/frames.h"
 #include "support/wait.h"
 
@@ -14,42 +13,28 @@ using Numbers = std::vector<double>;
 
 /// The screen of the gains, opened on a sensor with gains of 1, 2 and 300; its first read is under
 /// way.
-class GainsTest : public ScreenTest {
+class GainsTest : public RunTest {
   protected:
-    GainsTest() {
+    GainsTest() : RunTest("Gains", {"mnuRead", "mnuWrite"}, {"fraGain"}) {
         sensor.SetWord(124, 1);
         sensor.SetWord(126, 2);
         sensor.SetWord(128, 300);
-        OpenGains();
+        OpenScreen();
+        new Hastener(Get<Timer>(*screen, "TimerWrite"), Port());
     }
 
-    void OpenGains() {
-        gains = &Open("Gains");
-        for (const char* timer : {"TimerRead", "TimerWrite"})
-            new Hastener(Get<Timer>(*gains, timer), Get<MSComm>(*gains, "MSComm1"));
-    }
-
-    bool Running() const { return !gains->Menu("mnuRead").Enabled(); }
     void AwaitEnd() {
         ASSERT_TRUE(WaitFor([&] { return !Running(); }));
-        EXPECT_TRUE(gains->Menu("mnuWrite").Enabled());
-        EXPECT_TRUE(Get<QWidget>(*gains, "fraGain").isEnabled());
-        EXPECT_FALSE(Get<MSComm>(*gains, "MSComm1").PortOpen());
-        EXPECT_EQ(Property(*gains, "fraPB", "title"), "Progress");
-        EXPECT_EQ(Property(*gains, "PBar", "value"), "0");
-        EXPECT_EQ(MousePointer(), Pointer::Default);
+        ExpectRest("0");
     }
     void ExpectRun(const char* caption) {
-        EXPECT_TRUE(Running());
-        EXPECT_FALSE(gains->Menu("mnuWrite").Enabled());
-        EXPECT_TRUE(gains->Menu("mnuReturn").Enabled());
-        EXPECT_FALSE(Get<QWidget>(*gains, "fraGain").isEnabled());
-        EXPECT_EQ(Property(*gains, "fraPB", "title"), caption);
-        EXPECT_EQ(Property(*gains, "PBar", "value"), "1");
+        ExpectControls(false);
+        EXPECT_EQ(Property(*screen, "fraPB", "title"), caption);
+        EXPECT_EQ(Property(*screen, "PBar", "value"), "1");
         EXPECT_EQ(MousePointer(), Pointer::Hourglass);
     }
 
-    CWNumEdit& Field(const char* name) const { return Get<CWNumEdit>(*gains, name); }
+    CWNumEdit& Field(const char* name) const { return Get<CWNumEdit>(*screen, name); }
     Numbers Shown() const {
         return {Field("NumEdit124").Value(), Field("NumEdit126").Value(),
                 Field("NumEdit128").Value()};
@@ -59,37 +44,24 @@ class GainsTest : public ScreenTest {
         Field("NumEdit126").Value(numbers[1]);
         Field("NumEdit128").Value(numbers[2]);
     }
-
-    Screen* gains = nullptr;
-    BoxHand hand{{}, QMessageBox::Retry};
 };
 
 }  // namespace
 
-TEST_F(GainsTest, OpeningReadsTheGains) {
+TEST_F(GainsTest, OpeningReadsTheGainsAndAWriteSendsThemAsUnsignedWords) {
     ExpectRun("Reading");
     AwaitEnd();
-    EXPECT_EQ(Heard(), std::vector<Bytes>{{0x25}});
     EXPECT_EQ(Shown(), (Numbers{1, 2, 300}));
-    EXPECT_EQ(hand.Texts(), std::vector<std::string>{readDone});
-}
-
-TEST_F(GainsTest, WritesTheGainsAsUnsignedWords) {
-    AwaitEnd();
-    sensor.ClearRecord();
     Set({65535, 0, 256});
-    Click(*gains, "mnuWrite");
+    Click(*screen, "mnuWrite");
     ExpectRun("Writing");
     AwaitEnd();
-    EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x24, 0xFF, 0xFF, 0x00, 0x00, 0x01, 0x00}}));
-    EXPECT_EQ(sensor.Word(124), 65535);
-    EXPECT_EQ(sensor.Word(126), 0);
-    EXPECT_EQ(sensor.Word(128), 256);
+    EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x25}, {0x24, 0xFF, 0xFF, 0x00, 0x00, 0x01, 0x00}}));
     EXPECT_EQ(Shown(), (Numbers{65535, 0, 256}));
-    EXPECT_EQ(hand.Texts().back(), writeDone);
-    Click(*gains, "mnuRead");
+    EXPECT_EQ(hand.Texts(), (std::vector<std::string>{readDone, writeDone}));
+    Click(*screen, "mnuRead");
     AwaitEnd();
-    EXPECT_EQ(Shown(), (Numbers{65535, 0, 256}));
+    EXPECT_EQ(Shown(), (Numbers{65535, 0, 256})) << "as the sensor has them now";
 }
 
 TEST_F(GainsTest, ARetryAsksAgainAndACancelLeavesZeros) {
@@ -98,7 +70,7 @@ TEST_F(GainsTest, ARetryAsksAgainAndACancelLeavesZeros) {
     sensor.ReplyOnceTo(0x25, Frame(0x24, {1, 2, 3, 4}));
     sensor.ReplyOnceTo(0x25, Frame(0x25, {1, 2, 3}));
     sensor.ReplyOnceTo(0x25, {0x25, 0, 1, 0, 2, 0, 3, 0, 4, 0, 0});
-    Click(*gains, "mnuRead");
+    Click(*screen, "mnuRead");
     EXPECT_EQ(Shown(), (Numbers{0, 0, 0}));
     AwaitEnd();
     const std::vector<std::string> expected{
@@ -111,11 +83,11 @@ TEST_F(GainsTest, ARetryAsksAgainAndACancelLeavesZeros) {
 
     hand.Otherwise(QMessageBox::Cancel);
     sensor.ReplyOnceTo(0x25, {0x25});
-    Click(*gains, "mnuRead");
+    Click(*screen, "mnuRead");
     AwaitEnd();
     EXPECT_EQ(hand.Texts().back(), readDone) << "a cancelled read isn't told";
     EXPECT_EQ(Shown(), (Numbers{0, 0, 0}));
-    Click(*gains, "mnuWrite");
+    Click(*screen, "mnuWrite");
     AwaitEnd();
     EXPECT_EQ(Heard().back(), (Bytes{0x24, 0, 0, 0, 0, 0, 0}));
 }
@@ -129,7 +101,7 @@ TEST_F(GainsTest, ARetriedWriteSendsTheFieldsAsTheyStandThen) {
     hand.BeforeAnswer([&](QMessageBox& box) {
         if (box.text().startsWith(QStringLiteral("Header"))) Set({7, 8, 9});
     });
-    Click(*gains, "mnuWrite");
+    Click(*screen, "mnuWrite");
     AwaitEnd();
     const std::vector<std::string> expected{
         readDone, std::string("Header is not 0x24!") + retryOrCancel,
@@ -144,47 +116,17 @@ TEST_F(GainsTest, ARetriedWriteSendsTheFieldsAsTheyStandThen) {
 TEST_F(GainsTest, SilenceIsAnErrorOfTheTickAndNothingIsSentAgain) {
     AwaitEnd();
     sensor.ClearRecord();
-    struct Case {
-        const char* entry;
-        const char* source;
-        std::uint8_t command;
-        Bytes lateReply;
-    };
-    for (const Case& row : {Case{"mnuRead", "TimerRead_Timer", 0x25, Frame(0x25, {4, 5, 6, 0})},
-                            Case{"mnuWrite", "TimerWrite_Timer", 0x24, Frame(0x24, {0})}}) {
-        const std::size_t boxes = hand.Count();
-        sensor.ReplyOnceTo(row.command, {});
-        hand.BeforeAnswer([&](QMessageBox& box) {
-            const bool isError = box.text().contains(QStringLiteral("Number: 9"));
-            if (isError) sensor.SendUnasked(row.lateReply);
-        });
-        Click(*gains, row.entry);
-        AwaitEnd();
-        ASSERT_EQ(hand.Count(), boxes + 2);
-        EXPECT_NE(hand.Texts()[boxes].find(std::string("Number: 9\r\nSource: ") + row.source +
-                                           "\r\nScreen: Gains\r\n"),
-                  std::string::npos)
-            << hand.Texts()[boxes];
-        EXPECT_EQ(Shown(), (Numbers{4, 5, 6}));
-    }
-    EXPECT_EQ(Heard().size(), 2U);
-}
-
-TEST_F(GainsTest, ReturnInMidRunClosesThePort) {
-    sensor.SetSilent(true);
-    Get<Timer>(*gains, "TimerRead").Interval(1000);
-    const MSComm& port = Get<MSComm>(*gains, "MSComm1");
-    EXPECT_TRUE(port.PortOpen());
-    Click(*gains, "mnuReturn");
-    EXPECT_FALSE(port.PortOpen());
-    EXPECT_EQ(ActiveScreenName(), "Main");
-    LetPass(50);
-    EXPECT_EQ(FindScreen("Gains"), nullptr);
-    sensor.SetSilent(false);
-    OpenGains();
+    sensor.ReplyOnceTo(0x24, {});
+    hand.BeforeAnswer([&](QMessageBox& box) {
+        const bool isError = box.text().contains(QStringLiteral("Number: 9"));
+        if (isError) sensor.SendUnasked(Frame(0x24, {0}));
+    });
+    Click(*screen, "mnuWrite");
     AwaitEnd();
-    EXPECT_EQ(Shown(), (Numbers{1, 2, 300}));
-    EXPECT_EQ(hand.Texts(), std::vector<std::string>{readDone});
+    ASSERT_EQ(hand.Count(), 3U);
+    ExpectError(1, "9", "TimerWrite_Timer");
+    EXPECT_EQ(hand.Texts()[2], writeDone);
+    EXPECT_EQ(Heard().size(), 1U);
 }
 
 }  // namespace orbkl4::test

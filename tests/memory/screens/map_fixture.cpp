@@ -1,8 +1,7 @@
 #include "memory/screens/map_fixture.h"
 
+#include "platform/boxes.h"
 #include "support/wait.h"
-
-#include <algorithm>
 
 namespace orbkl4::test {
 
@@ -13,15 +12,52 @@ constexpr int runMilliseconds = 20000;
 
 }  // namespace
 
-MapTest::MapTest(bool advanced) {
+RunTest::RunTest(const char* name, Names entries, Names frames)
+    : name_(name), entries_(std::move(entries)), frames_(std::move(frames)) {}
+
+void RunTest::OpenScreen() {
+    screen = &Open(name_);
+    hastener = new Hastener(Get<Timer>(*screen, "TimerRead"), Port());
+    Get<Timer>(*screen, "TimerWrite").Interval(writeTick);
+}
+
+void RunTest::ExpectControls(bool enabled) const {
+    for (const char* entry : entries_) {
+        const MenuEntry& shown = screen->Menu(entry);
+        if (!shown.Visible()) continue;
+        EXPECT_EQ(shown.Enabled(), enabled) << entry;
+    }
+    for (const char* name : frames_)
+        EXPECT_EQ(Get<QWidget>(*screen, name).isEnabled(), enabled) << name;
+    EXPECT_TRUE(screen->Menu("mnuReturn").Enabled());
+}
+
+void RunTest::ExpectRest(const char* bar) const {
+    ExpectControls(true);
+    EXPECT_EQ(Property(*screen, "fraPB", "title"), "Progress");
+    EXPECT_EQ(Property(*screen, "PBar", "value"), bar);
+    EXPECT_FALSE(Port().PortOpen());
+    EXPECT_EQ(MousePointer(), Pointer::Default);
+}
+
+void RunTest::ExpectError(std::size_t box, const std::string& number,
+                          const std::string& source) const {
+    const std::string text = hand.Texts().at(box);
+    const std::string record =
+        "Number: " + number + "\r\nSource: " + source + "\r\nScreen: " + name_ + "\r\n";
+    EXPECT_NE(text.find(record), std::string::npos) << text;
+}
+
+MapTest::MapTest(bool advanced)
+    : RunTest("EEPROMmap",
+              {"mnuRead", "mnuWrite", "mnuViewMatrix", "mnuLog", "mnuShowMin", "mnuShowMax"},
+              {"fraEEPROM", "fraEEPROMAddresses", "fraEEPROMAddresses1"}) {
     AppState.AdvancedMode = advanced;
     Reopen();
 }
 
 void MapTest::Reopen() {
-    map = &Open("EEPROMmap");
-    hastener = new Hastener(Get<Timer>(*map, "TimerRead"), Get<MSComm>(*map, "MSComm1"));
-    Get<Timer>(*map, "TimerWrite").Interval(writeTick);
+    OpenScreen();
     ActivateFrame();
 }
 
@@ -31,7 +67,7 @@ void MapTest::ActivateFrame() {
 }
 
 CWNumEdit& MapTest::Field(int address) const {
-    return Get<CWNumEdit>(*map, ("NumEdit(" + std::to_string(address / 2) + ")").c_str());
+    return Get<CWNumEdit>(*screen, ("NumEdit(" + std::to_string(address / 2) + ")").c_str());
 }
 
 std::vector<int> MapTest::MarkedAddresses() const {
@@ -50,22 +86,9 @@ void MapTest::Type(int address, const std::string& text) const {
 }
 
 void MapTest::Run(const char* entry) {
-    Click(*map, entry);
+    Click(*screen, entry);
     EXPECT_TRUE(Running());
     EXPECT_TRUE(WaitFor([this] { return !Running(); }, runMilliseconds));
-}
-
-bool MapTest::WaitUntilAskedFor(int address) const {
-    return WaitFor([&] {
-        const std::vector<Bytes> heard = Heard();
-        return std::ranges::find(heard, ReadRequest(address)) != heard.end();
-    });
-}
-
-std::vector<Bytes> MapTest::HeardOf(int command) const {
-    std::vector<Bytes> heard = Heard();
-    std::erase_if(heard, [&](const Bytes& bytes) { return bytes.front() != command; });
-    return heard;
 }
 
 }  // namespace orbkl4::test

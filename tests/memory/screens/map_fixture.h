@@ -8,6 +8,8 @@
 #include "support/hastener.h"
 #include "support/screens/screen_fixture.h"
 
+#include <QTest>
+
 #include <string>
 #include <vector>
 
@@ -23,8 +25,39 @@ inline constexpr const char* retryOrCancel =
 /// The read request for the word at `address`.
 inline Bytes ReadRequest(int address) { return {0x28, 0, static_cast<std::uint8_t>(address)}; }
 
-/// The open EEPROM map, its ticks quicker than in life.
-class MapTest : public ScreenTest {
+/// A screen whose runs read and write words tick by tick, here quicker than in life.
+class RunTest : public ScreenTest {
+  protected:
+    using Names = std::vector<const char*>;
+
+    /// The screen `name`, of which a run disables `entries` and `frames`.
+    RunTest(const char* name, Names entries, Names frames);
+
+    /// Opens the screen, which must have been left.
+    void OpenScreen();
+
+    bool Running() const { return !screen->Menu("mnuRead").Enabled(); }
+    void ExpectControls(bool enabled) const;
+
+    /// Expects that nothing runs, with the progress bar at `bar`.
+    void ExpectRest(const char* bar) const;
+
+    /// Expects that the box `box` tells of the error `number` in `source`.
+    void ExpectError(std::size_t box, const std::string& number, const std::string& source) const;
+
+    MSComm& Port() const { return Get<MSComm>(*screen, "MSComm1"); }
+
+    Screen* screen = nullptr;
+    Hastener* hastener = nullptr;  ///< of the read run
+    BoxHand hand{{}, QMessageBox::Retry};
+
+  private:
+    const char* name_;
+    Names entries_, frames_;
+};
+
+/// The open EEPROM map.
+class MapTest : public RunTest {
   protected:
     explicit MapTest(bool advanced = false);
 
@@ -39,25 +72,17 @@ class MapTest : public ScreenTest {
     /// Replaces the text of the field of `address` by `text` and presses Enter, as a person does.
     void Type(int address, const std::string& text) const;
 
+    /// Presses the keys that show and hide "Show Min" and "Show Max".
+    void PressChord() { QTest::keyClick(frame.windowHandle(), Qt::Key_F11, Qt::ControlModifier); }
+
     /// Chooses `entry` and waits until the run that it starts is over.
     void Run(const char* entry);
-    bool Running() const { return !map->Menu("mnuRead").Enabled(); }
-
-    /// Waits until the sensor has been asked for the word at `address`.
-    bool WaitUntilAskedFor(int address) const;
-
-    /// The bytes of those requests heard that begin with `command`.
-    std::vector<Bytes> HeardOf(int command) const;
 
     /// Opens the map, which must have been left.
     void Reopen();
 
     /// Gives the frame the keyboard, as after a message box.
     void ActivateFrame();
-
-    Screen* map = nullptr;
-    Hastener* hastener = nullptr;  ///< of the read run
-    BoxHand hand{{}, QMessageBox::Retry};
 };
 
 class AdvancedMapTest : public MapTest {

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 #include <numbers>
 
 namespace orbkl4 {
@@ -39,10 +40,11 @@ class HandSlide : public testing::Test {
         slide.Value(2);
     }
 
-    void Drag(double from, double to) {
-        slide.Value(from);
+    /// Drags the pointer from 10 over `pixels`.
+    void Drag(int pixels) {
+        slide.Value(10);
         const QPoint start = slide.PointerPlace().toPoint();
-        const auto end = QPoint(start.x() + static_cast<int>(to), start.y());
+        const QPoint end = start + QPoint(pixels, 0);
         QTest::mousePress(&slide, Qt::LeftButton, {}, start);
         QMouseEvent move(QEvent::MouseMove, end, slide.mapToGlobal(end), Qt::NoButton,
                          Qt::LeftButton, {});
@@ -80,8 +82,7 @@ TEST(CWSlide, RaisesItsEventWhenTheValueDiffersAndKeepsWhatTheAxisCannotShow) {
     const QPointF top = slide.PointerPlace();
     slide.Value(70000);
     EXPECT_EQ(slide.PointerPlace(), top);
-    EXPECT_EQ(slide.property("value").toDouble(), 70000);
-    slide.setProperty("value", 0.0);
+    slide.Value(0);
     const QPointF bottom = slide.PointerPlace();
     slide.Value(-450);
     EXPECT_EQ(slide.PointerPlace(), bottom);
@@ -91,10 +92,8 @@ TEST(CWSlide, RaisesItsEventWhenTheValueDiffersAndKeepsWhatTheAxisCannotShow) {
 }
 
 TEST(CWSlide, LeavesTheMouseAloneUnlessInteractive) {
-    QWidget window;
-    window.resize(100, 300);
-    CWSlide slide(&window);
-    slide.resize(window.size());
+    CWSlide slide;
+    slide.resize(100, 300);
     QTest::mouseClick(&slide, Qt::LeftButton, {}, QPoint(40, 40));
     QTest::keyClick(&slide, Qt::Key_Up);
     EXPECT_EQ(slide.Value(), 0);
@@ -110,17 +109,13 @@ TEST_F(HandSlide, StopsAtEveryTenthExactly) {
 }
 
 TEST_F(HandSlide, FollowsKeysWheelAndMouse) {
-    struct Case {
-        Qt::Key key;
-        double value;
-    };
-    for (const Case& one :
-         {Case{Qt::Key_Up, 10.1}, Case{Qt::Key_Left, 9.9}, Case{Qt::Key_Down, 9.9},
-          Case{Qt::Key_PageUp, 11}, Case{Qt::Key_PageDown, 9}, Case{Qt::Key_Home, 2},
-          Case{Qt::Key_End, 25}}) {
+    const std::map<Qt::Key, double> reached{
+        {Qt::Key_Up, 10.1},    {Qt::Key_Left, 9.9}, {Qt::Key_Down, 9.9}, {Qt::Key_PageUp, 11},
+        {Qt::Key_PageDown, 9}, {Qt::Key_Home, 2},   {Qt::Key_End, 25}};
+    for (const auto& [key, value] : reached) {
         slide.Value(10);
-        QTest::keyClick(&slide, one.key);
-        EXPECT_EQ(slide.Value(), one.value);
+        QTest::keyClick(&slide, key);
+        EXPECT_EQ(slide.Value(), value);
     }
 
     slide.Value(10);
@@ -137,23 +132,12 @@ TEST_F(HandSlide, FollowsKeysWheelAndMouse) {
     QTest::mouseClick(&slide, Qt::LeftButton, {}, atTwenty);
     EXPECT_NEAR(slide.Value(), 20, 0.1);
 
-    Drag(10, 0);  // taking hold of the pointer moves nothing
+    Drag(0);  // taking hold of the pointer moves nothing
     EXPECT_EQ(slide.Value(), 10);
-    Drag(10, -1000);
+    Drag(-1000);
     EXPECT_EQ(slide.Value(), 2);
-    Drag(10, 1000);
+    Drag(1000);
     EXPECT_EQ(slide.Value(), 25);
-}
-
-TEST(CWKnob, RaisesItsEventAtEveryAssignmentWithTheNumberAsSet) {
-    CWKnob knob;
-    knob.SetAxis(turnAxis, CWKnob::Sweep::FullCircle);
-    QSignalSpy changes(&knob, &CWKnob::ValueChanged);
-    for (const double value : {0.0, 0.0, 180.0, 180.0}) knob.Value(value);
-    ASSERT_EQ(changes.count(), 4);
-    EXPECT_EQ(changes.at(1).at(0).toDouble(), 0);
-    EXPECT_EQ(changes.at(3).at(0).toDouble(), 180);
-    EXPECT_EQ(knob.property("value").toDouble(), 180);
 }
 
 TEST(CWKnob, TurnsItsNeedleOverTheSweepAndNoFarther) {
@@ -229,14 +213,11 @@ TEST(Gauges, LeaveNothingOfAnOldValueOnTheScreen) {
 TEST(CWButton, LightsUp) {
     CWButton lamp;
     lamp.resize(lamp.sizeHint());
-    QSignalSpy changes(&lamp, &CWButton::ValueChanged);
     const QImage dark = Shot(lamp);
     lamp.Value(true);
-    lamp.Value(true);
-    EXPECT_EQ(changes.count(), 1);
     const QPoint centre = lamp.rect().center();
     EXPECT_GT(Shot(lamp).pixelColor(centre).green(), dark.pixelColor(centre).green() + 80);
-    lamp.setProperty("value", false);
+    lamp.Value(false);
     EXPECT_EQ(Shot(lamp), dark);
 }
 

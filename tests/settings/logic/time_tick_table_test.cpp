@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
-#include <tuple>
 
 namespace orbkl4 {
 namespace {
@@ -34,25 +31,18 @@ TEST(TimeTickTable, IsRefusedByItsFirstLineOrAMissingRow) {
         std::string contents;
         TickTableVerdict verdict;
     };
-    const auto without = [](std::string text, std::size_t count) {
-        text.resize(text.size() - count);
-        return text;
-    };
-    std::string shortRow = Lines(231, row);
-    shortRow.replace(shortRow.rfind(row), row.size(), "25.00,16,5,250");
     for (const auto& [what, contents, verdict] : std::to_array<Case>({
              {"whole", Lines(231, row), Loaded},
              {"CR LF", Lines(231, row, "\r\n"), Loaded},
              {"more lines", Lines(240, row), Loaded},
-             {"no end of the last line", without(Lines(231, row), 1), Loaded},
+             {"no end of the last line", Lines(230, row) + row, Loaded},
              {"empty fields", Lines(231, ",,,,"), Loaded},
              {"230 rows", Lines(230, row), LoadingFailed},
              {"231st row empty", Lines(230, row) + "\n", LoadingFailed},
-             {"three commas in the last row", shortRow, LoadingFailed},
+             {"three commas in the last row", Lines(230, row) + "25.00,16,5,250", LoadingFailed},
              {"title alone", title, LoadingFailed},
              {"nothing at all", "", LoadingFailed},
-             {"blank behind the title", title + " " + Lines(231, row).substr(title.size()),
-              NotValid},
+             {"blank behind the title", title + " \n" + row, NotValid},
              {"other title", "Time Tick Table 3.1.01\n", NotValid},
              {"empty title", "\n" + Lines(231, row), NotValid},
          }))
@@ -68,65 +58,33 @@ TEST(TimeTickTable, FieldsAreTrimmedAndTheFifthIsTheRest) {
     EXPECT_EQ(rows[0][0], "2.00");
 }
 
-TEST(TimeTickTable, IsSearchedByExactTextFromTheFirstRow) {
-    TickTableRows rows;
-    rows[3] = {"2.30", "1", "2", "3", "4"};
-    rows[5] = {"2.30", "9", "9", "9", "9"};
-    ASSERT_NE(FindTickTableRow(rows, "2.30"), nullptr);
-    EXPECT_EQ((*FindTickTableRow(rows, "2.30"))[1], "1");
-    for (const char* key : {"2.3", "2.300", "02.30", "2.31"})
-        EXPECT_EQ(FindTickTableRow(rows, key), nullptr) << key;
-}
-
-TEST(TimeTickTable, EachVerdictHasItsMessage) {
-    EXPECT_EQ(TickTableMessage(TickTableVerdict::NotFound),
-              "Time Tick Table not found in Logs directory!");
-    EXPECT_EQ(TickTableMessage(TickTableVerdict::NotValid), "Time Tick Table not valid!");
-    EXPECT_EQ(TickTableMessage(TickTableVerdict::LoadingFailed), "Time Tick Table loading failed!");
-    EXPECT_EQ(TickTableMessage(TickTableVerdict::Loaded), "");
-}
-
-/// Ascending in the order of preference: smallest ticks interval, largest pre- and postscaler.
-using Preference = std::tuple<int, int, int>;
-
-/// The best words out of all there are, for each product of 20000, 21000 … 250000; the unit is
-/// 100 ns.
-std::map<int, Preference> BestOfAllWords() {
-    std::map<int, Preference> best;
-    for (int interval = 1; interval <= 100; ++interval)
-        for (const int prescaler : {1, 4, 16})
-            for (int postscaler = 1; postscaler <= 16; ++postscaler)
-                for (int compare = 1; compare <= 256; ++compare) {
-                    const int product = prescaler * postscaler * compare * interval;
-                    if (product % 1000 != 0 || product < 20000 || product > 250000) continue;
-                    const Preference rank{interval, -prescaler, -postscaler};
-                    const auto [entry, isNew] = best.try_emplace(product, rank);
-                    if (!isNew) entry->second = std::min(entry->second, rank);
-                }
-    return best;
-}
-
-TEST(TimeTickTable, NoBetterRowExistsThanThoseDelivered) {
+TEST(TimeTickTable, TheDeliveredRowsMakeEachPositionExactly) {
     const std::ifstream file(ORBKL4_DATA_DIR "/TimeTickTable.txt", std::ios::binary);
     std::ostringstream contents;
     contents << file.rdbuf();
     TickTableRows rows;
     ASSERT_EQ(ParseTimeTickTable(contents.str(), rows), TickTableVerdict::Loaded);
-    const auto best = BestOfAllWords();
-    ASSERT_EQ(best.size(), rows.size());  // so every position can be reached exactly
-    int key = 200;                        // in steps of 0.01 ms
-    for (const TickTableRow& row : rows) {
-        const std::string text = std::to_string(key / 100) + "." + std::to_string(key / 10 % 10);
-        EXPECT_EQ(row[0], text + "0");
-        const int prescaler = std::stoi(row[1]);
-        const int postscaler = std::stoi(row[2]);
-        const int compare = std::stoi(row[3]);
-        const int interval = std::stoi(row[4]);
-        EXPECT_TRUE(compare >= 1 && compare <= 256) << row[0];
-        EXPECT_EQ(prescaler * postscaler * compare * interval, key * 100) << row[0];
-        EXPECT_EQ(best.at(key * 100), Preference(interval, -prescaler, -postscaler)) << row[0];
+    int key = 200;  // in steps of 0.01 ms
+    for (const auto& [text, prescaler, postscaler, compare, interval] : rows) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(text, std::to_string(key / 100) + "." + std::to_string(key / 10 % 10) + "0");
+        EXPECT_TRUE(prescaler == "1" || prescaler == "4" || prescaler == "16");
+        EXPECT_LE(std::stoi(postscaler), 16);
+        EXPECT_LE(std::stoi(compare), 256);
+        EXPECT_LE(std::stoi(interval), 100);
+        EXPECT_EQ(
+            std::stoi(prescaler) * std::stoi(postscaler) * std::stoi(compare) * std::stoi(interval),
+            key * 100);  // the unit is 100 ns
         key += 10;
     }
+    // Of all exact words those with the smallest interval, then the largest pre- and postscaler:
+    // 20000 = 16 x 1250, and 10 is the largest postscaler that divides 1250.
+    EXPECT_EQ(rows[0], (TickTableRow{"2.00", "16", "10", "125", "1"}));
+    // 21000 isn't divisible by 16 or 32; 4 x 5250 needs more than 16 x 256; 8 x 2625 = 8 x 15 x
+    // 175.
+    EXPECT_EQ(rows[1], (TickTableRow{"2.10", "4", "15", "175", "2"}));
+    // 250000 = 400 x 625; below 25 no interval leaves factors up to 16 and 256.
+    EXPECT_EQ(rows[230], (TickTableRow{"25.00", "16", "5", "125", "25"}));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "frame/logic/app_state.h"
 #include "platform/boxes.h"
 #include "platform/clock.h"
+#include "platform/menu_entry.h"
 #include "platform/mscomm.h"
 #include "platform/screen_registry.h"
 #include "platform/timer.h"
@@ -19,6 +20,9 @@
 namespace orbkl4::test {
 
 using Strings = std::vector<std::string>;
+
+/// What answers error boxes so that the program goes on.
+inline constexpr auto goOn = QMessageBox::Retry;
 
 /// A screen that reads or writes words of the sensor, on a clock that makes its waits short.
 class SettingsTest : public ScreenTest {
@@ -39,23 +43,43 @@ class SettingsTest : public ScreenTest {
         return screen;
     }
 
-    static bool IsOpen(const Screen& screen, const char* port) {
-        return Get<MSComm>(screen, port).PortOpen();
+    static bool AwaitRead(const Screen& screen) {
+        return WaitFor([&] { return screen.Menu("mnuRead").Enabled(); });
+    }
+
+    /// Opens `name` and lets its first read end.
+    Screen& OpenRead(const char* name) {
+        Screen& screen = OpenReading(name);
+        EXPECT_TRUE(AwaitRead(screen));
+        return screen;
+    }
+
+    /// Nothing runs: no port is open, no entry checked or disabled.
+    static void ExpectIdle(const Screen& screen) {
+        for (const MSComm* port : screen.findChildren<MSComm*>()) EXPECT_FALSE(port->PortOpen());
+        for (const MenuEntry* entry : screen.findChildren<MenuEntry*>()) {
+            EXPECT_TRUE(entry->Enabled()) << entry->objectName().toStdString();
+            EXPECT_FALSE(entry->Checked()) << entry->objectName().toStdString();
+        }
     }
 
     static bool IsOn(const Screen& screen, const char* button) {
         return Get<QAbstractButton>(screen, button).isChecked();
     }
 
-    /// The next writes get `replies` in turn.
-    void AnswerWrites(const std::vector<Bytes>& replies) {
+    /// What is told when `entry` is chosen and its writes get `replies` in turn.
+    Strings Told(const Screen& screen, const char* entry, const std::vector<Bytes>& replies) {
+        const BoxHand box({}, goOn);
         sensor.ClearReplies();
         for (const Bytes& reply : replies) sensor.ReplyOnceTo(0x29, reply);
+        Click(screen, entry);
+        EXPECT_TRUE(WaitFor([&] { return !screen.Menu(entry).Checked(); }));
+        ExpectIdle(screen);
+        return box.Texts();
     }
 };
 
-/// What answers error boxes so that the program goes on.
-inline constexpr auto goOn = QMessageBox::Retry;
+inline constexpr const char* malformed = "Return bytes and/or header failed!";
 
 /// A good reply to a write.
 inline const Bytes written{0x29, 0x00, 0x10, 0x00, 0x05, 0x00, 0x3E};

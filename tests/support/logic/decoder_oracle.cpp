@@ -15,19 +15,17 @@ namespace {
 
 SampleStateRecord& s = SampleState;
 
-std::vector<double*> Elements(SampleStateRecord::Matrix& matrix) {
-    std::vector<double*> elements;
+using Fields = std::vector<double*>;
+
+Fields Elements(SampleStateRecord::Matrix& matrix) {
+    Fields elements;
     for (double& element : matrix) elements.push_back(&element);
     return elements;
 }
 
-struct FrameFields {
-    double *header, *ticks, *checksum, *calcChecksum;
-};
-
-FrameFields FrameOf(bool isGyro) {
-    if (isGyro) return {&s.HeaderGyro, &s.TicksGyro, &s.ChecksumGyro, &s.CalcChecksumGyro};
-    return {&s.HeaderInstant, &s.TicksInstant, &s.ChecksumInstant, &s.CalcChecksumInstant};
+Fields Joined(Fields first, const Fields& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
 }
 
 std::int64_t WordIn(const Bytes& packet, std::size_t index) {
@@ -37,6 +35,15 @@ std::int64_t WordIn(const Bytes& packet, std::size_t index) {
 std::int64_t SignedWordIn(const Bytes& packet, std::size_t index) {
     return static_cast<std::int16_t>(WordIn(packet, index));
 }
+
+/// The sum of the header and of all words but the last, modulo 65536.
+std::int64_t Sum(const Bytes& packet) {
+    std::int64_t sum = packet[0];
+    for (std::size_t i = 0; 2 * i + 3 < packet.size(); ++i) sum += WordIn(packet, i);
+    return sum % 65536;
+}
+
+bool SumHolds(const Bytes& packet) { return Sum(packet) == WordIn(packet, packet.size() / 2 - 1); }
 
 /// The determinant of the nine words, in units of 8192 cubed.
 std::int64_t Determinant(const Bytes& packet) {
@@ -52,17 +59,15 @@ std::int64_t Determinant(const Bytes& packet) {
 long double ScaledNumber(char kind, const Bytes& packet, std::size_t index) {
     const auto word = static_cast<long double>(WordIn(packet, index));
     const auto number = static_cast<long double>(SignedWordIn(packet, index));
-    constexpr long double tenThousandth = 10000;
     switch (kind) {
-        case 'm': return number * AppState.MagGainScale / 32768 / 1000 * tenThousandth;
-        case 'a': return number * AppState.AccGainScale / 32768 / 1000 * tenThousandth;
-        case 'g': return number * AppState.GyroGainScale / 32768 / 1000 * tenThousandth;
-        case 'q': return number / 8192 * tenThousandth;
+        case 'm': return number * AppState.MagGainScale * 10 / 32768;
+        case 'a': return number * AppState.AccGainScale * 10 / 32768;
+        case 'g': return number * AppState.GyroGainScale * 10 / 32768;
+        case 'q': return number * 10000 / 8192;
         case 'e': return number * 3600 / 65536;
         case 'u': return word * 3600 / 65536;
         case 'x':
-            return number * 8192 * 8192 * tenThousandth /
-                   static_cast<long double>(Determinant(packet));
+            return number * 8192 * 8192 * 10000 / static_cast<long double>(Determinant(packet));
         default: return word;
     }
 }
@@ -89,101 +94,59 @@ std::vector<double> NumbersOf(const SampleStateRecord& state) {
     return numbers;
 }
 
-/// Fills the frame's fields of `side` as they must be, and gives the verdict on the checksum.
-bool ExpectFrame(const FrameFields& frame, const Bytes& packet, std::size_t words) {
-    std::int64_t sum = packet[0];
-    for (std::size_t i = 0; i <= words; ++i) sum += WordIn(packet, i);
-    *frame.header = packet[0];
-    *frame.ticks = static_cast<double>(WordIn(packet, words));
-    *frame.checksum = static_cast<double>(WordIn(packet, words + 1));
-    *frame.calcChecksum = static_cast<double>(sum & 0xFFFF);
-    return *frame.checksum == *frame.calcChecksum;
+/// Fills the frame's fields of the side of `row` as they must be.
+void FillFrame(const DecoderRow& row, const Bytes& packet) {
+    const std::size_t words = row.kinds.size();
+    const auto set = [&](double& gyro, double& instant, std::int64_t number) {
+        (row.isGyro ? gyro : instant) = static_cast<double>(number);
+    };
+    set(s.HeaderGyro, s.HeaderInstant, packet[0]);
+    set(s.TicksGyro, s.TicksInstant, WordIn(packet, words));
+    set(s.ChecksumGyro, s.ChecksumInstant, WordIn(packet, words + 1));
+    set(s.CalcChecksumGyro, s.CalcChecksumInstant, Sum(packet));
 }
 
 }  // namespace
 
 const std::vector<DecoderRow>& DecoderRows() {
-    static const std::vector<double*> euler{&s.Roll, &s.Pitch, &s.Yaw};
+    static const Fields rawBits{&s.RawMag1,     &s.RawMag2,     &s.RawMag3,
+                                &s.RawAcc1,     &s.RawAcc2,     &s.RawAcc3,
+                                &s.RawAngRate1, &s.RawAngRate2, &s.RawAngRate3};
+    static const Fields stabVectors{&s.StabMagX, &s.StabMagY, &s.StabMagZ,
+                                    &s.StabAccX, &s.StabAccY, &s.StabAccZ};
+    static const Fields instVectors{&s.InstMagX, &s.InstMagY, &s.InstMagZ,
+                                    &s.InstAccX, &s.InstAccY, &s.InstAccZ};
+    static const Fields instAcc{&s.InstAccX, &s.InstAccY, &s.InstAccZ};
+    static const Fields compRates{&s.CompAngRateX, &s.CompAngRateY, &s.CompAngRateZ};
+    static const Fields instRates{&s.InstAngRateX, &s.InstAngRateY, &s.InstAngRateZ};
+    static const Fields stabQuat{&s.StabQuat0, &s.StabQuat1, &s.StabQuat2, &s.StabQuat3};
+    static const Fields instQuat{&s.InstQuat0, &s.InstQuat1, &s.InstQuat2, &s.InstQuat3};
+    static const Fields euler{&s.Roll, &s.Pitch, &s.Yaw};
+    static const Fields compVectors = Joined(instVectors, compRates);
+    static const Fields allInst = Joined(instVectors, instRates);
     static const std::vector<DecoderRow> rows = {
-        {"raw bits",
-         DecodeRawBits,
-         0x01,
-         true,
-         "rrrrrrrrr",
-         {&s.RawMag1, &s.RawMag2, &s.RawMag3, &s.RawAcc1, &s.RawAcc2, &s.RawAcc3, &s.RawAngRate1,
-          &s.RawAngRate2, &s.RawAngRate3}},
-        {"gyro vectors",
-         DecodeGyroVectors,
-         0x02,
-         true,
-         "mmmaaaggg",
-         {&s.StabMagX, &s.StabMagY, &s.StabMagZ, &s.StabAccX, &s.StabAccY, &s.StabAccZ,
-          &s.CompAngRateX, &s.CompAngRateY, &s.CompAngRateZ}},
-        {"instant vectors",
-         DecodeInstantVectors,
-         0x03,
-         false,
-         "mmmaaaggg",
-         {&s.InstMagX, &s.InstMagY, &s.InstMagZ, &s.InstAccX, &s.InstAccY, &s.InstAccZ,
-          &s.InstAngRateX, &s.InstAngRateY, &s.InstAngRateZ}},
-        {"instant quaternion",
-         DecodeInstantQuaternion,
-         0x04,
-         false,
-         "qqqq",
-         {&s.InstQuat0, &s.InstQuat1, &s.InstQuat2, &s.InstQuat3}},
-        {"gyro quaternion",
-         DecodeGyroQuaternion,
-         0x05,
-         true,
-         "qqqq",
-         {&s.StabQuat0, &s.StabQuat1, &s.StabQuat2, &s.StabQuat3}},
-        {"instant matrix", DecodeInstantMatrix, 0x0A, false, "xxxxxxxxx", Elements(s.InstMatrix)},
-        {"gyro matrix", DecodeGyroMatrix, 0x0B, true, "xxxxxxxxx", Elements(s.StabMatrix)},
-        {"gyro quaternion and vectors",
-         DecodeGyroQuatVectors,
-         0x0C,
-         true,
-         "qqqqmmmaaaggg",
-         {&s.StabQuat0, &s.StabQuat1, &s.StabQuat2, &s.StabQuat3, &s.InstMagX, &s.InstMagY,
-          &s.InstMagZ, &s.InstAccX, &s.InstAccY, &s.InstAccZ, &s.CompAngRateX, &s.CompAngRateY,
-          &s.CompAngRateZ}},
-        {"instant Euler", DecodeInstantEuler, 0x0D, false, "eee", euler},
-        {"gyro Euler", DecodeGyroEuler, 0x0E, true, "eee", euler},
-        {"instant quaternion and vectors",
-         DecodeInstantQuatVectors,
-         0x12,
-         false,
-         "qqqqmmmaaaggg",
-         {&s.InstQuat0, &s.InstQuat1, &s.InstQuat2, &s.InstQuat3, &s.InstMagX, &s.InstMagY,
-          &s.InstMagZ, &s.InstAccX, &s.InstAccY, &s.InstAccZ, &s.InstAngRateX, &s.InstAngRateY,
-          &s.InstAngRateZ}},
-        {"Euler, acceleration, rate",
-         DecodeEulerAccelRate,
-         0x31,
-         true,
-         "eeuaaaggg",
-         {&s.Roll, &s.Pitch, &s.Yaw, &s.InstAccX, &s.InstAccY, &s.InstAccZ, &s.CompAngRateX,
-          &s.CompAngRateY, &s.CompAngRateZ}},
+        {DecodeRawBits, 0x01, true, "rrrrrrrrr", rawBits},
+        {DecodeGyroVectors, 0x02, true, "mmmaaaggg", Joined(stabVectors, compRates)},
+        {DecodeInstantVectors, 0x03, false, "mmmaaaggg", allInst},
+        {DecodeInstantQuaternion, 0x04, false, "qqqq", instQuat},
+        {DecodeGyroQuaternion, 0x05, true, "qqqq", stabQuat},
+        {DecodeInstantMatrix, 0x0A, false, "xxxxxxxxx", Elements(s.InstMatrix)},
+        {DecodeGyroMatrix, 0x0B, true, "xxxxxxxxx", Elements(s.StabMatrix)},
+        {DecodeGyroQuatVectors, 0x0C, true, "qqqqmmmaaaggg", Joined(stabQuat, compVectors)},
+        {DecodeInstantEuler, 0x0D, false, "eee", euler},
+        {DecodeGyroEuler, 0x0E, true, "eee", euler},
+        {DecodeInstantQuatVectors, 0x12, false, "qqqqmmmaaaggg", Joined(instQuat, allInst)},
+        {DecodeEulerAccelRate, 0x31, true, "eeuaaaggg", Joined(Joined(euler, instAcc), compRates)},
     };
     return rows;
 }
 
 bool IsGoodPacket(const DecoderRow& row, const Bytes& packet) {
-    const std::size_t words = row.kinds.size();
-    std::int64_t sum = packet[0];
-    for (std::size_t i = 0; i <= words; ++i) sum += WordIn(packet, i);
-    if ((sum & 0xFFFF) != WordIn(packet, words + 1)) return false;
-    return row.kinds.front() != 'x' || Determinant(packet) != 0;
-}
-
-bool IsNumberOf(const DecoderRow& row, const Bytes& packet, std::size_t index, double number) {
-    const char kind = row.kinds.at(index);
-    return IsRounded(number, ScaledNumber(kind, packet, index), ScaleOf(kind));
+    return SumHolds(packet) && (row.kinds.front() != 'x' || Determinant(packet) != 0);
 }
 
 std::string FaultOfDecoder(const DecoderRow& row, const Bytes& packet) {
-    const std::size_t words = row.kinds.size();
+    const std::string name = "command " + std::to_string(row.command) + ": ";
     const SampleStateRecord before = SampleState;
     AppState.CommandBytes = packet;
     const bool verdict = row.decode();
@@ -192,24 +155,23 @@ std::string FaultOfDecoder(const DecoderRow& row, const Bytes& packet) {
     std::vector<double> numbers;
     for (const double* field : row.fields) numbers.push_back(*field);
     SampleState = before;
-    const bool sumHolds = ExpectFrame(FrameOf(row.isGyro), packet, words);
-    const bool isMatrix = row.kinds.front() == 'x';
-    const bool good = sumHolds && !(isMatrix && Determinant(packet) == 0);
-    if (verdict != good) return std::string(row.name) + ": verdict";
-    for (std::size_t i = 0; i < words; ++i) {
+    FillFrame(row, packet);
+    const bool sumHolds = SumHolds(packet);
+    const bool good = IsGoodPacket(row, packet);
+    if (verdict != good) return name + "verdict";
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
         const char kind = good ? row.kinds[i] : sumHolds ? '-' : 'r';  // '-': torn off half-way
         if (kind != '-' && !IsRounded(numbers[i], ScaledNumber(kind, packet, i), ScaleOf(kind)))
-            return std::string(row.name) + ": word " + std::to_string(i);
+            return name + "word " + std::to_string(i);
         *row.fields[i] = numbers[i];
     }
-    if (isMatrix && sumHolds) {
+    if (row.kinds.front() == 'x' && sumHolds) {
         const double unit = 8192;
-        SampleState.MatrixDeterminant =
-            static_cast<double>(Determinant(packet)) / unit / unit / unit;
+        s.MatrixDeterminant = static_cast<double>(Determinant(packet)) / unit / unit / unit;
     }
     const bool same = NumbersOf(SampleState) == NumbersOf(after);
     SampleState = after;
-    return same ? "" : std::string(row.name) + ": a field of the frame, or one not its own";
+    return same ? "" : name + "a field of the frame, or one not its own";
 }
 
 }  // namespace orbkl4

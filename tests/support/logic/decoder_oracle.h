@@ -2,7 +2,6 @@
 
 #include "base/bytes.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +12,6 @@ namespace orbkl4 {
 /// letter: r raw, m magnetic, a acceleration, g angular rate, q quaternion, e angle, u angle
 /// without sign, x matrix.
 struct DecoderRow {
-    std::string_view name;
     bool (*decode)();
     unsigned command;
     bool isGyro;
@@ -27,9 +25,6 @@ const std::vector<DecoderRow>& DecoderRows();
 /// Whether `packet`, of the right length and header, is good: its sum holds and, of a matrix, its
 /// determinant isn't 0.
 bool IsGoodPacket(const DecoderRow& row, const Bytes& packet);
-
-/// Whether `number` is what word `index` of the good `packet` is to be shown and saved as.
-bool IsNumberOf(const DecoderRow& row, const Bytes& packet, std::size_t index, double number);
 
 /// Runs the decoder of `row` on `packet`, of the right length, and checks the verdict and every
 /// number of `SampleState` by plain arithmetic. What is wrong, or an empty text.

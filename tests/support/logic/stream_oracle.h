@@ -1,10 +1,32 @@
 #pragma once
 
-#include "support/logic/stream_cases.h"
+#include "base/bytes.h"
+#include "support/logic/decoder_oracle.h"
 
-#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
 
 namespace orbkl4::test {
+
+/// Bytes that are sent in one write.
+struct Piece {
+    Bytes bytes;
+    bool awaited;  ///< the next piece follows only when the program has this one
+};
+
+/// A channel, how it saves, and a stream in pieces.
+struct StreamCase {
+    const DecoderRow* row;
+    bool saving;
+    double interval;  ///< least ticks between two rows
+    std::vector<Piece> pieces;
+};
+
+/// Makes a case of any bytes: good packets, spoilt ones, ones of another header and plain rubbish,
+/// cut anywhere.
+StreamCase ReadStreamCase(std::span<const std::uint8_t> data);
 
 /// What the program may make of what a reply brought.
 enum class Verdict { Shown, Saved, Held, BadSum, WrongFrame };
@@ -14,11 +36,7 @@ inline constexpr std::size_t verdicts = 5;
 /// Says for each piece of a stream what a sampling channel must do with it.
 class StreamOracle {
   public:
-    explicit StreamOracle(const StreamCase& streamCase)
-        : row_(*streamCase.row), saving_(streamCase.saving), interval_(streamCase.interval) {}
-
-    /// The channel was stopped and started.
-    void Restart();
+    explicit StreamOracle(const StreamCase& streamCase) : case_(streamCase) {}
 
     /// Takes bytes that came at once; whether they make up a reply, on which the oracle then has a
     /// verdict.
@@ -32,19 +50,17 @@ class StreamOracle {
     /// Whether the lamp is lit.
     bool Lit() const { return lit_; }
 
-    /// The packet on show, empty for none.
-    const Bytes& OnShow() const { return onShow_; }
+    /// The last reply.
+    const Bytes& Reply() const { return reply_; }
 
   private:
-    Verdict Judge(const Bytes& reply);
+    Verdict Judge();
 
-    const DecoderRow& row_;
-    bool saving_;
-    double interval_;
+    const StreamCase& case_;
     Bytes waiting_;
+    Bytes reply_;
     Verdict verdict_ = Verdict::WrongFrame;
     bool lit_ = false;
-    Bytes onShow_;
     double gyroTicks_ = 0;
     double lastWritten_ = 0;
 };

@@ -17,15 +17,10 @@
 #include "platform/timer.h"
 #include "support/wait.h"
 
-#include <QVariant>
-
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <map>
-#include <sstream>
-#include <string_view>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -53,48 +48,6 @@ std::int32_t HastyTickCount() {
 
 std::string Word(const Bytes& packet, std::size_t offset) {
     return std::to_string(packet.at(offset) * 256 + packet.at(offset + 1));
-}
-
-/// The word that stands in column `column` (from 0, behind the time) of a row.
-std::size_t WordOfColumn(const DecoderRow& row, std::size_t column) {
-    constexpr std::size_t pitchYawRoll[] = {1, 2, 0};
-    const bool isAngles = row.kinds == "eee";
-    return isAngles ? pitchYawRoll[column] : column;
-}
-
-/// Whether `text` has digits, and at most one point with up to `decimals` digits behind it.
-bool IsPlainNumber(std::string_view text, std::size_t decimals) {
-    const std::size_t point = text.find('.');
-    const bool hasPoint = point != std::string_view::npos;
-    const std::string_view fraction = hasPoint ? text.substr(point + 1) : std::string_view();
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    return std::ranges::all_of(text.substr(0, point), isDigit) &&
-           std::ranges::all_of(fraction, isDigit) && fraction.size() <= decimals &&
-           text.size() > (hasPoint ? 1U : 0U) && fraction.empty() != hasPoint;
-}
-
-/// Whether `text` is a number as it stands in a column behind the time.
-bool IsNumberForm(std::string_view text) {
-    constexpr std::size_t mostDecimals = 4;
-    return !text.empty() && (text.front() == ' ' || text.front() == '-') &&
-           IsPlainNumber(text.substr(1), mostDecimals);
-}
-
-/// What is wrong with `line` as the row of `packet`, or an empty text.
-std::string FaultOfRow(const DecoderRow& row, const Bytes& packet, const std::string& line) {
-    std::vector<std::string> columns;
-    std::istringstream stream(line);
-    for (std::string column; std::getline(stream, column, ',');) columns.push_back(column);
-    if (columns.size() != row.kinds.size() + 2) return "a torn row: " + line;
-    if (!IsPlainNumber(columns.front(), 2)) return "the row's time: " + line;
-    for (std::size_t i = 0; i < row.kinds.size(); ++i) {
-        const std::string& text = columns[i + 1];
-        const double number = std::strtod(text.c_str(), nullptr);
-        if (!IsNumberForm(text) || !IsNumberOf(row, packet, WordOfColumn(row, i), number))
-            return "column " + std::to_string(i + 1) + " of the row: " + line;
-    }
-    if (columns.back() != " " + Word(packet, packet.size() - 4)) return "the row's ticks: " + line;
-    return {};
 }
 
 }  // namespace
@@ -128,75 +81,44 @@ StreamRig::~StreamRig() {
 std::string StreamRig::FaultOf(std::span<const std::uint8_t> data) {
     const StreamCase streamCase = ReadStreamCase(data);
     Show(*streamCase.row);
-    std::string fault = FaultOfPieces(streamCase, streamCase.pieces);
-    const std::vector<std::string> story = story_;
-    for (const Cutting cutting : {Cutting::Whole, Cutting::Single}) {
-        if (!fault.empty()) break;
-        fault =
-            FaultOfPieces(streamCase, Recut(streamCase.pieces, LengthOf(*streamCase.row), cutting));
-        if (fault.empty() && story_ != story) fault = "another cutting, another story";
-    }
+    const std::string fault = FaultOfStream(streamCase);
     return fault.empty() ? fault : screen_->objectName().toStdString() + ": " + fault;
 }
 
 void StreamRig::Show(const DecoderRow& row) {
     if (row_ == &row) return;
     row_ = &row;
-    if (screen_ == nullptr || screen_->objectName() != QLatin1String(ScreenOf(row.command))) {
-        if (screen_ != nullptr) screen_->Unload();
-        ShowScreen(ScreenOf(row.command));
-        QCoreApplication::processEvents();
-        screen_ = FindScreen(ScreenOf(row.command));
-        for (auto* timer : screen_->findChildren<Timer*>()) timer->Interval(0);  // no watchdog
-    }
-    NoteControls(row.isGyro);
+    if (screen_ != nullptr) screen_->Unload();
+    const char* name = ScreenOf(row.command);
+    ShowScreen(name);
+    QCoreApplication::processEvents();
+    screen_ = FindScreen(name);
+    for (auto* timer : screen_->findChildren<Timer*>()) timer->Interval(0);  // no watchdog
+    port_ = screen_->findChild<MSComm*>(QLatin1String(row.isGyro ? "MSComm1" : "MSComm2"));
+    led_ = screen_->findChild<CWButton*>(QLatin1String(row.isGyro ? "LED" : "LEDI"));
     Click();  // a view that has been stopped once doesn't look like a fresh one: dials show 0
     Click();
     line_.Take(1);
 }
 
-void StreamRig::NoteControls(bool isGyro) {
-    const auto find = [this](QString name, bool twin) {
-        return screen_->findChild<QObject*>(twin ? name + QLatin1Char('I') : name);
-    };
-    port_ =
-        screen_->findChild<MSComm*>(isGyro ? QStringLiteral("MSComm1") : QStringLiteral("MSComm2"));
-    led_ = find(QStringLiteral("LED"), !isGyro);
-    head_.clear();
-    for (const char* name : {"txtHeader", "txtTimerTicks", "txtCS"})
-        if (const QObject* field = find(QLatin1String(name), !isGyro)) head_.push_back(field);
-    if (screen_->objectName() == QLatin1String("Angles")) head_.clear();
-    controls_.clear();
-    for (const auto* field : screen_->findChildren<TextField*>())
-        controls_.push_back({field, "text"});
-    for (const auto* slide : screen_->findChildren<CWSlide*>())
-        controls_.push_back({slide, "value"});
-    for (const auto* dial : screen_->findChildren<CWKnob*>()) controls_.push_back({dial, "value"});
-}
-
 void StreamRig::Click() { screen_->Menu(EntryOf(*row_)).trigger(); }
 
-std::string StreamRig::FaultOfPieces(const StreamCase& streamCase,
-                                     const std::vector<Piece>& pieces) {
+std::string StreamRig::FaultOfStream(const StreamCase& streamCase) {
     SampleState = {};
     SampleState.SaveActive = streamCase.saving;
     SampleState.WriteIntervalTicks = streamCase.interval;
     std::ofstream(dataFile_, std::ios::trunc).close();
     savedBytes_ = 0;
-    story_.clear();
     StreamOracle oracle(streamCase);
     std::string fault = FaultOfStart();
-    for (const Piece& piece : pieces) {
-        if (fault.empty() && piece.restart) {
-            if (!AllIn(oracle)) return "bytes are missing before a restart";
-            Click();
-            oracle.Restart();
-            fault = FaultOfStart();
-        }
+    for (const Piece& piece : streamCase.pieces) {
         if (!fault.empty()) return fault;
         line_.Send(piece.bytes);
-        fault =
-            oracle.Takes(piece.bytes) ? FaultOfReply(oracle) : FaultOfWaiting(oracle, piece.settle);
+        if (oracle.Takes(piece.bytes)) {
+            fault = FaultOfReply(oracle);
+        } else if ((piece.awaited && !AllIn(oracle)) || !line_.TakeAll().empty()) {
+            fault = "bytes too many or too few wait, or a request before the reply was whole";
+        }
     }
     if (!fault.empty()) return fault;
     if (!AllIn(oracle)) return "bytes too many or too few wait at the end";
@@ -209,7 +131,7 @@ std::string StreamRig::FaultOfStart() {
     shown_ = Snapshot();
     const Bytes request = line_.Take(1);
     if (request != Bytes{static_cast<std::uint8_t>(row_->command)}) return "the first request";
-    return led_->property("value").toBool() ? "the lamp is lit at the start" : "";
+    return led_->Value() ? "the lamp is lit at the start" : "";
 }
 
 std::string StreamRig::FaultOfReply(const StreamOracle& oracle) {
@@ -231,18 +153,20 @@ std::string StreamRig::FaultOfReply(const StreamOracle& oracle) {
 
 std::string StreamRig::FaultOfShown(const StreamOracle& oracle) {
     const std::string before = std::exchange(shown_, Snapshot());
-    const bool lit = led_->property("value").toBool();
-    story_.push_back(shown_ + (lit ? "lit" : "dark"));
-    if (lit != oracle.Lit()) return "the lamp";
+    if (led_->Value() != oracle.Lit()) return "the lamp";
     const Verdict verdict = oracle.LastVerdict();
     const bool isNew = verdict == Verdict::Shown || verdict == Verdict::Saved;
     if (!isNew) return shown_ == before ? "" : "something is shown of what must not be";
-    const Bytes& packet = oracle.OnShow();
-    const std::string texts[] = {std::to_string(packet.front()), Word(packet, packet.size() - 4),
-                                 Word(packet, packet.size() - 2)};
-    for (std::size_t i = 0; i < head_.size(); ++i) {
-        if (head_[i]->property("text").toString().toStdString() != texts[i])
-            return head_[i]->objectName().toStdString() + " isn't " + texts[i];
+    if (row_->kinds == "eee") return {};  // its dials have no header, ticks and checksum
+    const Bytes& packet = oracle.Reply();
+    const std::pair<QString, std::string> head[] = {
+        {QStringLiteral("txtHeader"), std::to_string(packet.front())},
+        {QStringLiteral("txtTimerTicks"), Word(packet, packet.size() - 4)},
+        {QStringLiteral("txtCS"), Word(packet, packet.size() - 2)}};
+    for (const auto& [name, text] : head) {
+        const QString field = row_->isGyro ? name : name + QLatin1Char('I');
+        if (screen_->findChild<TextField*>(field)->Text() != text)
+            return field.toStdString() + " isn't " + text;
     }
     return {};
 }
@@ -254,30 +178,27 @@ std::string StreamRig::FaultOfSaved(const StreamOracle& oracle) {
     savedBytes_ += static_cast<long>(added.size());
     if (oracle.LastVerdict() != Verdict::Saved)
         return added.empty() ? "" : "a row of what must not be saved: " + added;
-    if (!added.ends_with("\r\n") || std::ranges::count(added, '\n') != 1)
-        return "not one row is added: " + added;
-    added.resize(added.size() - 2);
-    return FaultOfRow(*row_, oracle.OnShow(), added);
-}
-
-std::string StreamRig::FaultOfWaiting(const StreamOracle& oracle, Settle settle) {
-    if (settle == Settle::ByEvents) QCoreApplication::processEvents();
-    if (settle == Settle::ByCount && !AllIn(oracle)) return "bytes too many or too few wait";
-    return line_.TakeAll().empty() ? "" : "a request before the reply was whole";
+    const Bytes& packet = oracle.Reply();
+    const bool isOneRow =
+        added.ends_with(", " + Word(packet, packet.size() - 4) + "\r\n") &&
+        std::ranges::count(added, '\n') == 1 &&
+        std::ranges::count(added, ',') == static_cast<std::ptrdiff_t>(row_->kinds.size() + 1);
+    return isOneRow ? "" : "not the reply's one row is added: " + added;
 }
 
 /// Whether the program gets hold of all bytes that came since the last reply, and no others.
 bool StreamRig::AllIn(const StreamOracle& oracle) {
-    return WaitFor([&] {
-               return static_cast<std::size_t>(port_->InBufferCount()) >= oracle.Waiting();
-           }) &&
-           static_cast<std::size_t>(port_->InBufferCount()) == oracle.Waiting();
+    const auto waiting = [&] { return static_cast<std::size_t>(port_->InBufferCount()); };
+    return WaitFor([&] { return waiting() >= oracle.Waiting(); }) && waiting() == oracle.Waiting();
 }
 
 std::string StreamRig::Snapshot() const {
     std::string texts;
-    for (const auto& [object, property] : controls_)
-        texts += object->property(property).toString().toStdString() + ' ';
+    for (const auto* field : screen_->findChildren<TextField*>()) texts += field->Text() + ' ';
+    for (const auto* slide : screen_->findChildren<CWSlide*>())
+        texts += std::to_string(slide->Value()) + ' ';
+    for (const auto* dial : screen_->findChildren<CWKnob*>())
+        texts += std::to_string(dial->Value()) + ' ';
     return texts;
 }
 

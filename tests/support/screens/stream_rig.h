@@ -10,9 +10,9 @@
 
 #include <array>
 #include <string>
-#include <vector>
 
 namespace orbkl4 {
+class CWButton;
 class MSComm;
 class Screen;
 }  // namespace orbkl4
@@ -28,29 +28,21 @@ class StreamRig {
     StreamRig(const StreamRig&) = delete;
     StreamRig& operator=(const StreamRig&) = delete;
 
-    /// Feeds the stream that `data` stands for to its channel, as cut there and in two other
-    /// cuttings that may change nothing, and checks after each reply what is shown, saved and
-    /// requested. What is wrong, or an empty text.
+    /// Feeds the stream that `data` stands for to its channel, and checks after each reply what is
+    /// shown, saved and requested. What is wrong, or an empty text.
     std::string FaultOf(std::span<const std::uint8_t> data);
 
     /// How often each verdict was due so far.
     const std::array<int, verdicts>& Verdicts() const { return verdicts_; }
 
   private:
-    struct Control {
-        const QObject* object;
-        const char* property;
-    };
-
     void Show(const DecoderRow& row);
-    void NoteControls(bool isGyro);
     void Click();
-    std::string FaultOfPieces(const StreamCase& streamCase, const std::vector<Piece>& pieces);
+    std::string FaultOfStream(const StreamCase& streamCase);
     std::string FaultOfStart();
     std::string FaultOfReply(const StreamOracle& oracle);
     std::string FaultOfShown(const StreamOracle& oracle);
     std::string FaultOfSaved(const StreamOracle& oracle);
-    std::string FaultOfWaiting(const StreamOracle& oracle, Settle settle);
     bool AllIn(const StreamOracle& oracle);
     std::string Snapshot() const;
 
@@ -61,11 +53,8 @@ class StreamRig {
     const DecoderRow* row_ = nullptr;
     QPointer<Screen> screen_;
     MSComm* port_ = nullptr;
-    const QObject* led_ = nullptr;
-    std::vector<Control> controls_;     ///< all that the view shows
-    std::vector<const QObject*> head_;  ///< header, ticks and checksum, where the view has them
-    std::string shown_;                 ///< the last snapshot
-    std::vector<std::string> story_;    ///< the snapshots after each reply
+    const CWButton* led_ = nullptr;
+    std::string shown_;  ///< the last snapshot
     std::string dataFile_;
     long savedBytes_ = 0;
     std::array<int, verdicts> verdicts_{};
