@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <regex>
+#include <regex.h>
 #include <stdexcept>
 
 namespace orbkl4::test {
@@ -19,8 +19,13 @@ bool IsWord(const std::string& text) {
 
 /// Seconds, to two decimals at most; nothing before the point where it would be 0.
 bool IsTime(const std::string& text) {
-    static const std::regex form("0|[1-9][0-9]*|([1-9][0-9]*)?\\.[0-9]?[1-9]");
-    return std::regex_match(text, form);
+    static const regex_t form = [] {
+        regex_t made{};
+        ::regcomp(&made, R"(^(0|[1-9][0-9]*|([1-9][0-9]*)?\.[0-9]?[1-9])$)",
+                  REG_EXTENDED | REG_NOSUB);
+        return made;
+    }();
+    return ::regexec(&form, text.c_str(), 0, nullptr, 0) == 0;
 }
 
 /// The parts of `text` that end with `end`, and what is left.

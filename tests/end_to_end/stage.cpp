@@ -2,11 +2,12 @@
 
 #include "child_process.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
-#include <regex>
+#include <string_view>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -31,12 +32,19 @@ void Place(const fs::path& from, const fs::path& to) {
     if (failed) fs::copy_file(from, to);
 }
 
-/// Whether `text`, a date and time in the log's form, is of the last few minutes.
+/// Whether `text` is a date and time in the log's form, of the last few minutes.
 bool IsRecent(const std::string& text) {
     constexpr double fewMinutes = 600;
     std::tm time{};
     time.tm_isdst = -1;
-    if (::strptime(text.c_str(), "%d/%m/%Y %I:%M:%S %p", &time) == nullptr) return false;
+    const char* const end = ::strptime(text.c_str(), "%d/%m/%Y %I:%M:%S ", &time);
+    if (end == nullptr || std::string_view(end) != (text.ends_with("pm") ? "pm" : "am")) {
+        return false;
+    }
+    std::array<char, 40> form{};
+    std::strftime(form.data(), form.size(), "%d/%m/%Y %I:%M:%S ", &time);
+    if (!text.starts_with(form.data())) return false;  // without its leading zeros
+    if (text.ends_with("pm")) time.tm_hour += 12;
     const double age = std::difftime(std::time(nullptr), std::mktime(&time));
     return age >= 0 && age < fewMinutes;
 }
@@ -68,10 +76,11 @@ void Stage::StoreSettings(const std::string& lines) const {
 std::string Stage::ErrorLog() const { return WithDatesMasked(ContentOf(Logs() / "error.log")); }
 
 std::string WithDatesMasked(std::string text) {
-    static const std::regex form("Date: (\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d [ap]m)");
-    for (std::smatch date; std::regex_search(text, date, form);) {
-        const char* const mask = IsRecent(date[1]) ? "D" : "not of the last few minutes";
-        text = date.prefix().str() + "Date: " + mask + date.suffix().str();
+    constexpr std::size_t length = std::string_view("31/12/2024 11:59:59 pm").size();
+    const std::string label = "Date: ";
+    for (auto at = text.find(label); at != std::string::npos; at = text.find(label, at + 1)) {
+        const auto start = at + label.size();
+        if (IsRecent(text.substr(start, length))) text.replace(start, length, "D");
     }
     return text;
 }
