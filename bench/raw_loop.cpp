@@ -101,7 +101,7 @@ std::vector<double> BareHandlerTimes(const std::string& device, DeviceCommand co
     RawLine line(device, length, baud);
     std::vector<double> times;
     line.Ask(ByteOf(command));
-    while (count-- > 0 && line.Await(length)) {
+    for (int i = 0; i < count && line.Await(length); ++i) {
         const auto start = Clock::now();
         bool done = line.Take(length);
         const int handle = ::open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);

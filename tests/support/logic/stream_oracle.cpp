@@ -2,6 +2,7 @@
 
 #include "support/frames.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <utility>
@@ -81,6 +82,23 @@ StreamCase ReadStreamCase(std::span<const std::uint8_t> data) {
         }
     }
     return streamCase;
+}
+
+StreamCase CutSingly(const StreamCase& streamCase) {
+    const std::size_t length = LengthOf(*streamCase.row);
+    StreamCase cut = streamCase;
+    cut.pieces.clear();
+    std::size_t waiting = 0;
+    for (const auto& [bytes, awaited] : streamCase.pieces) {
+        const std::size_t single = std::min(bytes.size(), length - 1 - waiting);
+        const auto completing = bytes.begin() + static_cast<std::ptrdiff_t>(single);
+        for (auto byte = bytes.begin(); byte != completing; ++byte)
+            cut.pieces.push_back({Bytes{*byte}, false});
+        if (completing != bytes.end())
+            cut.pieces.push_back({Bytes(completing, bytes.end()), awaited});
+        waiting = completing == bytes.end() ? waiting + single : 0;
+    }
+    return cut;
 }
 
 bool StreamOracle::Takes(const Bytes& bytes) {

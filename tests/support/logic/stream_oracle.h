@@ -28,6 +28,10 @@ struct StreamCase {
 /// cut anywhere.
 StreamCase ReadStreamCase(std::span<const std::uint8_t> data);
 
+/// The same stream with the bytes of each reply sent singly, up to the one that completes it, so
+/// that nothing that the program does may change.
+StreamCase CutSingly(const StreamCase& streamCase);
+
 /// What the program may make of what a reply brought.
 enum class Verdict { Shown, Saved, Held, BadSum, WrongFrame };
 

@@ -81,7 +81,10 @@ StreamRig::~StreamRig() {
 std::string StreamRig::FaultOf(std::span<const std::uint8_t> data) {
     const StreamCase streamCase = ReadStreamCase(data);
     Show(*streamCase.row);
-    const std::string fault = FaultOfStream(streamCase);
+    std::string fault = FaultOfStream(streamCase);
+    const std::string story = story_;
+    if (fault.empty()) fault = FaultOfStream(CutSingly(streamCase));
+    if (fault.empty() && story_ != story) fault = "another cutting, another story";
     return fault.empty() ? fault : screen_->objectName().toStdString() + ": " + fault;
 }
 
@@ -109,6 +112,7 @@ std::string StreamRig::FaultOfStream(const StreamCase& streamCase) {
     SampleState.WriteIntervalTicks = streamCase.interval;
     std::ofstream(dataFile_, std::ios::trunc).close();
     savedBytes_ = 0;
+    story_.clear();
     StreamOracle oracle(streamCase);
     std::string fault = FaultOfStart();
     for (const Piece& piece : streamCase.pieces) {
@@ -153,6 +157,7 @@ std::string StreamRig::FaultOfReply(const StreamOracle& oracle) {
 
 std::string StreamRig::FaultOfShown(const StreamOracle& oracle) {
     const std::string before = std::exchange(shown_, Snapshot());
+    story_ += shown_ + (led_->Value() ? "lit\n" : "dark\n");
     if (led_->Value() != oracle.Lit()) return "the lamp";
     const Verdict verdict = oracle.LastVerdict();
     const bool isNew = verdict == Verdict::Shown || verdict == Verdict::Saved;

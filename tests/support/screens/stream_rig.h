@@ -29,7 +29,8 @@ class StreamRig {
     StreamRig& operator=(const StreamRig&) = delete;
 
     /// Feeds the stream that `data` stands for to its channel, and checks after each reply what is
-    /// shown, saved and requested. What is wrong, or an empty text.
+    /// shown, saved and requested, and that another cutting changes nothing of what is shown. What
+    /// is wrong, or an empty text.
     std::string FaultOf(std::span<const std::uint8_t> data);
 
     /// How often each verdict was due so far.
@@ -55,6 +56,7 @@ class StreamRig {
     MSComm* port_ = nullptr;
     const CWButton* led_ = nullptr;
     std::string shown_;  ///< the last snapshot
+    std::string story_;  ///< what each reply of the stream left on the screen
     std::string dataFile_;
     long savedBytes_ = 0;
     std::array<int, verdicts> verdicts_{};
