@@ -198,7 +198,7 @@ TEST_F(EepromMapRuns, SilenceIsAnErrorOfTheTickAndTheRunGoesOnWithALateReply) {
 
 TEST_F(EepromMapRuns, ARetryWaitsForItsAnswerAndGetsAFullTick) {
     constexpr std::chrono::milliseconds tick(120);
-    constexpr std::chrono::milliseconds slack(30);  // of the two threads' clocks
+    constexpr std::chrono::milliseconds slack(60);  // of the two threads' clocks
     delete hastener;
     Get<Timer>(*screen, "TimerRead").Interval(tick.count());
     hand.Hesitate(3 * tick.count());
