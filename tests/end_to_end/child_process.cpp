@@ -1,113 +1,81 @@
 #include "child_process.h"
 
-#include <array>
-#include <cerrno>
-#include <cstdlib>
+#include <csignal>
 #include <ctime>
 #include <fstream>
 #include <linux/capability.h>
-#include <poll.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace orbkl4::test {
 
 namespace {
 
-/// Becomes the program; only in a fresh child.
-[[noreturn]] void Become(std::string& program, std::vector<std::string>& arguments,
-                         const std::map<std::string, std::string>& environment, int line) {
-    constexpr int programNotStarted = 127;
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    // Root could open lines that an ordinary user can't; others have no such rights to lose.
-    ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
-    ::prctl(PR_CAPBSET_DROP, CAP_SYS_ADMIN, 0, 0, 0);
-    ::dup2(line, STDIN_FILENO);
-    ::dup2(line, STDOUT_FILENO);
-    for (const auto& [name, value] : environment) ::setenv(name.c_str(), value.c_str(), 1);
-    std::vector<char*> words{program.data()};
-    for (std::string& argument : arguments) words.push_back(argument.data());
-    words.push_back(nullptr);
-    ::execv(words.front(), words.data());
-    ::_exit(programNotStarted);
-}
+int Milliseconds(std::chrono::milliseconds time) { return static_cast<int>(time.count()); }
 
 }  // namespace
 
-ChildProcess::ChildProcess(std::string program, std::vector<std::string> arguments,
+ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                            const std::map<std::string, std::string>& environment) {
-    std::array<int, 2> ends{};
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        throw std::system_error(errno, std::generic_category(), "socketpair");
-    }
-    id_ = ::fork();
-    if (id_ < 0) throw std::system_error(errno, std::generic_category(), "fork");
-    if (id_ == 0) Become(program, arguments, environment, ends[1]);
-    ::close(ends[1]);
-    line_ = ends[0];
+    QStringList words;
+    for (const std::string& argument : arguments) words += QString::fromStdString(argument);
+    auto variables = QProcessEnvironment::systemEnvironment();
+    for (const auto& [name, value] : environment)
+        variables.insert(QString::fromStdString(name), QString::fromStdString(value));
+    process_.setProcessEnvironment(variables);
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.setChildProcessModifier([] {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        // Root could open lines that an ordinary user can't; others have no such rights to lose.
+        ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
+        ::prctl(PR_CAPBSET_DROP, CAP_SYS_ADMIN, 0, 0, 0);
+    });
+    process_.start(QString::fromStdString(program), words);
+    if (!process_.waitForStarted()) throw std::runtime_error("can't start " + program);
 }
 
-ChildProcess::~ChildProcess() {
-    Kill();
-    ::close(line_);
-}
-
-void ChildProcess::Say(const std::string& text) const {
-    if (::send(line_, text.data(), text.size(), MSG_NOSIGNAL) < 0) {
-        throw std::runtime_error("the program has ended");
-    }
+void ChildProcess::Say(const std::string& text) {
+    process_.write(text.data(), static_cast<qint64>(text.size()));
+    if (!process_.waitForBytesWritten()) throw std::runtime_error("the program has ended");
 }
 
 std::string ChildProcess::Hear(char end) {
-    pollfd watched{line_, POLLIN, 0};
-    while (heard_.find(end) == std::string::npos) {
-        std::array<char, 4096> chunk{};
-        if (::poll(&watched, 1, static_cast<int>(patience.count())) != 1) {
-            throw std::runtime_error("the program doesn't answer");
-        }
-        const auto count = ::read(line_, chunk.data(), chunk.size());
-        if (count <= 0) throw std::runtime_error("the program has ended");
-        heard_.append(chunk.data(), static_cast<std::size_t>(count));
+    // Handing over what is said takes in what has come meanwhile.
+    while (!(heard_ += process_.readAllStandardOutput()).contains(end)) {
+        if (!process_.waitForReadyRead(Milliseconds(patience)))
+            throw std::runtime_error("the program doesn't answer, or has ended");
     }
-    const auto length = heard_.find(end);
-    std::string text = heard_.substr(0, length);
-    heard_.erase(0, length + 1);
+    const auto length = heard_.indexOf(end);
+    const std::string text = heard_.left(length).toStdString();
+    heard_.remove(0, length + 1);
     return text;
 }
 
 void ChildProcess::Pause() const {
-    ::kill(id_, SIGSTOP);
-    ::waitpid(id_, nullptr, WUNTRACED);
+    const auto id = static_cast<pid_t>(process_.processId());
+    ::kill(id, SIGSTOP);
+    ::waitpid(id, nullptr, WUNTRACED);
 }
+
+void ChildProcess::Resume() const { ::kill(static_cast<pid_t>(process_.processId()), SIGCONT); }
 
 void ChildProcess::Kill() {
-    if (HasEnded()) return;
-    ::kill(id_, SIGKILL);
-    AwaitEnd();
-}
-
-bool ChildProcess::HasEnded() {
-    int status = 0;
-    if (!code_ && ::waitpid(id_, &status, WNOHANG) == id_) {
-        code_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    return code_.has_value();
+    process_.kill();
+    process_.waitForFinished(Milliseconds(patience));
 }
 
 int ChildProcess::AwaitEnd(std::chrono::milliseconds limit) {
-    WaitUntil([this] { return HasEnded(); }, limit);
-    return code_.value_or(-1);
+    process_.waitForFinished(Milliseconds(limit));
+    const bool ended = process_.state() == QProcess::NotRunning;
+    return ended && process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
 }
 
 double ChildProcess::ProcessorSeconds() const {
     clockid_t clock{};
     timespec used{};
-    ::clock_getcpuclockid(id_, &clock);
+    ::clock_getcpuclockid(static_cast<pid_t>(process_.processId()), &clock);
     ::clock_gettime(clock, &used);
     return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) * 1e-9;
 }

@@ -1,12 +1,11 @@
 #pragma once
 
+#include <QProcess>
+
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
-#include <sys/types.h>
 #include <thread>
 #include <vector>
 
@@ -32,16 +31,16 @@ bool WaitUntil(Condition condition, std::chrono::milliseconds limit = patience) 
 /// rights, whoever runs the tests, and is killed with this object, and with the test.
 class ChildProcess {
   public:
-    /// Starts `program` with `environment` beside what is inherited; throws std::system_error
+    /// Starts `program` with `environment` beside what is inherited; throws std::runtime_error
     /// where that fails.
-    ChildProcess(std::string program, std::vector<std::string> arguments,
+    ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                  const std::map<std::string, std::string>& environment);
-    ~ChildProcess();
+    ~ChildProcess() { Kill(); }
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     /// Hands it `text`; throws std::runtime_error where it has ended.
-    void Say(const std::string& text) const;
+    void Say(const std::string& text);
 
     /// What it says next, up to `end`, which is taken off; throws std::runtime_error where
     /// nothing comes for long or it has ended.
@@ -49,7 +48,7 @@ class ChildProcess {
 
     /// Stops it where it stands, until `Resume`.
     void Pause() const;
-    void Resume() const { ::kill(id_, SIGCONT); }
+    void Resume() const;
 
     /// Ends it as nothing can resist, and waits for that.
     void Kill();
@@ -62,12 +61,8 @@ class ChildProcess {
     double ProcessorSeconds() const;
 
   private:
-    bool HasEnded();
-
-    pid_t id_ = -1;
-    int line_ = -1;
-    std::string heard_;
-    std::optional<int> code_;
+    QProcess process_;
+    QByteArray heard_;
 };
 
 /// The whole content of the file at `path`, empty where there is none.

@@ -214,7 +214,7 @@ void Hear() {
     heard.pop_back();
     const std::string answer = MessageOf(Obey(FieldsOf(heard)));
     heard.clear();
-    if (::write(STDIN_FILENO, answer.data(), answer.size()) < 0) std::_Exit(EXIT_FAILURE);
+    if (::write(STDOUT_FILENO, answer.data(), answer.size()) < 0) std::_Exit(EXIT_FAILURE);
 }
 
 }  // namespace

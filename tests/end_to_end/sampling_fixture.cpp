@@ -1,43 +1,24 @@
 #include "sampling_fixture.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
-#include <cstdlib>
-#include <regex.h>
 #include <stdexcept>
 
 namespace orbkl4::test {
 
 namespace {
 
-constexpr std::size_t headLines = 5;
-
-/// A word from 0 to 65535 behind one blank.
-bool IsWord(const std::string& text) {
-    const auto number = std::strtoul(text.c_str(), nullptr, 10);
-    return number <= 65535 && text == " " + std::to_string(number);
-}
-
-/// Seconds, to two decimals at most; nothing before the point where it would be 0.
-bool IsTime(const std::string& text) {
-    static const regex_t form = [] {
-        regex_t made{};
-        ::regcomp(&made, R"(^(0|[1-9][0-9]*|([1-9][0-9]*)?\.[0-9]?[1-9])$)",
-                  REG_EXTENDED | REG_NOSUB);
-        return made;
-    }();
-    return ::regexec(&form, text.c_str(), 0, nullptr, 0) == 0;
-}
-
-/// The parts of `text` that end with `end`, and what is left.
-std::vector<std::string> Split(const std::string& text, const std::string& end) {
-    std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (auto at = text.find(end); at != std::string::npos; at = text.find(end, start)) {
-        parts.push_back(text.substr(start, at - start));
-        start = at + end.size();
-    }
-    parts.push_back(text.substr(start));
-    return parts;
+/// A time in seconds, to two decimals at most and with nothing before the point where that would
+/// be 0, and ten words from 0 to 65535, each behind one blank.
+bool IsRow(const QStringList& columns) {
+    static const QRegularExpression time(R"(^(0|[1-9]\d*|([1-9]\d*)?\.\d?[1-9])$)");
+    const auto isWord = [](const QString& text) {
+        const int number = text.toInt();
+        return number >= 0 && number <= 65535 && text == QStringLiteral(" %1").arg(number);
+    };
+    return columns.size() == 11 && time.match(columns[0]).hasMatch() &&
+           std::all_of(columns.begin() + 1, columns.end(), isWord);
 }
 
 }  // namespace
@@ -62,16 +43,16 @@ testing::AssertionResult SamplingTest::Grows(const std::string& name, std::size_
 }
 
 Rows SamplingTest::ReadRows(const std::string& name) const {
-    std::vector<std::string> lines = Split(Content(name), "\r\n");
-    if (!lines.back().empty()) throw std::runtime_error("the last line is cut: " + lines.back());
-    lines.pop_back();
+    constexpr qsizetype headLines = 5;
+    QStringList lines = QString::fromStdString(Content(name)).split(QStringLiteral("\r\n"));
+    if (!lines.takeLast().isEmpty()) throw std::runtime_error("the last line is cut");
     if (lines.size() < headLines) throw std::runtime_error("the head is cut");
     Rows rows;
-    for (std::size_t i = headLines; i < lines.size(); ++i) {
-        const auto& row = rows.emplace_back(Split(lines[i], ","));
-        const bool whole = row.size() == 11 && IsTime(row.front()) &&
-                           std::all_of(row.begin() + 1, row.end(), IsWord);
-        if (!whole) throw std::runtime_error("not a whole row: " + lines[i]);
+    for (const QString& line : lines.mid(headLines)) {
+        const QStringList columns = line.split(QLatin1Char(','));
+        if (!IsRow(columns)) throw std::runtime_error("not a whole row: " + line.toStdString());
+        rows.emplace_back();
+        for (const QString& column : columns) rows.back().push_back(column.toStdString());
     }
     return rows;
 }

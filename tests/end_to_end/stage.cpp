@@ -2,10 +2,10 @@
 
 #include "child_process.h"
 
-#include <array>
-#include <cerrno>
+#include <QDateTime>
+#include <QLocale>
+
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <string_view>
 #include <system_error>
@@ -15,14 +15,6 @@ namespace fs = std::filesystem;
 namespace orbkl4::test {
 
 namespace {
-
-fs::path NewFolder() {
-    std::string name = (fs::temp_directory_path() / "orb-kl4-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) {
-        throw std::system_error(errno, std::generic_category(), "mkdtemp");
-    }
-    return name;
-}
 
 /// A hard link is as good as a copy: the program looks for its folder under the name it ran as.
 void Place(const fs::path& from, const fs::path& to) {
@@ -34,32 +26,20 @@ void Place(const fs::path& from, const fs::path& to) {
 
 /// Whether `text` is a date and time in the log's form, of the last few minutes.
 bool IsRecent(const std::string& text) {
-    constexpr double fewMinutes = 600;
-    std::tm time{};
-    time.tm_isdst = -1;
-    const char* const end = ::strptime(text.c_str(), "%d/%m/%Y %I:%M:%S ", &time);
-    if (end == nullptr || std::string_view(end) != (text.ends_with("pm") ? "pm" : "am")) {
-        return false;
-    }
-    std::array<char, 40> form{};
-    std::strftime(form.data(), form.size(), "%d/%m/%Y %I:%M:%S ", &time);
-    if (!text.starts_with(form.data())) return false;  // without its leading zeros
-    if (text.ends_with("pm")) time.tm_hour += 12;
-    const double age = std::difftime(std::time(nullptr), std::mktime(&time));
-    return age >= 0 && age < fewMinutes;
+    constexpr qint64 fewMinutes = 600;
+    const QString form = QStringLiteral("dd/MM/yyyy hh:mm:ss ap");
+    const QString shown = QString::fromStdString(text);
+    const QDateTime time = QLocale::c().toDateTime(shown, form);
+    return QLocale::c().toString(time, form) == shown &&  // with its leading zeros
+           std::abs(time.secsTo(QDateTime::currentDateTime())) < fewMinutes;
 }
 
 }  // namespace
 
-Stage::Stage() : root_(NewFolder()) {
+Stage::Stage() {
     fs::create_directories(Config());
     Place(WORKBENCH_PROGRAM, Program());
     Place(HAND_PLUGIN, PluginFolder() / "generic" / "libhand.so");
-}
-
-Stage::~Stage() {
-    std::error_code ignored;
-    fs::remove_all(root_, ignored);
 }
 
 void Stage::LinkPort(int number, const fs::path& target) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QTemporaryDir>
+
 #include <filesystem>
 #include <string>
 
@@ -10,16 +12,13 @@ namespace orbkl4::test {
 class Stage {
   public:
     Stage();
-    ~Stage();
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
 
-    std::filesystem::path Root() const { return root_; }
-    std::filesystem::path Program() const { return root_ / "program" / "orb-kl4-workbench"; }
-    std::filesystem::path DataFiles() const { return root_ / "program" / "Data Files"; }
-    std::filesystem::path Logs() const { return root_ / "program" / "Logs"; }
-    std::filesystem::path Config() const { return root_ / "config"; }
-    std::filesystem::path PluginFolder() const { return root_ / "plugins"; }
+    std::filesystem::path Root() const { return root_.path().toStdString(); }
+    std::filesystem::path Program() const { return Root() / "program" / "orb-kl4-workbench"; }
+    std::filesystem::path DataFiles() const { return Root() / "program" / "Data Files"; }
+    std::filesystem::path Logs() const { return Root() / "program" / "Logs"; }
+    std::filesystem::path Config() const { return Root() / "config"; }
+    std::filesystem::path PluginFolder() const { return Root() / "plugins"; }
 
     /// The settings store.
     std::filesystem::path Settings() const {
@@ -36,7 +35,7 @@ class Stage {
     std::string ErrorLog() const;
 
   private:
-    std::filesystem::path root_;
+    QTemporaryDir root_;
 };
 
 /// `text` with "D" in place of each date and time of the last few minutes that has its form.
