@@ -51,7 +51,7 @@ class Terminal {
     std::string path_;
 };
 
-/// Ports 1 to 5 can't be used, each for a reason of its own.
+/// Ports 1 to 6 can't be used, each for a reason of its own.
 class UselessPorts : public testing::Test {
   protected:
     UselessPorts() {
@@ -60,7 +60,7 @@ class UselessPorts : public testing::Test {
         fs::create_directory(folder);
         held.Hold();
         int port = 0;
-        for (const auto& target : {file, fifo, folder, forbidden.Path(), held.Path()}) {
+        for (const auto& target : {file, fifo, folder, forbidden.Path(), held.Path(), device}) {
             stage.LinkPort(++port, target);
         }
     }
@@ -69,16 +69,17 @@ class UselessPorts : public testing::Test {
     const std::string file = stage.Root() / "file";
     const std::string fifo = stage.Root() / "fifo";
     const std::string folder = stage.Root() / "folder";
+    const std::string device = "/dev/null";
     Terminal forbidden;
     Terminal held;
     const std::string group = forbidden.Forbid();
 };
 
 TEST_F(UselessPorts, ArePassedOverByTheSearchWithoutAWord) {
-    const SimulatedSensor sensor(stage, {"--port", "6"});
+    const SimulatedSensor sensor(stage, {"--port", "7"});
     RunningProgram program(stage);
     program.Search();
-    EXPECT_EQ(program.Get("Connect", "txtPort", "text"), "6");
+    EXPECT_EQ(program.Get("Connect", "txtPort", "text"), "7");
     EXPECT_EQ(stage.ErrorLog(), "");
 }
 
@@ -97,7 +98,11 @@ TEST_F(UselessPorts, GiveATextOfTheirOwnOnceTheyAreOpened) {
          "Permission denied: port 4 (" + forbidden.Path() +
              "). No permission to use it; the group \"" + group + "\" has it"},
         {"5", "8005", "Port in use: port 5 (" + held.Path() + ") is held by another program"},
-        {"-3", "8002", absent + "-3"}};
+        {"6", "8002",
+         "Invalid port number: port 6 (/dev/null) can't be opened, Inappropriate ioctl for device"},
+        {"-3", "8002", absent + "-3"},
+        {"0", "8002", absent + "0"},
+        {"17", "8002", absent + "17"}};
     const Reported closed{"8018", "SetToPolledMode", "Main",
                           "Operation valid only when the port is open"};
     std::string log;

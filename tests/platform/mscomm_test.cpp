@@ -7,16 +7,12 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace orbkl4::test {
 
@@ -48,25 +44,6 @@ bool IsHeldExclusively(const QString& path) {
     return exclusive != 0;
 }
 
-/// Makes the process the ordinary user who owns `path`, as far as permissions are asked for.
-class OrdinaryUser {
-  public:
-    explicit OrdinaryUser(const char* path) {
-        if (::getuid() != 0) return;
-        done_ = ::chown(path, nobody, unchanged) == 0 && ::setreuid(nobody, unchanged) == 0;
-    }
-    ~OrdinaryUser() {
-        if (done_ && ::setreuid(0, unchanged) != 0) std::abort();
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-  private:
-    static constexpr uid_t nobody = 65534;
-    static constexpr uid_t unchanged = static_cast<uid_t>(-1);
-    bool done_ = false;
-};
-
 class SerialPort : public testing::Test {
   protected:
     SerialPort() : port(nullptr, "MSComm1") {
@@ -90,38 +67,6 @@ class SerialPort : public testing::Test {
 };
 
 }  // namespace
-
-TEST_F(SerialPort, OpensNothingButASerialLine) {
-    struct Case {
-        std::int16_t number;
-        const char* text;
-    };
-    surroundings.LinkPort(5, QStringLiteral("/dev/null"));
-    for (const Case& row : {Case{5, "port 5 (/dev/null) can't be opened"},
-                            Case{0, "there is no serial line at port 0"},
-                            Case{17, "there is no serial line at port 17"}}) {
-        port.CommPort(row.number);
-        const Raised raised = ErrorOf([&] { port.PortOpen(true); });
-        EXPECT_EQ(raised.number, 8002) << row.number;
-        EXPECT_NE(raised.text.find(row.text), std::string::npos) << raised.text;
-        EXPECT_FALSE(port.PortOpen());
-    }
-}
-
-TEST_F(SerialPort, SaysWhoMayUseALineThatIsNotPermitted) {
-    const QByteArray path = line.Path().toLocal8Bit();
-    const QByteArray folder = QFileInfo(surroundings.ConfigFolder()).path().toLocal8Bit();
-    ASSERT_EQ(::chmod(folder.constData(), 0711), 0);  // the user is to find the link in it
-    const OrdinaryUser owner(path.constData());
-    const std::string group = QFileInfo(line.Path()).group().toStdString();
-    for (const auto& [mode, hint] : {std::pair(0060, "; the group \"" + group + "\" has it"),
-                                     std::pair(0000, std::string())}) {
-        ASSERT_EQ(::chmod(path.constData(), static_cast<mode_t>(mode)), 0);
-        const Raised raised = ErrorOf([&] { port.PortOpen(true); });
-        EXPECT_EQ(raised.number, 70);
-        EXPECT_TRUE(raised.text.ends_with("No permission to use it" + hint)) << raised.text;
-    }
-}
 
 TEST_F(SerialPort, IsHeldByOneControlUnderWhateverName) {
     surroundings.LinkPort(2, surroundings.ConfigFolder() + QStringLiteral("/alias"));

@@ -125,18 +125,6 @@ TEST_F(Sampling, TheWatchdogRestartsASilentChannelAndFlushesItsPort) {
     EXPECT_EQ(Rows(QStringLiteral("a.csv")).size(), 2) << "the same file goes on";
 }
 
-TEST_F(Sampling, OnlyEnoughTicksApartIsWrittenAndShownWhileSaving) {
-    Screen& screen = Open("Vectors");
-    SaveTo(screen, QStringLiteral("v.csv"));
-    SampleState.WriteIntervalTicks = 153;
-    Script(0x02, {Ticks(152), Ticks(65500), Ticks(100), Ticks(120), Ticks(272)});
-    Click(screen, "mnuSampleGyro");
-    ASSERT_TRUE(AwaitRequests(6));
-    EXPECT_EQ(SavedTicks(QStringLiteral("v.csv")), (std::vector<int>{65500, 120}));
-    EXPECT_EQ(Text(screen, "txtTimerTicks"), "120") << "272 is neither written nor shown";
-    EXPECT_TRUE(Lit(screen, "LED"));
-}
-
 TEST_F(Sampling, SavingGoesOnAndOff) {
     Screen& screen = Open("Vectors");
     const auto saving = [&] {

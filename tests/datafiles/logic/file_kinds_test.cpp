@@ -7,9 +7,6 @@
 namespace orbkl4 {
 namespace {
 
-using State = SampleStateRecord;
-using Fields = std::vector<double State::*>;
-
 TEST(FileHeader, EndsInTheTitlesOfItsKind) {
     const std::pair<const char*, const char*> cases[] = {
         {"Sensor Bits",
@@ -32,54 +29,6 @@ TEST(FileHeader, EndsInTheTitlesOfItsKind) {
         EXPECT_EQ(header[4], titles);
     }
     EXPECT_EQ(FileHeader("Pressure", "d", "t").size(), 4);
-}
-
-TEST(FileRow, TakesEachValueFromItsField) {
-    const Fields stabQuat = {&State::StabQuat0, &State::StabQuat1, &State::StabQuat2,
-                             &State::StabQuat3};
-    const Fields instQuat = {&State::InstQuat0, &State::InstQuat1, &State::InstQuat2,
-                             &State::InstQuat3};
-    const Fields stabMagAcc = {&State::StabMagX, &State::StabMagY, &State::StabMagZ,
-                               &State::StabAccX, &State::StabAccY, &State::StabAccZ};
-    const Fields instAcc = {&State::InstAccX, &State::InstAccY, &State::InstAccZ};
-    const Fields instMag = {&State::InstMagX, &State::InstMagY, &State::InstMagZ};
-    const Fields compRate = {&State::CompAngRateX, &State::CompAngRateY, &State::CompAngRateZ};
-    const Fields instRate = {&State::InstAngRateX, &State::InstAngRateY, &State::InstAngRateZ};
-    const Fields pitchYawRoll = {&State::Pitch, &State::Yaw, &State::Roll};
-    const Fields rollPitchYaw = {&State::Roll, &State::Pitch, &State::Yaw};
-    const Fields raw = {&State::RawMag1,     &State::RawMag2,     &State::RawMag3,
-                        &State::RawAcc1,     &State::RawAcc2,     &State::RawAcc3,
-                        &State::RawAngRate1, &State::RawAngRate2, &State::RawAngRate3};
-    struct Case {
-        FileKind kind;
-        Side side;
-        std::vector<Fields> groups;
-    };
-    const std::vector<Case> cases = {
-        {FileKind::SensorBits, Side::Gyro, {raw}},
-        {FileKind::Vectors, Side::Gyro, {stabMagAcc, compRate}},
-        {FileKind::Vectors, Side::Instant, {instMag, instAcc, instRate}},
-        {FileKind::Quaternions, Side::Gyro, {stabQuat}},
-        {FileKind::Quaternions, Side::Instant, {instQuat}},
-        {FileKind::Angles, Side::Gyro, {pitchYawRoll}},
-        {FileKind::Angles, Side::Instant, {pitchYawRoll}},
-        {FileKind::QuatVecs, Side::Gyro, {stabQuat, instMag, instAcc, compRate}},
-        {FileKind::QuatVecs, Side::Instant, {instQuat, instMag, instAcc, instRate}},
-        {FileKind::AnglesAccRateVector, Side::Gyro, {rollPitchYaw, instAcc, compRate}},
-    };
-    for (const auto& [kind, side, groups] : cases) {
-        SampleState = {};
-        std::string expected = ".75";
-        int number = 0;
-        for (const Fields& group : groups) {
-            for (const auto& member : group) {
-                SampleState.*member = ++number;
-                expected += ", " + std::to_string(number);
-            }
-        }
-        (side == Side::Gyro ? SampleState.TicksGyro : SampleState.TicksInstant) = 54321;
-        EXPECT_EQ(FileRow(kind, side, ".75"), expected + ", 54321");
-    }
 }
 
 TEST(FileRow, MatrixGoesColumnByColumn) {
