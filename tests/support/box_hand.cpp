@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QRegularExpression>
 
 namespace orbkl4::test {
 
@@ -17,6 +18,13 @@ void BoxHand::Look() {
     current_ = box;
     texts_.push_back(box->text().toStdString());
     QTimer::singleShot(hesitation_, box, [this, box] { Reply(*box); });
+}
+
+std::string BoxHand::Error(std::size_t index) const {
+    static const QRegularExpression form(
+        QStringLiteral("\r\nNumber: (.*)\r\nSource: (.*)\r\nScreen: (.*)\r\nDescription: "));
+    const auto error = form.match(QString::fromStdString(texts_.at(index)));
+    return error.capturedTexts().mid(1).join(QLatin1Char(' ')).toStdString();
 }
 
 void BoxHand::Reply(QMessageBox& box) {

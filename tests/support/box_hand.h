@@ -30,6 +30,10 @@ class BoxHand {
     /// The texts of all boxes so far, in order.
     const std::vector<std::string>& Texts() const { return texts_; }
 
+    /// The number, source and screen of the error that the box `index` reported, empty where it
+    /// reported none.
+    std::string Error(std::size_t index) const;
+
     /// The number of boxes so far.
     std::size_t Count() const { return texts_.size(); }
 

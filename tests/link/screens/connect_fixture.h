@@ -7,7 +7,6 @@
 #include <QEvent>
 #include <QFile>
 #include <QGroupBox>
-#include <QPushButton>
 
 #include <functional>
 #include <string>
@@ -61,7 +60,7 @@ class ConnectScreen : public ScreenTest {
     static Screen& Dialog() { return *FindScreen("Connect"); }
     static bool IsClosed() { return FindScreen("Connect") == nullptr; }
 
-    static void Press(const char* button) { Get<QPushButton>(Dialog(), button).click(); }
+    static void Press(const char* button) { ScreenTest::Press(Dialog(), button); }
 
     static void ConnectManually(int port, const std::string& baud) {
         Get<QWidget>(Dialog(), "NumEditCommPort").setProperty("value", port);

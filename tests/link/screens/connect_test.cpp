@@ -165,7 +165,7 @@ TEST_F(ConnectScreen, WarnsOfEachUnsetGainScaleAndConnects) {
 
 TEST_F(ConnectScreen, IsLeftByEachQuitButton) {
     for (const char* button : {"cmdQuitAuto", "cmdQuit", "cmdQuitReset"}) {
-        Get<QPushButton>(OpenModal("Connect"), button).click();
+        ScreenTest::Press(OpenModal("Connect"), button);
         EXPECT_TRUE(IsClosed()) << button;
     }
     EXPECT_TRUE(Heard().empty());

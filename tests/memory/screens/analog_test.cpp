@@ -110,8 +110,8 @@ TEST_F(AnalogTest, ACommandByteAbove12StallsTheReadBack) {
     ASSERT_TRUE(WaitFor([&] { return hand.Count() == 4; }));
     EXPECT_EQ(sensor.Word(202), 200);
     EXPECT_EQ(hand.Texts()[1], writeDone);
-    ExpectError(2, "380", "TimerRead_Timer");
-    ExpectError(3, "9", "TimerRead_Timer");
+    EXPECT_EQ(hand.Error(2), "380 TimerRead_Timer Analog");
+    EXPECT_EQ(hand.Error(3), "9 TimerRead_Timer Analog");
     EXPECT_EQ(Field(202).Value(), 200) << "taken before the list failed";
     EXPECT_EQ(List().ListIndex(), 12);
     EXPECT_EQ(AppState.CurrentEEPROMAddress, 202);

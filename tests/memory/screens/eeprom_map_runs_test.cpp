@@ -190,7 +190,7 @@ TEST_F(EepromMapRuns, SilenceIsAnErrorOfTheTickAndTheRunGoesOnWithALateReply) {
     });
     Run("mnuRead");
     ASSERT_EQ(hand.Count(), 2U);
-    ExpectError(0, "9", "TimerRead_Timer");
+    EXPECT_EQ(hand.Error(0), "9 TimerRead_Timer EEPROMmap");
     EXPECT_EQ(hand.Texts()[1], readDone);
     EXPECT_EQ(Number(2), 4321);
     EXPECT_EQ(Heard().size(), 127U) << "nothing was asked anew";
@@ -237,16 +237,17 @@ TEST_F(EepromMapRuns, APortThatCantBeOpenedLeavesTheRunHangingUntilReturn) {
     AppState.CommPort = 99;
     Click(*screen, "mnuRead");
     ASSERT_EQ(hand.Count(), 2U);
-    ExpectError(0, "8002", "OpenCommPort");
-    ExpectError(1, "8018", "mnuRead_Click");
+    EXPECT_EQ(hand.Error(0), "8002 OpenCommPort EEPROMmap");
+    EXPECT_EQ(hand.Error(1), "8018 mnuRead_Click EEPROMmap");
     ExpectControls(false);
     EXPECT_FALSE(Get<Timer>(*screen, "TimerRead").Enabled());
     Click(*screen, "mnuReturn");
     Reopen();
     Click(*screen, "mnuWrite");
     ASSERT_TRUE(WaitFor([&] { return hand.Count() == 5; }));
-    ExpectError(2, "8002", "OpenCommPort");
-    for (const std::size_t tick : {3U, 4U}) ExpectError(tick, "8018", "TimerWrite_Timer");
+    EXPECT_EQ(hand.Error(2), "8002 OpenCommPort EEPROMmap");
+    for (const std::size_t tick : {3U, 4U})
+        EXPECT_EQ(hand.Error(tick), "8018 TimerWrite_Timer EEPROMmap");
     Click(*screen, "mnuReturn");
 }
 
@@ -281,7 +282,7 @@ TEST_F(EepromMapRuns, ALogThatCantBeWrittenIsReportedAndLosesNothing) {
     }
     Run("mnuLog");
     ASSERT_EQ(hand.Count(), 2U);
-    ExpectError(0, "76", "Logger");
+    EXPECT_EQ(hand.Error(0), "76 Logger EEPROMmap");
     EXPECT_EQ(hand.Texts()[1], "Log process has completed!");
     EXPECT_EQ(Number(230), sensor.Word(230));
     ExpectRest("0");

@@ -124,7 +124,7 @@ TEST_F(GainsTest, SilenceIsAnErrorOfTheTickAndNothingIsSentAgain) {
     Click(*screen, "mnuWrite");
     AwaitEnd();
     ASSERT_EQ(hand.Count(), 3U);
-    ExpectError(1, "9", "TimerWrite_Timer");
+    EXPECT_EQ(hand.Error(1), "9 TimerWrite_Timer Gains");
     EXPECT_EQ(hand.Texts()[2], writeDone);
     EXPECT_EQ(Heard().size(), 1U);
 }

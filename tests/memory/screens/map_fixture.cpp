@@ -40,14 +40,6 @@ void RunTest::ExpectRest(const char* bar) const {
     EXPECT_EQ(MousePointer(), Pointer::Default);
 }
 
-void RunTest::ExpectError(std::size_t box, const std::string& number,
-                          const std::string& source) const {
-    const std::string text = hand.Texts().at(box);
-    const std::string record =
-        "Number: " + number + "\r\nSource: " + source + "\r\nScreen: " + name_ + "\r\n";
-    EXPECT_NE(text.find(record), std::string::npos) << text;
-}
-
 MapTest::MapTest(bool advanced)
     : RunTest("EEPROMmap",
               {"mnuRead", "mnuWrite", "mnuViewMatrix", "mnuLog", "mnuShowMin", "mnuShowMax"},

@@ -42,9 +42,6 @@ class RunTest : public ScreenTest {
     /// Expects that nothing runs, with the progress bar at `bar`.
     void ExpectRest(const char* bar) const;
 
-    /// Expects that the box `box` tells of the error `number` in `source`.
-    void ExpectError(std::size_t box, const std::string& number, const std::string& source) const;
-
     MSComm& Port() const { return Get<MSComm>(*screen, "MSComm1"); }
 
     Screen* screen = nullptr;

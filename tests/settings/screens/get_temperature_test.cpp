@@ -2,8 +2,6 @@
 #include "platform/controls/cw_slide.h"
 #include "settings/screens/settings_fixture.h"
 
-#include <QPushButton>
-
 namespace orbkl4::test {
 
 namespace {
@@ -11,8 +9,6 @@ namespace {
 class Temperature : public ScreenTest {
   protected:
     Screen& screen = OpenModal("GetTemperature");
-
-    void PressGet() { Get<QPushButton>(screen, "cmdGet").click(); }
 
     bool PortOpen() const { return Get<MSComm>(screen, "MSComm1").PortOpen(); }
 
@@ -54,7 +50,7 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
         const BoxHand box({}, goOn);
         sensor.ClearRecord();
         sensor.ReplyOnceTo(0x07, reply);
-        PressGet();
+        Press(screen, "cmdGet");
         EXPECT_EQ(Fields(), Strings(5)) << "emptied, though emptying the first refills the others";
         EXPECT_EQ(Slide(), 0);
         ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
@@ -72,18 +68,18 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
 TEST_F(Temperature, ASilentSensorIsAskedAgainByTheNextClick) {
     const BoxHand hand({}, goOn);
     sensor.SetSilent(true);
-    PressGet();
+    Press(screen, "cmdGet");
     ASSERT_TRUE(sensor.WaitForRequests(1, std::chrono::seconds(5)));
     LetPass(50);
     EXPECT_TRUE(PortOpen());
     EXPECT_EQ(Fields(), Strings(5));
     sensor.SetSilent(false);
-    PressGet();
+    Press(screen, "cmdGet");
     ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
     EXPECT_EQ(Text(screen, "txtC"), "25");
     sensor.SetSilent(true);
-    PressGet();
-    Get<QPushButton>(screen, "cmdOK").click();
+    Press(screen, "cmdGet");
+    Press(screen, "cmdOK");
     EXPECT_EQ(FindScreen("GetTemperature"), nullptr);
     EXPECT_EQ(hand.Count(), 0U);
 }

@@ -2,8 +2,6 @@
 #include "platform/controls/option_button.h"
 #include "settings/screens/settings_fixture.h"
 
-#include <QPushButton>
-
 namespace orbkl4::test {
 
 namespace {
@@ -37,10 +35,6 @@ class SetMode : public ScreenTest {
         orbkl4sim::SimulatorOptions options = QuietSensor();
         options.paced = true;
         return options;
-    }
-
-    static void Press(const Screen& screen, const char* button) {
-        Get<QPushButton>(screen, button).click();
     }
 
     Screen& main = *FindScreen("Main");
@@ -92,8 +86,7 @@ TEST_F(SetMode, FailsWhereThePortCantBeUsed) {
     Get<OptionButton>(screen, "optAAV").click();
     Press(screen, "cmdOK");
     ASSERT_EQ(hand.Count(), 2U);
-    EXPECT_NE(hand.Texts()[0].find("Number: 8002\r\nSource: OpenCommPort\r\nScreen: SetMode"),
-              std::string::npos);
+    EXPECT_EQ(hand.Error(0), "8002 OpenCommPort SetMode");
     EXPECT_EQ(hand.Texts()[1], "The Mode Command failed to write to the ORB-KL4!");
     EXPECT_EQ(FindScreen("SetMode"), nullptr);
 }

@@ -7,6 +7,7 @@
 #include "simulator/simulator.h"
 #include "support/surroundings.h"
 
+#include <QAbstractButton>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -47,6 +48,10 @@ class ScreenTest : public testing::Test {
 
     /// Chooses the menu entry as a person would; nothing happens where it is disabled.
     static void Click(const Screen& screen, const char* entry) { screen.Menu(entry).trigger(); }
+
+    static void Press(const Screen& screen, const char* button) {
+        Get<QAbstractButton>(screen, button).click();
+    }
 
     /// The requests that the sensor has heard so far, in order.
     std::vector<Bytes> Heard() const;
