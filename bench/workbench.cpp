@@ -31,6 +31,20 @@ MSComm& PortOf(const Screen& screen, const SamplingChannel& channel) {
     return *screen.findChild<MSComm*>(QLatin1String(channel.port));
 }
 
+void Run(double seconds) {
+    QEventLoop loop;
+    QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Leaves `screen`, and the line quiet: a reply still on its way would be taken for that to the
+/// next loop's first request, and from then on one request would always be ahead.
+void Leave(Screen& screen) {
+    constexpr double longerThanAnyReply = 0.05;
+    screen.Unload();
+    Run(longerThanAnyReply);
+}
+
 /// The words of the calculation cycle at their least: a ten-millionth of a second.
 void SetFastCycle(orbkl4sim::Simulator& sensor) {
     for (const int address : {238, 240, 242, 246}) sensor.SetWord(address, 1);
@@ -78,21 +92,15 @@ LoopResult Workbench::SampleLoop(const SamplingChannel& channel, double seconds,
         if (result.samples == 0) first = last;
         result.samples += 1;
     });
-    const auto run = [](double time) {
-        QEventLoop loop;
-        QTimer::singleShot(static_cast<int>(time * 1000), &loop, &QEventLoop::quit);
-        loop.exec();
-    };
     constexpr double settleSeconds = 0.1;  // the screen paints its new state once
-    run(settleSeconds);
+    Run(settleSeconds);
     result = {};
     const double cpuBefore = ThreadCpuSeconds();
-    run(seconds);
+    Run(seconds);
     result.cpuSeconds = ThreadCpuSeconds() - cpuBefore;
     result.intervals = result.samples - 1;
     result.seconds = std::chrono::duration<double>(last - first).count();
-    screen.Unload();
-    QCoreApplication::processEvents();
+    Leave(screen);
     return result;
 }
 
@@ -111,8 +119,7 @@ std::vector<double> Workbench::HandlerTimes(const SamplingChannel& channel, int 
         times.push_back(SecondsSince(start));
         if (i % repliesPerPaint == 0) QCoreApplication::processEvents();
     }
-    screen.Unload();
-    QCoreApplication::processEvents();
+    Leave(screen);
     return times;
 }
 
