@@ -34,9 +34,9 @@ class Terminal {
 
     const std::string& Path() const { return path_; }
 
-    /// Lets its group alone use it, and returns that group's name.
-    std::string Forbid() const {
-        EXPECT_EQ(::chmod(path_.c_str(), 0060), 0);
+    /// Lets whoever `mode` names use it, and returns its group's name.
+    std::string Restrict(mode_t mode) const {
+        EXPECT_EQ(::chmod(path_.c_str(), mode), 0);
         struct stat status {};
         ::stat(path_.c_str(), &status);
         const group* const entry = ::getgrgid(status.st_gid);
@@ -51,7 +51,7 @@ class Terminal {
     std::string path_;
 };
 
-/// Ports 1 to 6 can't be used, each for a reason of its own.
+/// Ports 1 to 7 can't be used, each for a reason of its own.
 class UselessPorts : public testing::Test {
   protected:
     UselessPorts() {
@@ -59,8 +59,10 @@ class UselessPorts : public testing::Test {
         ::mkfifo(fifo.c_str(), 0666);
         fs::create_directory(folder);
         held.Hold();
+        barred.Restrict(0);
         int port = 0;
-        for (const auto& target : {file, fifo, folder, forbidden.Path(), held.Path(), device}) {
+        for (const auto& target :
+             {file, fifo, folder, forbidden.Path(), held.Path(), device, barred.Path()}) {
             stage.LinkPort(++port, target);
         }
     }
@@ -71,15 +73,16 @@ class UselessPorts : public testing::Test {
     const std::string folder = stage.Root() / "folder";
     const std::string device = "/dev/null";
     Terminal forbidden;
+    Terminal barred;
     Terminal held;
-    const std::string group = forbidden.Forbid();
+    const std::string group = forbidden.Restrict(0060);
 };
 
 TEST_F(UselessPorts, ArePassedOverByTheSearchWithoutAWord) {
-    const SimulatedSensor sensor(stage, {"--port", "7"});
+    const SimulatedSensor sensor(stage, {"--port", "8"});
     RunningProgram program(stage);
     program.Search();
-    EXPECT_EQ(program.Get("Connect", "txtPort", "text"), "7");
+    EXPECT_EQ(program.Get("Connect", "txtPort", "text"), "8");
     EXPECT_EQ(stage.ErrorLog(), "");
 }
 
@@ -100,6 +103,7 @@ TEST_F(UselessPorts, GiveATextOfTheirOwnOnceTheyAreOpened) {
         {"5", "8005", "Port in use: port 5 (" + held.Path() + ") is held by another program"},
         {"6", "8002",
          "Invalid port number: port 6 (/dev/null) can't be opened, Inappropriate ioctl for device"},
+        {"7", "70", "Permission denied: port 7 (" + barred.Path() + "). No permission to use it"},
         {"-3", "8002", absent + "-3"},
         {"0", "8002", absent + "0"},
         {"17", "8002", absent + "17"}};
