@@ -1,12 +1,12 @@
 #include "acquire/channels.h"
+#include "acquire/data_files.h"
 #include "acquire/logic/packets.h"
-#include "acquire/logic/sample_state.h"
 #include "bench/process_cost.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
-#include "datafiles/data_files.h"
-#include "frame/logic/app_state.h"
-#include "platform/look.h"
+#include "platform/windows/look.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,15 +1,15 @@
 #include "bench/workbench.h"
 
 #include "acquire/channels.h"
-#include "acquire/logic/sample_state.h"
 #include "all_screens.h"
-#include "frame/logic/app_state.h"
-#include "frame/start_up.h"
-#include "platform/menu_entry.h"
-#include "platform/mscomm.h"
-#include "platform/program_folder.h"
-#include "platform/screen.h"
-#include "platform/screen_registry.h"
+#include "main_window/start_up.h"
+#include "platform/events/mscomm.h"
+#include "platform/system/folders.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen.h"
+#include "platform/windows/screen_registry.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

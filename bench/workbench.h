@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bench/raw_loop.h"
-#include "platform/mdi_frame.h"
+#include "platform/windows/mdi_frame.h"
 #include "simulator/simulator.h"
 
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 #include "all_screens.h"
-#include "frame/screens/artwork.h"
-#include "frame/screens/mdi_form1.h"
-#include "platform/look.h"
-#include "platform/screen_registry.h"
+#include "main_window/screens/artwork.h"
+#include "main_window/screens/mdi_form1.h"
+#include "platform/windows/look.h"
+#include "platform/windows/screen_registry.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,9 +1,9 @@
 #include "tour/guide.h"
 
-#include "platform/mdi_frame.h"
-#include "platform/menu_entry.h"
-#include "platform/screen.h"
-#include "platform/screen_registry.h"
+#include "platform/windows/mdi_frame.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen.h"
+#include "platform/windows/screen_registry.h"
 
 #include <QAbstractButton>
 #include <QApplication>

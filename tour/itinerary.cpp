@@ -1,7 +1,7 @@
 #include "tour/itinerary.h"
 
-#include "platform/screen.h"
-#include "platform/screen_registry.h"
+#include "platform/windows/screen.h"
+#include "platform/windows/screen_registry.h"
 #include "tour/guide.h"
 
 #include <string_view>

@@ -1,12 +1,12 @@
 #include "acquire/channels.h"
 
 #include "acquire/closed_port.h"
-#include "datafiles/data_files.h"
-#include "frame/logic/app_state.h"
+#include "acquire/data_files.h"
 #include "link/communication.h"
-#include "platform/mdi_frame.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/mdi_frame.h"
+#include "platform/windows/screen.h"
+#include "state/app_state.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "acquire/closed_port.h"
 
 #include "base/run_time_error.h"
-#include "platform/mscomm.h"
+#include "platform/events/mscomm.h"
 
 namespace orbkl4 {
 

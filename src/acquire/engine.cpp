@@ -1,19 +1,19 @@
 #include "acquire/engine.h"
 
+#include "acquire/data_files.h"
 #include "acquire/logic/sampling.h"
 #include "acquire/watchdog.h"
-#include "datafiles/data_files.h"
-#include "frame/logic/app_state.h"
 #include "link/communication.h"
 #include "link/logic/frame_check.h"
-#include "platform/boxes.h"
-#include "platform/clock.h"
-#include "platform/common_dialog.h"
 #include "platform/controls/cw_button.h"
-#include "platform/menu_entry.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/system/clock.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/common_dialog.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen.h"
+#include "state/app_state.h"
 
 #include <algorithm>
 #include <utility>
@@ -107,8 +107,8 @@ void CaptureWhileSampling(LiveChannel& channel) {
 
 }  // namespace
 
-LiveChannel Enliven(const SamplingChannel& row, Screen& screen, std::function<void()> display,
-                    std::function<void()> clear) {
+LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, std::function<void()> display,
+                        std::function<void()> clear) {
     return {.row = row,
             .packet = PacketOf(row.command),
             .screen = screen,

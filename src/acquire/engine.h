@@ -36,8 +36,8 @@ struct LiveChannel {
 };
 
 /// The channel `row` on `screen`, which has all its controls.
-LiveChannel Enliven(const SamplingChannel& row, Screen& screen, std::function<void()> display,
-                    std::function<void()> clear);
+LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, std::function<void()> display,
+                        std::function<void()> clear);
 
 /// Starts sampling: opens the port, starts watchdog and time base, sends the first request.
 void StartChannel(LiveChannel& channel);

@@ -1,8 +1,8 @@
 #include "acquire/watchdog.h"
 
 #include "acquire/logic/sampling.h"
-#include "platform/clock.h"
-#include "platform/timer.h"
+#include "platform/events/timer.h"
+#include "platform/system/clock.h"
 
 #include <QWidget>
 

@@ -1,11 +1,11 @@
 #include "link/communication.h"
 
 #include "base/run_time_error.h"
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
-#include "platform/clock.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
+#include "errors/trap.h"
+#include "platform/events/mscomm.h"
+#include "platform/system/clock.h"
+#include "platform/windows/screen.h"
+#include "state/app_state.h"
 
 #include <limits>
 

@@ -1,15 +1,15 @@
 #include "link/device_search.h"
 
-#include "frame/logic/app_state.h"
 #include "link/communication.h"
 #include "link/logic/baud_rates.h"
 #include "link/logic/eeprom_address.h"
 #include "link/logic/identity.h"
 #include "link/logic/requests.h"
 #include "link/logic/reset_writes.h"
-#include "platform/boxes.h"
-#include "platform/do_events.h"
-#include "platform/mscomm.h"
+#include "platform/events/do_events.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
 
 #include <exception>
 #include <utility>

@@ -1,9 +1,9 @@
 #include "link/exchange.h"
 
-#include "frame/logic/app_state.h"
 #include "link/communication.h"
-#include "platform/menu_entry.h"
-#include "platform/mscomm.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/menu_entry.h"
+#include "state/app_state.h"
 
 #include <cstdint>
 

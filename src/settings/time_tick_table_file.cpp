@@ -1,6 +1,6 @@
 #include "settings/time_tick_table_file.h"
 
-#include "platform/program_folder.h"
+#include "platform/system/folders.h"
 
 #include <QFile>
 #include <QFileInfo>

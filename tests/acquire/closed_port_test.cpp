@@ -1,9 +1,9 @@
 #include "acquire/closed_port.h"
 
 #include "base/run_time_error.h"
-#include "platform/mscomm.h"
-#include "support/pseudo_terminal.h"
-#include "support/surroundings.h"
+#include "platform/events/mscomm.h"
+#include "support/pty_master.h"
+#include "support/temporary_folders.h"
 #include "support/wait.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +11,9 @@
 namespace orbkl4::test {
 
 TEST(ClosedPort, PassesOverTheClosedPortAlone) {
-    const Surroundings surroundings;
-    PseudoTerminal line;
-    surroundings.LinkPort(1, line.Path());
+    const TemporaryFolders folders;
+    PtyMaster line;
+    folders.LinkPort(1, line.Path());
     MSComm port(nullptr, "MSComm1");
     Bytes bytes{1, 2};
     InputUnlessClosed(port, bytes);

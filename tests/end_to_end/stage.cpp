@@ -39,7 +39,7 @@ bool IsRecent(const std::string& text) {
 Stage::Stage() {
     fs::create_directories(Config());
     Place(WORKBENCH_PROGRAM, Program());
-    Place(HAND_PLUGIN, PluginFolder() / "generic" / "libhand.so");
+    Place(DRIVER_PLUGIN, PluginFolder() / "generic" / "libhand.so");
 }
 
 void Stage::LinkPort(int number, const fs::path& target) const {

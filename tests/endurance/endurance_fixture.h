@@ -1,9 +1,9 @@
 #pragma once
 
 #include "endurance/row_check.h"
-#include "platform/program_folder.h"
-#include "support/box_hand.h"
-#include "support/file_dialog_hand.h"
+#include "platform/system/folders.h"
+#include "support/box_answerer.h"
+#include "support/file_dialog_answerer.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
@@ -48,7 +48,7 @@ class EnduranceTest : public ScreenTest {
 
     /// Turns saving on.
     void Save(const Screen& screen) {
-        const FileDialogHand hand({QStringLiteral("long.csv")});
+        const FileDialogAnswerer hand({QStringLiteral("long.csv")});
         Click(screen, "mnuSave");
         rows.emplace((DataFilesFolder() + QStringLiteral("/long.csv")).toStdString());
     }
@@ -68,7 +68,7 @@ class EnduranceTest : public ScreenTest {
     }
 
     ReplyLedger ledger;
-    BoxHand boxes{{}, QMessageBox::Retry};
+    BoxAnswerer boxes{{}, QMessageBox::Retry};
     std::optional<RowCheck> rows;  ///< while saving
     int stalls = 0;                ///< how often the machine stood still
 };

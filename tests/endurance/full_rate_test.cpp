@@ -1,5 +1,5 @@
 #include "endurance/endurance_fixture.h"
-#include "frame/logic/app_state.h"
+#include "state/app_state.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,5 +1,5 @@
 #include "endurance/endurance_fixture.h"
-#include "platform/mscomm.h"
+#include "platform/events/mscomm.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -2,10 +2,10 @@
 // byte chooses the command, the next six the gain scales, and one whether the checksum is mended,
 // so that the search gets past the frame check.
 
-#include "acquire/logic/sample_state.h"
 #include "base/run_time_error.h"
-#include "frame/logic/app_state.h"
 #include "link/logic/frame_check.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 #include "support/frames.h"
 #include "support/logic/decoder_oracle.h"
 

@@ -1,14 +1,14 @@
 #include "link/communication.h"
 
 #include "base/run_time_error.h"
-#include "frame/logic/app_state.h"
-#include "frame/start_up.h"
-#include "platform/clock.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "support/box_hand.h"
-#include "support/pseudo_terminal.h"
-#include "support/surroundings.h"
+#include "main_window/start_up.h"
+#include "platform/events/mscomm.h"
+#include "platform/system/clock.h"
+#include "platform/windows/screen.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
+#include "support/pty_master.h"
+#include "support/temporary_folders.h"
 #include "support/wait.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ class Communication : public testing::Test {
     Communication() {
         AppState = {};
         TestForFileFolders();
-        surroundings.LinkPort(1, line.Path());
+        folders.LinkPort(1, line.Path());
         AppState.CommPort = 1;
         AppState.CommSettings = "38400,n,8,1";
     }
@@ -35,8 +35,8 @@ class Communication : public testing::Test {
         AppState = {};
     }
 
-    Surroundings surroundings;
-    PseudoTerminal line;
+    TemporaryFolders folders;
+    PtyMaster line;
     Screen screen{"Vectors", "Vectors"};
     MSComm port{&screen, "MSComm2"};
 };
@@ -70,7 +70,7 @@ TEST_F(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
 
     AppState.CommPort = 2;
     AppState.CommSettings = "19200,n,8,1";
-    BoxHand hand;
+    BoxAnswerer hand;
     OpenCommPort(port, screen);
     EXPECT_EQ(port.CommPort(), 1);
     EXPECT_EQ(port.Settings(), "38400,n,8,1");
@@ -82,7 +82,7 @@ TEST_F(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
 
 TEST_F(Communication, ReportsAFailedOpenUnderItsOwnNameAndReturns) {
     AppState.CommSettings = "";
-    BoxHand hand({QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Retry});
     OpenCommPort(port, screen);
     EXPECT_FALSE(port.PortOpen());
     ASSERT_EQ(hand.Count(), 1U);

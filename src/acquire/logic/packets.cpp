@@ -2,8 +2,8 @@
 
 #include "base/arithmetic.h"
 #include "base/run_time_error.h"
-#include "frame/logic/app_state.h"
 #include "link/logic/words.h"
+#include "state/app_state.h"
 
 namespace orbkl4 {
 

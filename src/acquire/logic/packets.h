@@ -1,8 +1,8 @@
 #pragma once
 
-#include "acquire/logic/sample_fields.h"
-#include "acquire/logic/sample_state.h"
 #include "link/logic/device_command.h"
+#include "state/sample_fields.h"
+#include "state/sample_state.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "base/arithmetic.h"
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
+#include "state/app_state.h"
 
 namespace orbkl4 {
 

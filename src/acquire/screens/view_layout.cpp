@@ -3,9 +3,9 @@
 #include "base/number_text.h"
 #include "platform/controls/cw_button.h"
 #include "platform/controls/cw_slide.h"
+#include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/followers.h"
-#include "platform/form.h"
+#include "platform/windows/resize_tracking.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -2,13 +2,13 @@
 
 #include "acquire/watchdog.h"
 #include "base/number_text.h"
-#include "frame/trap.h"
-#include "platform/common_dialog.h"
+#include "errors/trap.h"
 #include "platform/controls/cw_slide.h"
+#include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/form.h"
-#include "platform/mscomm.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/common_dialog.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -64,7 +64,7 @@ void ViewScreen::AddChannel(const SamplingChannel& row, std::size_t panel) {
     constexpr int watchdogMilliseconds = 1000;
     new MSComm(this, row.port);
     new Timer(this, row.timer, watchdogMilliseconds);
-    channels_.push_back(Enliven(
+    channels_.push_back(BindChannel(
         row, *this, [this, panel] { DisplaySample(panel); }, [this] { ClearAll(); }));
     ConnectChannel(channels_.back());
 }

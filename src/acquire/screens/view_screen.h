@@ -2,7 +2,7 @@
 
 #include "acquire/engine.h"
 #include "acquire/screens/view_layout.h"
-#include "platform/screen.h"
+#include "platform/windows/screen.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "acquire/logic/sample_state.h"
 #include "platform/controls/axis.h"
 #include "platform/controls/cw_knob.h"
-#include "platform/menu_entry.h"
+#include "platform/windows/menu_entry.h"
+#include "state/sample_state.h"
 
 #include <cstdint>
 #include <span>

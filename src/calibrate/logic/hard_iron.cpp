@@ -2,10 +2,10 @@
 
 #include "base/arithmetic.h"
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "link/logic/words.h"
+#include "state/app_state.h"
 
 namespace orbkl4 {
 

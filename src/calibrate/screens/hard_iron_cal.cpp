@@ -2,16 +2,16 @@
 
 #include "acquire/watchdog.h"
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
-#include "platform/boxes.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_button.h"
 #include "platform/controls/cw_num_edit.h"
+#include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/form.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
 
 #include <QLabel>
 

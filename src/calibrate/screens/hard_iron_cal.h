@@ -2,9 +2,9 @@
 
 #include "calibrate/logic/hard_iron.h"
 #include "link/exchange.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 #include <span>

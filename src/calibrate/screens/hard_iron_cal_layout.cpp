@@ -2,9 +2,9 @@
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_button.h"
 #include "platform/controls/cw_num_edit.h"
+#include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/followers.h"
-#include "platform/form.h"
+#include "platform/windows/resize_tracking.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -2,9 +2,9 @@
 
 #include "acquire/screens/view_layout.h"
 #include "calibrate/logic/self_test.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 #include <vector>

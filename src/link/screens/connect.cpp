@@ -1,15 +1,15 @@
 #include "link/screens/connect.h"
 
 #include "base/arithmetic.h"
-#include "frame/logic/app_state.h"
-#include "frame/settings.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/logic/baud_rates.h"
-#include "platform/boxes.h"
+#include "link/stored_line.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/option_button.h"
-#include "platform/port_device.h"
-#include "platform/screen_registry.h"
+#include "platform/system/port_device.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/screen_registry.h"
+#include "state/app_state.h"
 
 #include <QGroupBox>
 #include <QLabel>

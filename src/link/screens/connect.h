@@ -1,8 +1,8 @@
 #pragma once
 
 #include "link/device_search.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 #include <initializer_list>

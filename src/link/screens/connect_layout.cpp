@@ -1,11 +1,11 @@
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
 #include "link/logic/baud_rates.h"
 #include "link/screens/connect.h"
 #include "platform/controls/cw_num_edit.h"
+#include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
-#include "platform/form.h"
-#include "platform/port_device.h"
+#include "platform/system/port_device.h"
+#include "state/app_state.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

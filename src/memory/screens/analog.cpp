@@ -1,14 +1,14 @@
 #include "memory/screens/analog.h"
 
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/communication.h"
-#include "memory/eeprom_write.h"
-#include "platform/boxes.h"
+#include "link/eeprom_write.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/form.h"
-#include "platform/look.h"
+#include "platform/controls/form.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/look.h"
+#include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

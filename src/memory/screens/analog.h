@@ -1,11 +1,11 @@
 #pragma once
 
-#include "memory/eeprom_read_run.h"
+#include "link/eeprom_read_run.h"
 #include "memory/logic/analog.h"
 #include "memory/screens/run_progress.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 

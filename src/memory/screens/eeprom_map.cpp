@@ -1,18 +1,18 @@
 #include "memory/screens/eeprom_map.h"
 
-#include "frame/logic/app_state.h"
-#include "frame/settings.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/communication.h"
-#include "memory/eeprom_write.h"
+#include "link/eeprom_write.h"
+#include "link/stored_line.h"
 #include "memory/logic/map_runs.h"
-#include "platform/boxes.h"
-#include "platform/clock.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/file_channel.h"
-#include "platform/form.h"
-#include "platform/program_folder.h"
-#include "platform/screen_registry.h"
+#include "platform/controls/form.h"
+#include "platform/system/clock.h"
+#include "platform/system/file_channel.h"
+#include "platform/system/folders.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/screen_registry.h"
+#include "state/app_state.h"
 
 #include <QGroupBox>
 #include <QHoverEvent>

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "memory/eeprom_read_run.h"
+#include "link/eeprom_read_run.h"
 #include "memory/logic/catalogue.h"
 #include "memory/screens/run_progress.h"
 #include "memory/screens/word_panel.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 #include <cstdint>

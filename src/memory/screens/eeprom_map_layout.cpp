@@ -2,8 +2,8 @@
 
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/form.h"
-#include "platform/look.h"
+#include "platform/controls/form.h"
+#include "platform/windows/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -1,14 +1,14 @@
 #include "memory/screens/gains.h"
 
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/requests.h"
-#include "memory/reply_question.h"
-#include "platform/boxes.h"
+#include "link/reply_question.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/form.h"
-#include "platform/look.h"
+#include "platform/controls/form.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/look.h"
+#include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

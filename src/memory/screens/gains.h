@@ -3,9 +3,9 @@
 #include "link/logic/device_command.h"
 #include "memory/logic/gains.h"
 #include "memory/screens/run_progress.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 

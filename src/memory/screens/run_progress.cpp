@@ -1,6 +1,6 @@
 #include "memory/screens/run_progress.h"
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QGroupBox>
 #include <QProgressBar>

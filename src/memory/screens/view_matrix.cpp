@@ -1,12 +1,12 @@
 #include "memory/screens/view_matrix.h"
 
 #include "base/number_text.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "memory/logic/catalogue.h"
 #include "platform/controls/cw_num_edit.h"
+#include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
-#include "platform/form.h"
-#include "platform/screen_registry.h"
+#include "platform/windows/screen_registry.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "memory/logic/matrix_options.h"
-#include "platform/screen.h"
+#include "platform/windows/screen.h"
 
 #include <array>
 #include <cstddef>

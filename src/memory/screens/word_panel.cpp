@@ -3,7 +3,7 @@
 #include "base/number_text.h"
 #include "memory/logic/catalogue.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

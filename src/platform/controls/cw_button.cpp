@@ -1,6 +1,6 @@
 #include "platform/controls/cw_button.h"
 
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <QPainter>
 #include <QPixmapCache>

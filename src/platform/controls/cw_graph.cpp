@@ -1,7 +1,7 @@
 #include "platform/controls/cw_graph.h"
 
 #include "base/run_time_error.h"
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <algorithm>
 #include <array>

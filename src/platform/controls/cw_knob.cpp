@@ -1,7 +1,7 @@
 #include "platform/controls/cw_knob.h"
 
 #include "base/number_text.h"
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <QEvent>
 #include <QLinearGradient>

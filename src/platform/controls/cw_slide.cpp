@@ -2,7 +2,7 @@
 
 #include "base/number_text.h"
 #include "platform/controls/slide_painting.h"
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <QEvent>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "platform/controls/slide_painting.h"
 
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <QLinearGradient>
 #include <QPainter>

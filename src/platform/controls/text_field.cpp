@@ -1,6 +1,6 @@
 #include "platform/controls/text_field.h"
 
-#include "platform/look.h"
+#include "platform/windows/look.h"
 
 #include <QApplication>
 #include <QClipboard>

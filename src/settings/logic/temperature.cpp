@@ -1,9 +1,9 @@
 #include "settings/logic/temperature.h"
 
-#include "acquire/logic/sample_state.h"
 #include "base/arithmetic.h"
-#include "frame/logic/app_state.h"
 #include "link/logic/frame_check.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 
 #include <cmath>
 

@@ -1,18 +1,18 @@
 #include "settings/screens/calc_cycle.h"
 
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
-#include "platform/boxes.h"
+#include "errors/trap.h"
+#include "link/logic/write_replies.h"
+#include "link/word_writes.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/option_button.h"
 #include "platform/controls/text_field.h"
+#include "platform/windows/boxes.h"
 #include "settings/logic/cycle_words.h"
 #include "settings/logic/tick_interval.h"
-#include "settings/logic/write_replies.h"
 #include "settings/time_tick_table_file.h"
-#include "settings/word_writes.h"
+#include "state/app_state.h"
 
 #include <QGroupBox>
 #include <QLabel>

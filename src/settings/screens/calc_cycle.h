@@ -1,10 +1,10 @@
 #pragma once
 
+#include "link/eeprom_read_run.h"
 #include "link/exchange.h"
-#include "memory/eeprom_read_run.h"
-#include "platform/mscomm.h"
-#include "platform/screen.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen.h"
 #include "settings/logic/time_tick_table.h"
 
 #include <array>

@@ -1,10 +1,10 @@
 #include "base/number_text.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/cw_slide.h"
+#include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
 #include "platform/controls/text_field.h"
-#include "platform/followers.h"
-#include "platform/form.h"
+#include "platform/windows/resize_tracking.h"
 #include "settings/logic/cycle_words.h"
 #include "settings/screens/calc_cycle.h"
 

@@ -1,17 +1,17 @@
 #include "settings/screens/get_temperature.h"
 
 #include "base/number_text.h"
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
-#include "platform/boxes.h"
 #include "platform/controls/cw_slide.h"
+#include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/followers.h"
-#include "platform/form.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/resize_tracking.h"
 #include "settings/logic/temperature.h"
+#include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

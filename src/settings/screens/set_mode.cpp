@@ -1,13 +1,13 @@
 #include "settings/screens/set_mode.h"
 
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/eeprom_address.h"
 #include "link/logic/requests.h"
-#include "platform/boxes.h"
+#include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
-#include "platform/form.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/mscomm.h"
-#include "platform/screen.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/screen.h"
 #include "settings/logic/output_modes.h"
 
 #include <array>

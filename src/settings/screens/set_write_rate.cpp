@@ -1,10 +1,10 @@
 #include "settings/screens/set_write_rate.h"
 
-#include "acquire/logic/sample_state.h"
-#include "frame/trap.h"
+#include "errors/trap.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/form.h"
+#include "platform/controls/form.h"
 #include "settings/logic/write_rate.h"
+#include "state/sample_state.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/screen.h"
+#include "platform/windows/screen.h"
 
 class QCheckBox;
 

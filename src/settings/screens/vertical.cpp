@@ -1,13 +1,13 @@
 #include "settings/screens/vertical.h"
 
-#include "frame/logic/app_state.h"
-#include "frame/trap.h"
-#include "platform/boxes.h"
+#include "errors/trap.h"
+#include "link/logic/write_replies.h"
+#include "link/word_writes.h"
+#include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
-#include "platform/form.h"
+#include "platform/windows/boxes.h"
 #include "settings/logic/vertical_mode.h"
-#include "settings/logic/write_replies.h"
-#include "settings/word_writes.h"
+#include "state/app_state.h"
 
 #include <QGroupBox>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #include "acquire/logic/packets.h"
 
-#include "frame/logic/app_state.h"
+#include "state/app_state.h"
 #include "support/frames.h"
 #include "support/logic/decoder_oracle.h"
 

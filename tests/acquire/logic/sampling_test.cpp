@@ -1,7 +1,7 @@
 #include "acquire/logic/sampling.h"
 
 #include "base/run_time_error.h"
-#include "frame/logic/app_state.h"
+#include "state/app_state.h"
 
 #include <gtest/gtest.h>
 

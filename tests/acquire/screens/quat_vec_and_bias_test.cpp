@@ -1,6 +1,6 @@
 #include "acquire/screens/view_fixture.h"
-#include "platform/screen_registry.h"
-#include "support/box_hand.h"
+#include "platform/windows/screen_registry.h"
+#include "support/box_answerer.h"
 
 #include <QPointer>
 #include <QRegularExpression>
@@ -75,7 +75,7 @@ TEST_F(QuatVec, AnErrorNudgesTheFrameBeforeItsBox) {
     Script(0x0C, {QuatVecFrame(0x0C, 1)});
     AppState.CounterFrequency = 0;
     std::vector<int> stepsAtBox;
-    BoxHand boxes({}, QMessageBox::Retry);
+    BoxAnswerer boxes({}, QMessageBox::Retry);
     boxes.BeforeAnswer([&](QMessageBox&) { stepsAtBox = watch.steps; });
     Click(screen, "mnuSampleGyro");
     ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));
@@ -140,7 +140,7 @@ TEST_F(BiasCapture, AnyOrderOfStartsStopsAndReturnsOnASickLineLeavesNothingBehin
     const auto below = [&](std::size_t limit) { return random() % limit; };
     const std::vector<const char*> names{"SensorBits", "Vectors",       "Quaternions", "Angles",
                                          "Matrices",   "AnglesAccRate", "QuatVec"};
-    const BoxHand boxes({}, QMessageBox::Retry);
+    const BoxAnswerer boxes({}, QMessageBox::Retry);
     for (int visit = 0; visit < 50; ++visit) {
         const QPointer<Screen> screen(&Open(names[below(names.size())]));
         const auto entries =

@@ -1,7 +1,7 @@
 #include "acquire/screens/view_fixture.h"
-#include "platform/clock.h"
-#include "platform/screen_registry.h"
-#include "support/box_hand.h"
+#include "platform/system/clock.h"
+#include "platform/windows/screen_registry.h"
+#include "support/box_answerer.h"
 
 namespace orbkl4::test {
 
@@ -153,7 +153,7 @@ TEST_F(Sampling, SavingGoesOnAndOff) {
 TEST_F(Sampling, AnErrorInAReplyEndsTheChainAndTheWatchdogMendsIt) {
     Screen& screen = Open("SensorBits");
     Script(0x01, {rawFrame, rawFrame});
-    const BoxHand boxes({}, QMessageBox::Retry);
+    const BoxAnswerer boxes({}, QMessageBox::Retry);
     AppState.CounterFrequency = 0;
     Click(screen, "mnuSample");
     ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));

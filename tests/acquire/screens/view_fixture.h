@@ -1,11 +1,11 @@
 #pragma once
 
-#include "acquire/logic/sample_state.h"
-#include "frame/logic/app_state.h"
-#include "platform/mscomm.h"
-#include "platform/program_folder.h"
-#include "platform/timer.h"
-#include "support/file_dialog_hand.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/system/folders.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
+#include "support/file_dialog_answerer.h"
 #include "support/frames.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
@@ -60,7 +60,7 @@ class ViewTest : public ScreenTest {
 
     /// Turns saving on, to the data file `leaf`.
     static void SaveTo(const Screen& screen, const QString& leaf) {
-        const FileDialogHand hand({leaf});
+        const FileDialogAnswerer hand({leaf});
         Click(screen, "mnuSave");
     }
 

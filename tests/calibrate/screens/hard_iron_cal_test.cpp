@@ -1,12 +1,12 @@
-#include "frame/logic/app_state.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_button.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/mscomm.h"
-#include "platform/screen_registry.h"
-#include "platform/timer.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/screen_registry.h"
 #include "simulator/surroundings.h"
-#include "support/box_hand.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 #include "support/frames.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
@@ -71,7 +71,7 @@ class HardIron : public ScreenTest {
         return texts;
     }
 
-    BoxHand hand{{}, QMessageBox::Retry};
+    BoxAnswerer hand{{}, QMessageBox::Retry};
     Screen* screen = nullptr;
 };
 

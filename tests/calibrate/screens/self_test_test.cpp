@@ -1,8 +1,8 @@
-#include "acquire/logic/sample_state.h"
 #include "acquire/screens/view_fixture.h"
 #include "platform/controls/cw_graph.h"
-#include "platform/screen_registry.h"
-#include "support/box_hand.h"
+#include "platform/windows/screen_registry.h"
+#include "state/sample_state.h"
+#include "support/box_answerer.h"
 
 #include <QCheckBox>
 
@@ -33,7 +33,7 @@ class SelfTest : public ViewTest {
 
     Screen& screen = Open("SelfTest");
     CWGraph& graph = Get<CWGraph>(screen, "CWGraph1");
-    BoxHand hand{{}, QMessageBox::Retry};
+    BoxAnswerer hand{{}, QMessageBox::Retry};
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/port_device.h"
-#include "platform/screen_registry.h"
+#include "platform/system/port_device.h"
+#include "platform/windows/screen_registry.h"
 #include "support/screens/screen_fixture.h"
 
 #include <QEvent>
@@ -51,11 +51,11 @@ class ConnectScreen : public ScreenTest {
     /// Plugs the sensor into port `number`, and out of all others.
     void PlugInto(int number) const {
         for (int other = 1; other <= lastPortNumber; ++other) Unplug(other);
-        surroundings.LinkPort(number, QString::fromStdString(sensor.DevicePath().string()));
+        folders.LinkPort(number, QString::fromStdString(sensor.DevicePath().string()));
     }
 
     /// Leaves port `number` without a serial line, whatever the machine has there.
-    void Unplug(int number) const { surroundings.LinkPort(number, noLine); }
+    void Unplug(int number) const { folders.LinkPort(number, noLine); }
 
     static Screen& Dialog() { return *FindScreen("Connect"); }
     static bool IsClosed() { return FindScreen("Connect") == nullptr; }
@@ -85,11 +85,10 @@ class ConnectScreen : public ScreenTest {
     }
 
     /// A file that is no serial line.
-    const QString noLine = surroundings.ConfigFolder() + QStringLiteral("/no-line");
+    const QString noLine = folders.ConfigFolder() + QStringLiteral("/no-line");
 
     /// The settings store, which isn't there before something is stored.
-    const QString store =
-        surroundings.ConfigFolder() + QStringLiteral("/Kestrelmoor/ORB-KL4-RS232.ini");
+    const QString store = folders.ConfigFolder() + QStringLiteral("/Kestrelmoor/ORB-KL4-RS232.ini");
 };
 
 /// Notes the captions that a frame shows, as they are painted.

@@ -1,8 +1,8 @@
-#include "frame/logic/app_state.h"
-#include "frame/start_up.h"
 #include "link/screens/connect_fixture.h"
-#include "platform/boxes.h"
-#include "support/box_hand.h"
+#include "main_window/start_up.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 #include "support/wait.h"
 
 #include <QDir>
@@ -29,7 +29,7 @@ TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) 
     sensor.SetWord(230, 65534);
     sensor.SetWord(232, 2500);
     sensor.ReplyOnceTo(0xF1, {});
-    BoxHand hand({QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Retry});
     Texts shown;
     hand.BeforeAnswer([&](QMessageBox&) {
         if (hand.Count() == 1) sensor.ClearRecord();
@@ -50,7 +50,7 @@ TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) 
 
 TEST_F(ConnectScreen, AManualFailureStaysOnTheScreen) {
     Unplug(1);
-    BoxHand hand({QMessageBox::Retry, QMessageBox::Cancel});
+    BoxAnswerer hand({QMessageBox::Retry, QMessageBox::Cancel});
     ConnectManually(9, "115200");
     EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("9", "115200"), ManualFailure("9", "115200")}));
     for (const char* control : {"cmdConnectManual", "cmdQuit", "SSTab1", "fraPort", "fraBaud"}) {
@@ -71,7 +71,7 @@ TEST_F(ConnectScreen, AfterAFailedResetCancelClosesTheScreenAndRetryTurnsToTheSe
         if (request == firmwareRequest) Unplug(1);
         return std::optional(reply);
     });
-    BoxHand hand({QMessageBox::Cancel, QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Cancel, QMessageBox::Retry});
     hand.BeforeAnswer([&](QMessageBox&) {
         if (hand.Count() == 2) sensor.ClearReplies();
         PlugInto(1);
@@ -94,7 +94,7 @@ TEST_F(ConnectScreen, AfterAFailedResetCancelClosesTheScreenAndRetryTurnsToTheSe
 TEST_F(ConnectScreen, AnErrorOfItsOwnIsReportedUnderTheNormalPointer) {
     // The store is a folder now, so that it can't be written.
     ASSERT_TRUE(QDir().mkpath(store));
-    BoxHand hand({QMessageBox::Ok, QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Ok, QMessageBox::Retry});
     hand.BeforeAnswer([](QMessageBox&) { EXPECT_EQ(MousePointer(), Pointer::Default); });
     ConnectManually(1, "38400");
     ASSERT_EQ(hand.Count(), 2U);

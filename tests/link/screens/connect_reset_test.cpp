@@ -1,8 +1,8 @@
-#include "frame/logic/app_state.h"
 #include "link/screens/connect_fixture.h"
-#include "platform/boxes.h"
-#include "platform/mscomm.h"
-#include "support/box_hand.h"
+#include "platform/events/mscomm.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 
 namespace orbkl4::test {
 
@@ -22,7 +22,7 @@ std::string FailedAt(const std::string& baud) {
 TEST_F(ConnectScreen, ResetWritesTheDefaultsAtEverySpeed) {
     sensor.SetSilent(true);
     AppState.CommPort = 5;
-    BoxHand hand;
+    BoxAnswerer hand;
     Press("cmdReset");
     EXPECT_EQ(hand.Texts(), Texts{attempted});
     const auto requests = sensor.Requests();
@@ -45,7 +45,7 @@ TEST_F(ConnectScreen, ResetWritesTheDefaultsAtEverySpeed) {
 TEST_F(ConnectScreen, AResetThatFailsNamesTheStatesPort) {
     AppState.CommPort = 7;
     const auto retry = QMessageBox::Retry;
-    BoxHand hand({retry, retry, retry, QMessageBox::Ok, retry, QMessageBox::Cancel});
+    BoxAnswerer hand({retry, retry, retry, QMessageBox::Ok, retry, QMessageBox::Cancel});
     for (int run = 0; run < 2; ++run) {
         // Somebody takes the line just after it has been found to exist.
         MSComm rival(nullptr, "MSComm2");

@@ -1,7 +1,7 @@
-#include "frame/logic/app_state.h"
 #include "link/screens/connect_fixture.h"
-#include "platform/boxes.h"
-#include "support/box_hand.h"
+#include "platform/windows/boxes.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 #include "support/wait.h"
 
 #include <QProgressBar>
@@ -43,7 +43,7 @@ TEST_F(ConnectScreen, TellsWhatAPortNumberNames) {
     EXPECT_NE(Text(Dialog(), "lblDevice").find("/no-line\nNo serial line is there"),
               std::string::npos);
     // A line that appears meanwhile is seen when the tab is turned to.
-    surroundings.LinkPort(2, QString::fromStdString(sensor.DevicePath().string()));
+    folders.LinkPort(2, QString::fromStdString(sensor.DevicePath().string()));
     Get<QTabWidget>(Dialog(), "SSTab1").setCurrentIndex(1);
     EXPECT_EQ(Text(Dialog(), "lblDevice"), sensor.DevicePath().string());
 }
@@ -65,7 +65,7 @@ TEST_F(ConnectScreen, FindsTheSensorOnAnyPortAtAnySpeed) {
         sensor.ClearRecord();
         OpenModal("Connect");
         CaptionWatch watch(Get<QGroupBox>(Dialog(), "fraProgress"));
-        BoxHand hand;
+        BoxAnswerer hand;
         hand.BeforeAnswer([&](QMessageBox&) {
             EXPECT_EQ(Shown({"txtPort", "txtBaudRate", "txtSN", "txtFW"}),
                       (Texts{port, baud, "1042", "3.1.01"}));
@@ -101,7 +101,7 @@ TEST_F(ConnectScreen, FindsNothingWhereNoPortIsThere) {
     QObject::connect(&Get<QProgressBar>(Dialog(), "PBar"), &QProgressBar::valueChanged, &Dialog(),
                      [&](int value) { highest = std::max(highest, value); });
     // The first Retry finds nothing again; before the second, the sensor is plugged in.
-    BoxHand hand({QMessageBox::Retry, QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Retry, QMessageBox::Retry});
     hand.BeforeAnswer([&](QMessageBox&) {
         if (hand.Count() > 2) return;
         EXPECT_TRUE(sensor.Received().empty()) << "no port, no traffic";
@@ -131,7 +131,7 @@ TEST_F(ConnectScreen, IsLeftByTheCancelOfTheSearchAndNotBefore) {
         EXPECT_FALSE(IsClosed());
     };
     sensor.SetSilent(true);
-    BoxHand hand({QMessageBox::Cancel});
+    BoxAnswerer hand({QMessageBox::Cancel});
     Press("cmdConnectAuto");
     EXPECT_TRUE(looked);
     EXPECT_EQ(hand.Texts(), Texts{autoFailure});
@@ -143,7 +143,7 @@ TEST_F(ConnectScreen, IsLeftByTheCancelOfTheSearchAndNotBefore) {
 
 TEST_F(ConnectScreen, AShortIdentityIsAskedForAgain) {
     sensor.ReplyOnceTo(0xF1, {});
-    BoxHand hand({QMessageBox::Retry});
+    BoxAnswerer hand({QMessageBox::Retry});
     Press("cmdConnectAuto");
     EXPECT_EQ(hand.Texts(), (Texts{autoFailure, success}));
     std::vector<Bytes> twice = Exchange(1);
@@ -153,7 +153,7 @@ TEST_F(ConnectScreen, AShortIdentityIsAskedForAgain) {
 
 TEST_F(ConnectScreen, WarnsOfEachUnsetGainScaleAndConnects) {
     for (const int scale : {130, 230, 232}) sensor.SetWord(scale, 65535);
-    BoxHand hand;
+    BoxAnswerer hand;
     Press("cmdConnectAuto");
     EXPECT_EQ(
         hand.Texts(),

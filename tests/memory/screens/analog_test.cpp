@@ -1,6 +1,6 @@
 #include "memory/screens/map_fixture.h"
-#include "platform/boxes.h"
 #include "platform/controls/combo_box.h"
+#include "platform/windows/boxes.h"
 #include "support/wait.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "memory/screens/map_fixture.h"
-#include "platform/boxes.h"
+#include "platform/windows/boxes.h"
 #include "support/frames.h"
 #include "support/wait.h"
 
@@ -20,7 +20,7 @@ class GainsTest : public RunTest {
         sensor.SetWord(126, 2);
         sensor.SetWord(128, 300);
         OpenScreen();
-        new Hastener(Get<Timer>(*screen, "TimerWrite"), Port());
+        new TickOnReply(Get<Timer>(*screen, "TimerWrite"), Port());
     }
 
     void AwaitEnd() {

@@ -1,6 +1,6 @@
 #include "memory/screens/map_fixture.h"
 
-#include "platform/boxes.h"
+#include "platform/windows/boxes.h"
 #include "support/wait.h"
 
 namespace orbkl4::test {
@@ -17,7 +17,7 @@ RunTest::RunTest(const char* name, Names entries, Names frames)
 
 void RunTest::OpenScreen() {
     screen = &Open(name_);
-    hastener = new Hastener(Get<Timer>(*screen, "TimerRead"), Port());
+    hastener = new TickOnReply(Get<Timer>(*screen, "TimerRead"), Port());
     Get<Timer>(*screen, "TimerWrite").Interval(writeTick);
 }
 

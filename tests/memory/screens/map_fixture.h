@@ -1,12 +1,12 @@
 #pragma once
 
-#include "frame/logic/app_state.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/mscomm.h"
-#include "platform/timer.h"
-#include "support/box_hand.h"
-#include "support/hastener.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 #include "support/screens/screen_fixture.h"
+#include "support/tick_on_reply.h"
 
 #include <QTest>
 
@@ -45,8 +45,8 @@ class RunTest : public ScreenTest {
     MSComm& Port() const { return Get<MSComm>(*screen, "MSComm1"); }
 
     Screen* screen = nullptr;
-    Hastener* hastener = nullptr;  ///< of the read run
-    BoxHand hand{{}, QMessageBox::Retry};
+    TickOnReply* hastener = nullptr;  ///< of the read run
+    BoxAnswerer hand{{}, QMessageBox::Retry};
 
   private:
     const char* name_;

@@ -1,5 +1,5 @@
 #include "memory/screens/map_fixture.h"
-#include "platform/screen_registry.h"
+#include "platform/windows/screen_registry.h"
 #include "support/wait.h"
 
 #include <QAbstractButton>

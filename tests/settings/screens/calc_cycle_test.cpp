@@ -1,7 +1,7 @@
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/option_button.h"
-#include "platform/program_folder.h"
+#include "platform/system/folders.h"
 #include "settings/screens/settings_fixture.h"
 
 #include <QFile>
@@ -55,7 +55,7 @@ class CalcCycle : public SettingsTest {
 }  // namespace
 
 TEST_F(CalcCycle, ReadsTheWordsAsItOpens) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     Screen& screen = OpenReading("CalcCycle");
     for (const char* entry : {"mnuRead", "mnuCalcCycle", "mnuCalcCycleDefault"})
         EXPECT_FALSE(screen.Menu(entry).Enabled()) << entry;
@@ -82,7 +82,7 @@ TEST_F(CalcCycle, ReadsTheWordsAsItOpens) {
 }
 
 TEST_F(CalcCycle, ASilentSensorIsAnErrorOfEachTickAndReturnEndsIt) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     sensor.SetSilent(true);
     Screen& screen = OpenReading("CalcCycle");
     ASSERT_TRUE(WaitFor([&] { return hand.Count() == 1; }));
@@ -108,7 +108,7 @@ TEST_F(CalcCycle, OnlyAGoodTableLetsTheSliderPick) {
         SCOPED_TRACE(message);
         WriteTable(contents);
         if (contents.empty()) QFile::remove(TablePath());
-        const BoxHand box({}, goOn);
+        const BoxAnswerer box({}, goOn);
         Screen& screen = OpenRead();
         const bool loaded = *message == '\0';
         EXPECT_EQ(box.Texts(), loaded ? Strings{} : Strings{message});
@@ -120,7 +120,7 @@ TEST_F(CalcCycle, OnlyAGoodTableLetsTheSliderPick) {
 }
 
 TEST_F(CalcCycle, TheSliderPicksARowByItsText) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     Screen& screen = OpenRead();
     EXPECT_EQ(Text(screen, "lblSlider"), "2.00");
     Slide(screen, 2.4);
@@ -137,7 +137,7 @@ TEST_F(CalcCycle, TheSliderPicksARowByItsText) {
 }
 
 TEST_F(CalcCycle, TheDefaultIsSetAndWritten) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     Screen& screen = OpenRead();
     sensor.ClearRecord();
     Click(screen, "mnuCalcCycleDefault");
@@ -170,7 +170,7 @@ TEST_F(CalcCycle, OnlyTheFirstAndLastReplyMustPass) {
 }
 
 TEST_F(CalcCycle, ASecondClickEndsTheWaitAndAPortThatIsGoneIsReported) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     const Screen& screen = OpenRead();
     sensor.SetSilent(true);
     Click(screen, "mnuCalcCycle");

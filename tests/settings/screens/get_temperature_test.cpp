@@ -1,6 +1,6 @@
-#include "acquire/logic/sample_state.h"
 #include "platform/controls/cw_slide.h"
 #include "settings/screens/settings_fixture.h"
+#include "state/sample_state.h"
 
 namespace orbkl4::test {
 
@@ -47,7 +47,7 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
              {checksum, Strings(5), 0, {"Temperature return failed!"}},
              // 24.7 makes 76.46 Fahrenheit; the 76.5 shown makes 536.17 Rankine, not 536.13.
              {good(9797), {"24.7", "76.5", "19.8", "297.8", "536.2"}, 24.7, {}}}) {
-        const BoxHand box({}, goOn);
+        const BoxAnswerer box({}, goOn);
         sensor.ClearRecord();
         sensor.ReplyOnceTo(0x07, reply);
         Press(screen, "cmdGet");
@@ -66,7 +66,7 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
 }
 
 TEST_F(Temperature, ASilentSensorIsAskedAgainByTheNextClick) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     sensor.SetSilent(true);
     Press(screen, "cmdGet");
     ASSERT_TRUE(sensor.WaitForRequests(1, std::chrono::seconds(5)));

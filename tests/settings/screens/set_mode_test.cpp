@@ -38,7 +38,7 @@ class SetMode : public ScreenTest {
     }
 
     Screen& main = *FindScreen("Main");
-    BoxHand hand{{}, goOn};
+    BoxAnswerer hand{{}, goOn};
 };
 
 }  // namespace

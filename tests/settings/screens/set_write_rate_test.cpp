@@ -1,7 +1,7 @@
-#include "acquire/logic/sample_state.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/screen_registry.h"
-#include "support/box_hand.h"
+#include "platform/windows/screen_registry.h"
+#include "state/sample_state.h"
+#include "support/box_answerer.h"
 #include "support/screens/screen_fixture.h"
 
 #include <QCheckBox>
@@ -42,7 +42,7 @@ TEST_F(WriteRate, StartsAsTheSettingStandsAndSetsIt) {
 TEST_F(WriteRate, NeitherARateOfNothingNorCancelChangesIt) {
     SampleState.WriteIntervalTicks = 153;
     chkUnrestricted.click();
-    const BoxHand hand({QMessageBox::Retry});
+    const BoxAnswerer hand({QMessageBox::Retry});
     Press(screen, "cmdOK");
     ASSERT_EQ(hand.Count(), 1U);
     EXPECT_EQ(hand.Error(0), "11 cmdOK_Click SetWriteRate");

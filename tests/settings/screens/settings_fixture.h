@@ -1,13 +1,13 @@
 #pragma once
 
-#include "frame/logic/app_state.h"
-#include "platform/boxes.h"
-#include "platform/clock.h"
-#include "platform/menu_entry.h"
-#include "platform/mscomm.h"
-#include "platform/screen_registry.h"
-#include "platform/timer.h"
-#include "support/box_hand.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/system/clock.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen_registry.h"
+#include "state/app_state.h"
+#include "support/box_answerer.h"
 #include "support/frames.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
@@ -69,7 +69,7 @@ class SettingsTest : public ScreenTest {
 
     /// What is told when `entry` is chosen and its writes get `replies` in turn.
     Strings Told(const Screen& screen, const char* entry, const std::vector<Bytes>& replies) {
-        const BoxHand box({}, goOn);
+        const BoxAnswerer box({}, goOn);
         sensor.ClearReplies();
         for (const Bytes& reply : replies) sensor.ReplyOnceTo(0x29, reply);
         Click(screen, entry);

@@ -35,7 +35,7 @@ TEST_F(Vertical, ShowsTheStateThatTheTwoWordsMake) {
          {Case{0, 0, "vertical"}, Case{1, 100, "normal"}, Case{0, 100, ""}, Case{1, 0, ""},
           Case{1, 99, ""}}) {
         SetWords(word120, word126);
-        const BoxHand box({}, goOn);
+        const BoxAnswerer box({}, goOn);
         sensor.ClearRecord();
         Screen& screen = OpenRead();
         EXPECT_EQ(Mode(screen), mode);
@@ -51,14 +51,14 @@ TEST_F(Vertical, ShowsTheStateThatTheTwoWordsMake) {
 TEST_F(Vertical, ASkippedWordThatWasNeverReadCountsAsZero) {
     SetWords(1, 0);
     sensor.ReplyOnceTo(0x28, {0x28, 0x00, 0x01, 0x00});
-    const BoxHand cancelling;
+    const BoxAnswerer cancelling;
     Screen& screen = OpenRead();
     EXPECT_EQ(cancelling.Count(), 1U);
     EXPECT_EQ(Mode(screen), "vertical");
 }
 
 TEST_F(Vertical, SwitchesTheSensor) {
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     SetWords(1, 100);
     Screen& screen = OpenRead();
     sensor.ClearRecord();
@@ -105,7 +105,7 @@ TEST_F(Vertical, BothRepliesMustPass) {
 
 TEST_F(Vertical, ASecondClickEndsTheWaitAndReturnFreesThePort) {
     SetWords(1, 100);
-    const BoxHand hand({}, goOn);
+    const BoxAnswerer hand({}, goOn);
     Screen& screen = OpenRead();
     sensor.SetSilent(true);
     Click(screen, "mnuRemove");

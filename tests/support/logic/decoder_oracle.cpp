@@ -1,8 +1,8 @@
 #include "support/logic/decoder_oracle.h"
 
 #include "acquire/logic/packets.h"
-#include "acquire/logic/sample_state.h"
-#include "frame/logic/app_state.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 
 #include <cmath>
 #include <cstddef>

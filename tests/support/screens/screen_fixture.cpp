@@ -1,12 +1,12 @@
 #include "support/screens/screen_fixture.h"
 
-#include "acquire/logic/sample_state.h"
 #include "all_screens.h"
-#include "frame/logic/app_state.h"
-#include "frame/start_up.h"
-#include "platform/boxes.h"
-#include "platform/file_channel.h"
-#include "platform/screen_registry.h"
+#include "main_window/start_up.h"
+#include "platform/system/file_channel.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/screen_registry.h"
+#include "state/app_state.h"
+#include "state/sample_state.h"
 #include "support/wait.h"
 
 #include <QVariant>
@@ -37,7 +37,7 @@ ScreenTest::ScreenTest(const orbkl4sim::SimulatorOptions& options) : sensor(opti
     SampleState = {};
     StartUp();
     sensor.Start();
-    surroundings.LinkPort(1, QString::fromStdString(sensor.DevicePath().string()));
+    folders.LinkPort(1, QString::fromStdString(sensor.DevicePath().string()));
     RegisterAllScreens();
     PlaceScreensIn(&frame);
     ShowScreen("Main");

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/bytes.h"
-#include "platform/mdi_frame.h"
-#include "platform/menu_entry.h"
-#include "platform/screen.h"
+#include "platform/windows/mdi_frame.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen.h"
 #include "simulator/simulator.h"
-#include "support/surroundings.h"
+#include "support/temporary_folders.h"
 
 #include <QAbstractButton>
 #include <gtest/gtest.h>
@@ -56,7 +56,7 @@ class ScreenTest : public testing::Test {
     /// The requests that the sensor has heard so far, in order.
     std::vector<Bytes> Heard() const;
 
-    Surroundings surroundings;
+    TemporaryFolders folders;
     orbkl4sim::Simulator sensor;
     MdiFrame frame{"MDIForm1", "Frame"};
 };

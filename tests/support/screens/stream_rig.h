@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/mdi_frame.h"
-#include "support/box_hand.h"
+#include "platform/windows/mdi_frame.h"
+#include "support/box_answerer.h"
 #include "support/logic/stream_oracle.h"
-#include "support/pseudo_terminal.h"
-#include "support/surroundings.h"
+#include "support/pty_master.h"
+#include "support/temporary_folders.h"
 
 #include <QPointer>
 
@@ -47,10 +47,10 @@ class StreamRig {
     bool AllIn(const StreamOracle& oracle);
     std::string Snapshot() const;
 
-    Surroundings surroundings_;
-    PseudoTerminal line_;
+    TemporaryFolders surroundings_;
+    PtyMaster line_;
     MdiFrame frame_{"MDIForm1", "Frame"};
-    BoxHand boxes_{{}, QMessageBox::Retry};
+    BoxAnswerer boxes_{{}, QMessageBox::Retry};
     const DecoderRow* row_ = nullptr;
     QPointer<Screen> screen_;
     MSComm* port_ = nullptr;

@@ -1,0 +1,21 @@
+#include "link/word_writes.h"
+
+#include "link/communication.h"
+#include "link/logic/requests.h"
+#include "platform/events/mscomm.h"
+#include "state/app_state.h"
+
+namespace orbkl4 {
+
+void WriteWords(MSComm& port, std::span<const EepromWrite> writes) {
+    constexpr std::int32_t gapMilliseconds = 250;
+    bool first = true;
+    for (const auto& [address, word] : writes) {
+        if (!first) WaitMilliseconds(gapMilliseconds);
+        first = false;
+        AppState.CommandBytes = WriteEepromRequest(address, word);
+        port.Output(AppState.CommandBytes);
+    }
+}
+
+}  // namespace orbkl4

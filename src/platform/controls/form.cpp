@@ -1,0 +1,79 @@
+#include "platform/controls/form.h"
+
+#include "platform/events/event_gate.h"
+#include "platform/windows/look.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <utility>
+
+namespace orbkl4 {
+
+QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString MemberName(const char* array, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+}
+
+QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text) {
+    auto* label = Named(new QLabel(parent), name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(ToQString(text));
+    return label;
+}
+
+QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption) {
+    return Named(new QGroupBox(QString::fromUtf8(caption), parent), name);
+}
+
+QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
+                        std::function<void()> click) {
+    auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button, [click = std::move(click)] {
+        const HandlerScope scope;
+        click();
+    });
+    return button;
+}
+
+void KeepColours(QWidget& widget) {
+    QPalette palette = widget.palette();
+    for (int i = 0; i < QPalette::NColorRoles; ++i) {
+        const auto role = static_cast<QPalette::ColorRole>(i);
+        palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
+    }
+    widget.setPalette(palette);
+}
+
+QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
+    auto* bar = Named(new QProgressBar(parent), name);
+    bar->setRange(0, maximum);
+    bar->setValue(0);
+    bar->setTextVisible(false);
+    KeepColours(*bar);
+    return bar;
+}
+
+QLabel* MakeWarning(QWidget* parent) {
+    QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
+    MakeWarning(*warning);
+    QSizePolicy policy = warning->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    warning->setSizePolicy(policy);
+    warning->setVisible(false);
+    return warning;
+}
+
+TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption) {
+    auto* field = Named(new TextField(rows.parentWidget()), name);
+    rows.addRow(QString::fromUtf8(caption), field);
+    return field;
+}
+
+}  // namespace orbkl4

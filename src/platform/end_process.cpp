@@ -1,9 +1,0 @@
-#include "platform/end_process.h"
-
-#include <cstdlib>
-
-namespace orbkl4 {
-
-void EndProcess() { std::_Exit(EXIT_SUCCESS); }
-
-}  // namespace orbkl4

@@ -1,0 +1,120 @@
+#include "platform/windows/mdi_frame.h"
+
+#include "platform/windows/look.h"
+#include "platform/windows/screen.h"
+#include "platform/windows/screen_registry.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+namespace orbkl4 {
+
+namespace {
+
+constexpr QSize startSize(1240, 760);
+constexpr QSize leastSize(960, 600);
+constexpr double twipsPerInch = 1440;
+
+/// The strip that bears the title of the child on show.
+QLabel* MakeHeading() {
+    auto* heading = new QLabel;
+    heading->setObjectName(QStringLiteral("lblHeading"));
+    heading->setTextFormat(Qt::PlainText);
+    heading->setAutoFillBackground(true);
+    heading->setContentsMargins(14, 6, 14, 6);
+    QPalette palette = heading->palette();
+    palette.setColor(QPalette::Window, look::accent);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    heading->setPalette(palette);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    heading->setFont(font);
+    return heading;
+}
+
+}  // namespace
+
+MdiFrame::MdiFrame(const char* name, const char* title)
+    : heading_(MakeHeading()), area_(new QWidget) {
+    setObjectName(QString::fromUtf8(name));
+    setWindowTitle(QString::fromUtf8(title));
+    area_->installEventFilter(this);
+    auto* centre = new QWidget;
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(heading_);
+    column->addWidget(area_, 1);
+    setCentralWidget(centre);
+    setMinimumSize(leastSize);
+    resize(startSize);
+}
+
+MdiFrame::~MdiFrame() { UnloadAllScreens(); }
+
+void MdiFrame::ShowChild(Screen& screen) {
+    children_ += &screen;
+    screen.setParent(area_);
+    ShowTop();
+    screen.setFocus();
+}
+
+void MdiFrame::ShowTop() {
+    menuBar()->clear();
+    heading_->clear();
+    if (children_.isEmpty()) return;
+    Screen* top = children_.constLast();
+    for (Screen* child : children_) child->setVisible(child == top);
+    top->setGeometry(area_->rect());
+    heading_->setText(top->windowTitle());
+    menuBar()->addActions(top->MenuBarEntries());
+}
+
+void MdiFrame::ShowDialog(Screen& screen) {
+    if (!screen.MenuBarEntries().isEmpty()) {
+        auto* bar = new QMenuBar;
+        bar->addActions(screen.MenuBarEntries());
+        screen.layout()->setMenuBar(bar);
+    }
+    screen.setWindowModality(Qt::WindowModal);
+    ShowOver(screen, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+}
+
+void MdiFrame::ShowModeless(Screen& screen) {
+    ShowOver(screen, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+}
+
+void MdiFrame::ShowOver(Screen& screen, Qt::WindowFlags flags) {
+    screen.setParent(this, flags);
+    screen.adjustSize();
+    screen.move(geometry().center() - screen.rect().center());
+    screen.show();
+}
+
+void MdiFrame::Remove(Screen& screen) {
+    if (children_.removeAll(&screen) > 0) ShowTop();
+}
+
+void MdiFrame::ChangeWidth(int twips) {
+    const double pixels = twips * logicalDpiX() / twipsPerInch;
+    resize(width() + qRound(pixels), height());
+}
+
+void MdiFrame::closeEvent(QCloseEvent* event) {
+    UnloadAllScreens();
+    event->accept();
+}
+
+bool MdiFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == area_ && event->type() == QEvent::Resize && !children_.isEmpty()) {
+        children_.constLast()->setGeometry(area_->rect());
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace orbkl4

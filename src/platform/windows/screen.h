@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/windows/menu_entry.h"
+
+#include <QList>
+#include <QWidget>
+
+#include <span>
+
+class QAbstractButton;
+
+namespace orbkl4 {
+
+class ReSize;
+
+/// One window of the system, found by its name, with its controls, its menus and its handlers. It
+/// is shown inside the frame, or over it as a modal dialog or a modeless window; it doesn't know
+/// which.
+class Screen : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// A screen without controls; `name` and `title` are UTF-8.
+    Screen(const char* name, const char* title);
+
+    /// Runs once, before the screen is shown.
+    virtual void Form_Load() {}
+
+    /// Runs once, after the screen has been shown.
+    virtual void Form_Activate() {}
+
+    /// Closes the screen: its ports close and its timers stop at once, and it is destroyed when no
+    /// handler of it is on the stack.
+    void Unload();
+
+    /// The menu entry `name`, which must exist.
+    MenuEntry& Menu(const char* name) const;
+
+    /// The entries that stand in a menu bar while the screen is shown.
+    const QList<QAction*>& MenuBarEntries() const { return menuBarEntries_; }
+
+    /// Whether Esc and the close button of a dialog close it; they do at first.
+    void CloseAllowed(bool allowed) { closeAllowed_ = allowed; }
+
+  protected:
+    /// Makes the menu tree of `rows`; a menu stands before its entries, and a row of the menu bar
+    /// without any is an entry itself.
+    void BuildMenu(std::span<const MenuRow> rows);
+
+    /// The button that Enter presses while no other button has the focus.
+    void DefaultButton(QAbstractButton& button) { defaultButton_ = &button; }
+
+    /// The size for which the layout is made; in a larger window the type grows.
+    void DesignSize(QSize size);
+
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void PressEnter();
+
+    ReSize* resize_;
+    QList<QAction*> menuBarEntries_;
+    QAbstractButton* defaultButton_ = nullptr;
+    bool closeAllowed_ = true;
+};
+
+}  // namespace orbkl4

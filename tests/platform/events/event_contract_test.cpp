@@ -1,0 +1,164 @@
+#include "platform/events/do_events.h"
+#include "platform/events/mscomm.h"
+#include "platform/events/timer.h"
+#include "platform/windows/boxes.h"
+#include "platform/windows/mdi_frame.h"
+#include "platform/windows/menu_entry.h"
+#include "platform/windows/screen.h"
+#include "platform/windows/screen_registry.h"
+#include "support/box_answerer.h"
+#include "support/pty_master.h"
+#include "support/temporary_folders.h"
+#include "support/wait.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <gtest/gtest.h>
+
+namespace orbkl4::test {
+
+namespace {
+
+/// A running timer whose ticks are counted.
+class CountedTimer {
+  public:
+    explicit CountedTimer(int interval) : timer_(nullptr, "TimerTest", interval) {
+        QObject::connect(&timer_, &Timer::Tick, &timer_, [this] { ++ticks; });
+        timer_.Enabled(true);
+    }
+
+    int ticks = 0;
+
+  private:
+    Timer timer_;
+};
+
+/// An open port on a line whose far end the test holds, its events counted.
+class EventContract : public testing::Test {
+  protected:
+    EventContract() : port(nullptr, "MSComm1") {
+        folders.LinkPort(1, line.Path());
+        port.CommPort(1);
+        port.Settings("38400,n,8,1");
+        QObject::connect(&port, &MSComm::OnComm, &port, [this] { ++events; });
+    }
+
+    void Open(std::int16_t threshold) {
+        port.RThreshold(threshold);
+        port.PortOpen(true);
+    }
+
+    TemporaryFolders folders;
+    PtyMaster line;
+    MSComm port;
+    int events = 0;
+};
+
+const Bytes fiveBytes{1, 2, 3, 4, 5};
+
+}  // namespace
+
+TEST_F(EventContract, NothingIsDeliveredWhileABoxIsUp) {
+    Open(5);
+    CountedTimer timer(20);
+    BoxAnswerer hand;
+    hand.Hesitate(150);
+    hand.BeforeAnswer([&](QMessageBox&) {
+        EXPECT_EQ(timer.ticks, 0);
+        EXPECT_EQ(events, 0);
+    });
+    line.Send(fiveBytes);
+    ShowMessage("Held up");
+    EXPECT_TRUE(WaitFor([&] { return timer.ticks > 0 && events == 1; }))
+        << "what was due behind the box comes after it";
+}
+
+TEST_F(EventContract, OnCommIsDecidedAtDelivery) {
+    Open(0);
+    line.Send(fiveBytes);
+    ASSERT_TRUE(WaitFor([&] { return port.InBufferCount() == 5; }));
+    LetPass(20);
+    EXPECT_EQ(events, 0) << "no threshold, no event";
+
+    // A handler that sets the threshold with enough bytes waiting lets the event come after it.
+    {
+        const HandlerScope handler;
+        port.RThreshold(5);
+        EXPECT_EQ(events, 0);
+    }
+    EXPECT_TRUE(WaitFor([&] { return events > 0; }));
+}
+
+TEST_F(EventContract, AfterAnErrorBoxEventsRestASecondAndWhileAMenuIsOpen) {
+    Open(5);
+    CountedTimer timer(10);
+    const BoxAnswerer hand;
+    AskErrorRetryCancel("It went wrong");
+    line.Send(fiveBytes);
+    LetPass(800);
+    EXPECT_EQ(timer.ticks + events, 0);
+    ASSERT_TRUE(WaitFor([&] { return timer.ticks > 0 && events > 0; }));
+
+    ShowErrorMessage("It went wrong again");
+    const int ticks = timer.ticks;
+    QMenu menu;
+    menu.addAction(QStringLiteral("Return"));
+    menu.popup(QPoint(0, 0));
+    LetPass(1300);
+    EXPECT_EQ(timer.ticks, ticks) << "the menu is still open";
+    menu.close();
+    EXPECT_TRUE(WaitFor([&] { return timer.ticks > ticks; }));
+}
+
+TEST_F(EventContract, AMenuEntrysCheckMarkIsTheProgramsAlone) {
+    QWidget screen;
+    MenuEntry entry(&screen, {"mnuSample", "&Sample"});
+    entry.trigger();
+    EXPECT_FALSE(entry.isChecked());
+    entry.Checked(true);
+    entry.trigger();
+    EXPECT_TRUE(entry.isChecked()) << "Qt would have taken the mark off";
+}
+
+TEST_F(EventContract, UnloadingStopsAScreenAtOnceAndDestroysItLater) {
+    RegisterScreen("View", [] { return new Screen("View", "View"); });
+    MdiFrame frame("MDIForm1", "Frame");
+    PlaceScreensIn(&frame);
+    frame.show();
+    ShowScreen("View");
+    const QPointer<Screen> view = FindScreen("View");
+    auto* timer = new Timer(view, "TimerSampling", 5);
+    auto* viewPort = new MSComm(view, "MSComm1");
+    int ticks = 0;
+    QObject::connect(timer, &Timer::Tick, view, [&] { ++ticks; });
+    viewPort->PortOpen(true);
+    timer->Enabled(true);
+    {
+        const HandlerScope handler;
+        view->Unload();
+        view->Unload();
+        EXPECT_EQ(FindScreen("View"), nullptr);
+        EXPECT_FALSE(viewPort->PortOpen());
+        LetPass(30);  // a box of the handler would let events run as this does
+        EXPECT_FALSE(view.isNull());
+    }
+    EXPECT_TRUE(WaitFor([&] { return view.isNull(); }));
+    EXPECT_EQ(ticks, 0);
+    Open(5);  // the line is free again at once
+}
+
+TEST(DoEvents, DropsTheKeysPressedMeanwhile) {
+    QLineEdit field;
+    const auto key = [] {
+        return new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+    };
+    QCoreApplication::postEvent(&field, key());
+    DoEvents();
+    EXPECT_EQ(field.text(), "");
+    QCoreApplication::postEvent(&field, key());
+    EXPECT_TRUE(WaitFor([&] { return field.text() == QLatin1String("a"); }));
+}
+
+}  // namespace orbkl4::test

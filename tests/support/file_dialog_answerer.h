@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <vector>
+
+namespace orbkl4::test {
+
+/// Answers the program's file dialogs as a person would.
+class FileDialogAnswerer {
+  public:
+    /// Types `names` in turn and saves; an empty one, or none left, cancels. Asked whether a file
+    /// is to be overwritten, it says yes or, if `overwrites` is false, no and then cancels.
+    explicit FileDialogAnswerer(std::vector<QString> names, bool overwrites = true);
+
+    /// The number of dialogs answered so far.
+    std::size_t Count() const { return count_; }
+
+    /// The folder and the file name filter that the last dialog showed.
+    const QString& Folder() const { return folder_; }
+    const QString& Filter() const { return filter_; }
+
+  private:
+    void Look();
+
+    std::vector<QString> names_;
+    bool overwrites_;
+    std::size_t count_ = 0;
+    QString folder_;
+    QString filter_;
+    QPointer<QWidget> current_;
+    QTimer timer_;
+};
+
+}  // namespace orbkl4::test

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/bytes.h"
+
+#include <QString>
+
+namespace orbkl4::test {
+
+/// The far end of a serial line, held by the test.
+class PtyMaster {
+  public:
+    PtyMaster();
+    ~PtyMaster();
+    PtyMaster(const PtyMaster&) = delete;
+    PtyMaster& operator=(const PtyMaster&) = delete;
+
+    /// The device that a port opens.
+    QString Path() const { return path_; }
+
+    /// The speed that the port was last set to, a code such as B38400.
+    unsigned Speed() const;
+
+    /// Sends `bytes` to whoever holds the port.
+    void Send(const Bytes& bytes) const;
+
+    /// Takes what has come from the port, waiting until `count` bytes have or two seconds are over.
+    Bytes Take(std::size_t count) const;
+
+    /// Takes what has come from the port so far.
+    Bytes TakeAll() const { return Take(0); }
+
+    /// Pulls the line out: whoever holds the port sees it hang up.
+    void HangUp();
+
+  private:
+    int master_ = -1;
+    QString path_;
+};
+
+}  // namespace orbkl4::test
