@@ -1,6 +1,7 @@
 #pragma once
 
-#include "acquire/logic/packets.h"
+#include "acquire/data_files.h"
+#include "acquire/logic/decoders.h"
 #include "base/bytes.h"
 
 #include <span>
@@ -31,15 +32,18 @@ struct SamplingChannel {
     const char* port;
     const char* timer;  ///< the watchdog
     const char* led;    ///< the lamp that is lit by a good packet
-    DeviceCommand command;
-    bool (*decode)();
-    void (*write)(Side side, std::string_view timeText);
-    const char* otherEntry;  ///< disabled while the channel runs, as is `otherFrame`
-    const char* otherFrame;
+    Decoder decode;
+    const RowWriter* write = nullptr;  ///< null where nothing is saved
+    const char* otherEntry = "";       ///< disabled while the channel runs, as is `otherFrame`
+    const char* otherFrame = "";
+    const char* ownFrame = "";  ///< enabled while the channel runs only
     ChannelExtras extras = {};
+
+    /// The one-byte request.
+    constexpr DeviceCommand Command() const { return decode.command; }
 };
 
-/// The channels of the data view `screen`, the gyro-stabilized one first.
+/// The channels of `screen`, the gyro-stabilized one first.
 std::span<const SamplingChannel> ChannelsOf(std::string_view screen);
 
 }  // namespace orbkl4

@@ -3,7 +3,7 @@
 #include "platform/controls/axis.h"
 #include "platform/controls/cw_knob.h"
 #include "platform/windows/menu_entry.h"
-#include "state/sample_state.h"
+#include "state/sample_fields.h"
 
 #include <cstdint>
 #include <span>

@@ -163,7 +163,9 @@ void HardIronCal::ReportInit() {
         return;
     }
     const std::string what = eraseRequested_ ? "Erase" : "Initialization";
-    ShowMessage(what + (CheckHardIronInitReply() ? " succeeded!" : " failed checksum!"));
+    ShowMessage(what + (ChecksumHolds(AppState.CommandBytes, 0, AppState.CommandBytes.size())
+                            ? " succeeded!"
+                            : " failed checksum!"));
     eraseRequested_ = false;
 }
 
@@ -199,7 +201,7 @@ void HardIronCal::TakeCollectReply() const {
         led_->Value(false);
         return;
     }
-    const auto collected = DecodeHardIronCollectReply();
+    const auto collected = DecodeHardIronCollectReply(AppState.CommandBytes, AppState.MagGainScale);
     led_->Value(collected.has_value());
     if (collected) Show<9>(*collected, collectFields_);
 }
@@ -239,7 +241,7 @@ void HardIronCal::ReportCompute() const {
         ShowMessage(badReply);
         return;
     }
-    const auto computed = DecodeHardIronComputeReply();
+    const auto computed = DecodeHardIronComputeReply(AppState.CommandBytes, AppState.MagGainScale);
     if (computed) Show<3>(*computed, parameterFields_);
     ShowMessage(computed ? "Compute Parameter succeeded!" : "Compute Parameter failed checksum!");
 }

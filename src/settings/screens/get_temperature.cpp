@@ -124,7 +124,7 @@ void GetTemperature::MSComm1_OnComm() {
 void GetTemperature::TakeReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
-    } else if (!CheckTemperatureReply(degreesCelsius_)) {
+    } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {
         ShowMessage("Temperature return failed!");
     } else {
         degreesCelsius_ = CelsiusOf(degreesCelsius_);
