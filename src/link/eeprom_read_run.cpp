@@ -13,10 +13,7 @@ namespace orbkl4 {
 
 namespace {
 
-void AskForWord(MSComm& port) {
-    AppState.CommandBytes = ReadEepromRequest(AppState.CurrentEEPROMAddress);
-    port.Output(AppState.CommandBytes);
-}
+void AskForWord(MSComm& port) { Send(port, ReadEepromRequest(AppState.CurrentEEPROMAddress)); }
 
 void TakeWord(const EepromReadRun& run) {
     constexpr std::size_t wordOffset = 1;
