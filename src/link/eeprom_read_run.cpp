@@ -3,7 +3,6 @@
 #include "link/communication.h"
 #include "link/logic/requests.h"
 #include "link/reply_question.h"
-#include "memory/logic/catalogue.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"

@@ -1,8 +1,8 @@
 #include "link/eeprom_write.h"
 
 #include "link/communication.h"
+#include "link/logic/eeprom_address.h"
 #include "link/logic/requests.h"
-#include "memory/logic/catalogue.h"
 #include "state/app_state.h"
 
 namespace orbkl4 {
