@@ -34,7 +34,7 @@ QLabel* MakeFieldLabel(QWidget* frame, const char* text) {
     return label;
 }
 
-/// Fills a panel's grid: a field behind its label in each row, but for the elements of a matrix.
+/// Fills a panel's grid: one labelled field per row, except for the elements of a matrix.
 class PanelFiller {
   public:
     PanelFiller(QWidget* frame, const TextPanel& panel)
@@ -60,7 +60,7 @@ class PanelFiller {
         return field;
     }
 
-    /// Few rows don't spread over all of the panel.
+    /// Keeps few rows from spreading over the whole height of the panel.
     void Finish() {
         constexpr int rowsBelow = 4;
         grid_->setRowStretch(row_, rowsBelow);
