@@ -55,18 +55,18 @@ double CheckedRate(double rate) {
 }  // namespace
 
 Console::Console(Simulator& simulator, const FaultRates& faults, std::atomic<bool>& logging)
-    : simulator_(simulator), faults_(faults), logging_(logging), commands_(Plain()) {
-    std::ranges::move(Rates(), std::back_inserter(commands_));
+    : simulator_(simulator), faults_(faults), logging_(logging), commands_(GeneralCommands()) {
+    std::ranges::move(RateCommands(), std::back_inserter(commands_));
 }
 
-std::vector<Console::Command> Console::Plain() {
+std::vector<Console::Command> Console::GeneralCommands() {
     return {
         {"help", "", "shows this", [this](std::istringstream&) { return Help(); }},
-        {"silent", "on|off", "hears and obeys but sends nothing",
+        {"silent", "on|off", "carries out requests but sends nothing",
          Switch([this](bool on) { simulator_.SetSilent(on); })},
-        {"flood", "on|off", "fills the line with random bytes",
+        {"flood", "on|off", "sends random bytes at full speed",
          Switch([this](bool on) { simulator_.SetFlood(on); })},
-        {"unplug", "", "pulls the adapter out", Simply([this] { simulator_.Unplug(); })},
+        {"unplug", "", "unplugs the adapter", Simply([this] { simulator_.Unplug(); })},
         {"replug", "", "plugs it in again", Simply([this] { simulator_.Replug(); })},
         {"power-cycle", "", "switches the sensor off and on",
          Simply([this] { simulator_.PowerCycle(); })},
@@ -89,13 +89,13 @@ std::vector<Console::Command> Console::Plain() {
              NoMore(words);
              return simulator_.DevicePath().string();
          }},
-        {"log", "on|off", "shows each request as it comes",
+        {"log", "on|off", "shows each request received",
          Switch([this](bool on) { logging_ = on; })},
         {"quit", "", "ends the program", Simply([this] { ended_ = true; })},
     };
 }
 
-std::vector<Console::Command> Console::Rates() {
+std::vector<Console::Command> Console::RateCommands() {
     const auto rate = [this](const char* name, const char* help, double FaultRates::*member) {
         return Command{name, "RATE", help, [this, member](std::istringstream& words) {
                            return SetRate(member, words);
@@ -107,7 +107,7 @@ std::vector<Console::Command> Console::Rates() {
         rate("truncate", "cuts the end off replies", &FaultRates::truncate),
         rate("dribble", "sends replies byte by byte", &FaultRates::dribble),
         rate("stray", "puts stray bytes before replies", &FaultRates::stray),
-        {"delay", "RATE [MILLISECONDS]", "holds replies back",
+        {"delay", "RATE [MILLISECONDS]", "sends replies late",
          [this](std::istringstream& words) { return Delay(words); }},
     };
 }
@@ -131,7 +131,7 @@ std::string Console::Help() const {
         const std::string call = command.name + ' ' + command.usage;
         text << std::left << std::setw(46) << call << ' ' << command.help << '\n';
     }
-    text << "A RATE is the share of replies, from 0 to 1.";
+    text << "A RATE is the fraction of replies, from 0 to 1.";
     return text.str();
 }
 
@@ -147,7 +147,7 @@ std::string Console::Delay(std::istringstream& words) {
     CheckedRate(rate);
     if (!(words >> std::ws).eof()) {
         const auto milliseconds = Last<int>(words, "the time");
-        if (milliseconds < 0) throw std::runtime_error("a delay is not below 0");
+        if (milliseconds < 0) throw std::runtime_error("a delay must not be negative");
         faults_.delayTime = std::chrono::milliseconds(milliseconds);
     }
     faults_.delay = rate;

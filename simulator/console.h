@@ -10,18 +10,18 @@
 
 namespace orbkl4sim {
 
-/// Commands as lines of text, for a person or a script that drives the simulator.
+/// Text commands by which a user or a script controls the simulator.
 class Console {
   public:
-    /// `faults` are the rates that `simulator` began with; `logging` is set while requests are to
-    /// be shown as they come.
+    /// `faults` are the initial rates of `simulator`; `logging` is set while requests are to be
+    /// printed.
     Console(Simulator& simulator, const FaultRates& faults, std::atomic<bool>& logging);
 
-    /// Carries out `line` and gives the answer: "ok", what was asked for, or "error: " and what is
-    /// wrong; nothing for an empty line.
+    /// Carries out `line` and returns the answer: "ok", the value asked for, or "error: " and the
+    /// reason; nothing for an empty line.
     std::string Execute(const std::string& line);
 
-    /// Whether the program is to end.
+    /// Whether the user has asked to end the program.
     bool Ended() const { return ended_; }
 
   private:
@@ -32,8 +32,8 @@ class Console {
         std::function<std::string(std::istringstream& words)> run;
     };
 
-    std::vector<Command> Plain();
-    std::vector<Command> Rates();
+    std::vector<Command> GeneralCommands();
+    std::vector<Command> RateCommands();
     std::string Help() const;
     std::string SetRate(double FaultRates::*rate, std::istringstream& words);
     std::string Delay(std::istringstream& words);

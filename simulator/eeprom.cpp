@@ -18,8 +18,8 @@ struct FactoryRun {
     std::uint16_t word;
 };
 
-// Words that aren't listed are 0. Gain scales are the full scale of a signed word in thousandths:
-// 2.5 gauss, 5 g and 8.727 rad/s (500 degrees a second).
+// All other words are 0. A gain scale is 1000 times the full scale of a signed word: 2.5 gauss, 5 g
+// and 8.727 rad/s (500 degrees/s).
 constexpr std::array kFactory{
     FactoryRun{2, 12, 32768},   // accelerometer and magnetometer offsets
     FactoryRun{14, 24, 16384},  // accelerometer and magnetometer gains
@@ -46,7 +46,7 @@ constexpr std::array kFactory{
     FactoryRun{246, 246, 1},
 };
 
-// The orthogonality matrices of magnetometer, gyroscope and accelerometer, tare and iron.
+// Orthogonality of magnetometer, gyroscope and accelerometer; tare; iron.
 constexpr std::array kIdentityMatrices{66, 84, 102, address::kTareMatrix, address::kIronMatrix};
 
 }  // namespace

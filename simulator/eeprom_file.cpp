@@ -31,8 +31,8 @@ std::string Text(const Eeprom& memory) {
     throw std::system_error(errno, std::generic_category(), file.string());
 }
 
-/// Writes all of `text` to the open `descriptor` and waits until the disk has it.
-bool WriteThrough(int descriptor, const std::string& text) {
+/// Writes `text` to `descriptor` and syncs it to disk; false on failure.
+bool WriteAndSync(int descriptor, const std::string& text) {
     for (std::size_t done = 0; done < text.size();) {
         const ssize_t size = write(descriptor, text.data() + done, text.size() - done);
         if (size < 0 && errno != EINTR) return false;
@@ -69,10 +69,10 @@ void SaveEeprom(const fs::path& file, const Eeprom& memory) {
     fresh += ".new";
     const int descriptor = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (descriptor < 0) Fail(fresh);
-    const bool written = WriteThrough(descriptor, Text(memory));
+    const bool written = WriteAndSync(descriptor, Text(memory));
     if (close(descriptor) != 0 || !written) Fail(fresh);
     if (rename(fresh.c_str(), file.c_str()) != 0) Fail(file);
-    // The rename itself is on the disk once the folder is.
+    // The rename itself reaches the disk when the folder is synced.
     const fs::path parent = file.has_parent_path() ? file.parent_path() : fs::path(".");
     const int folder = open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0) Fail(parent);

@@ -1,6 +1,6 @@
 #include "simulator/motion.h"
 
-#include "simulator/surroundings.h"
+#include "simulator/environment.h"
 
 #include <cmath>
 #include <numbers>
@@ -15,18 +15,18 @@ constexpr double kRadians = std::numbers::pi / 180;
 
 double Seconds(Time time) { return std::chrono::duration<double>(time).count(); }
 
-/// Seen from the body, the earth's field goes round a closed curve through both ends of each axis:
-/// the turn about X at half the speed of that about Y does that. A slow turn about the field itself
-/// brings gravity everywhere too.
+/// In body coordinates, the earth's field moves on a closed curve through both ends of each axis,
+/// since the rotation about X has half the rate of that about Y. A slow rotation about the field
+/// itself lets gravity reach all directions too.
 Quaternion TumbleAttitude(double seconds) {
     static const Quaternion fieldToZ =
         FromRotationVector({0, -std::atan2(kEarthField.x, kEarthField.z), 0});
-    const auto turned = [seconds](double degreesPerSecond) {
+    const auto angle = [seconds](double degreesPerSecond) {
         return degreesPerSecond * kRadians * seconds;
     };
-    const Quaternion earthToBody = FromRotationVector({turned(60), 0, 0}) *
-                                   FromRotationVector({0, turned(120), 0}) *
-                                   FromRotationVector({0, 0, turned(25)}) * fieldToZ;
+    const Quaternion earthToBody = FromRotationVector({angle(60), 0, 0}) *
+                                   FromRotationVector({0, angle(120), 0}) *
+                                   FromRotationVector({0, 0, angle(25)}) * fieldToZ;
     return Conjugate(earthToBody);
 }
 

@@ -18,21 +18,21 @@ struct Sample {
     Quaternion attitude;
 };
 
-constexpr std::string_view kEulerHead = "time,roll,pitch,yaw";
-constexpr std::string_view kQuaternionHead = "time,q0,q1,q2,q3";
+constexpr std::string_view kEulerHeader = "time,roll,pitch,yaw";
+constexpr std::string_view kQuaternionHeader = "time,q0,q1,q2,q3";
 
-std::string_view WithoutBlanks(std::string_view text) {
+std::string_view Trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r");
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
-/// The numbers of one row; none where a field isn't a finite number.
+/// The numbers of one row; nothing if a field isn't a finite number.
 std::optional<std::vector<double>> Numbers(std::string_view row) {
     std::vector<double> numbers;
     while (true) {
         const auto comma = row.find(',');
-        const std::string_view field = WithoutBlanks(row.substr(0, comma));
+        const std::string_view field = Trimmed(row.substr(0, comma));
         double number = 0;
         const auto [end, error] =
             std::from_chars(field.data(), field.data() + field.size(), number);
@@ -59,18 +59,18 @@ std::vector<Sample> ReadSamples(const std::filesystem::path& file) {
     std::size_t columns = 0;
     std::string line;
     for (int number = 1; std::getline(stream, line); ++number) {
-        const std::string_view row = WithoutBlanks(line);
+        const std::string_view row = Trimmed(line);
         const auto complain = [&](const std::string& what) {
             throw std::runtime_error(file.string() + ", line " + std::to_string(number) + ": " +
                                      what);
         };
         if (row.empty() || row.front() == '#') continue;
         if (columns == 0) {
-            if (row == kEulerHead) columns = 4;
-            if (row == kQuaternionHead) columns = 5;
+            if (row == kEulerHeader) columns = 4;
+            if (row == kQuaternionHeader) columns = 5;
             if (columns == 0) {
-                complain("the head must be '" + std::string(kEulerHead) + "' or '" +
-                         std::string(kQuaternionHead) + "'");
+                complain("the header must be '" + std::string(kEulerHeader) + "' or '" +
+                         std::string(kQuaternionHeader) + "'");
             }
             continue;
         }
@@ -79,11 +79,11 @@ std::vector<Sample> ReadSamples(const std::filesystem::path& file) {
             complain("not " + std::to_string(columns) + " numbers");
         }
         if (!samples.empty() && numbers->front() <= samples.back().seconds) {
-            complain("the time does not ascend");
+            complain("the time does not increase");
         }
         samples.push_back(ToSample(*numbers));
     }
-    if (samples.empty()) throw std::runtime_error(file.string() + ": holds no motion");
+    if (samples.empty()) throw std::runtime_error(file.string() + ": contains no motion");
     return samples;
 }
 
@@ -98,7 +98,7 @@ Pose PoseAt(const std::vector<Sample>& samples, Time time) {
     const auto last = std::prev(next);
     const double span = next->seconds - last->seconds;
     const Vector3 turn = ToRotationVector(Conjugate(last->attitude) * next->attitude);
-    return {Between(last->attitude, next->attitude, (seconds - last->seconds) / span),
+    return {Slerp(last->attitude, next->attitude, (seconds - last->seconds) / span),
             turn * (1 / span)};
 }
 

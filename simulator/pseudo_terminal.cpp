@@ -27,7 +27,7 @@ struct HostSpeed {
     int baud;
 };
 
-// A real line never runs at 50, so this one's own setting means that no host has set another.
+// The initial setting. No host uses 50 baud, so it means that none has set a baud rate yet.
 constexpr speed_t kUnset = B50;
 constexpr std::array kHostSpeeds{HostSpeed{kUnset, 0},     HostSpeed{B9600, 9600},
                                  HostSpeed{B19200, 19200}, HostSpeed{B38400, 38400},
@@ -72,14 +72,13 @@ void PseudoTerminal::Close() noexcept {
     }
 }
 
-void PseudoTerminal::ClearMarkIfClosed() const {
+void PseudoTerminal::ClearExclusiveIfClosed() const {
 #ifdef __linux__
     std::array<char, 4096> buffer;  // NOLINT(*-member-init): filled by read
     bool closed = false;
     ssize_t size = 0;
     while ((size = read(watch_, buffer.data(), buffer.size())) > 0) {
         for (ssize_t at = 0; at < size;) {
-            // The events of a watched file carry no name, but their length is honoured anyway.
             const auto* const event =
                 reinterpret_cast<const inotify_event*>(buffer.data() + at);  // NOLINT
             closed = (event->mask & IN_CLOSE) != 0;
@@ -106,7 +105,7 @@ Bytes PseudoTerminal::Read() const {
 }
 
 void PseudoTerminal::Write(const Bytes& bytes) const {
-    // A full buffer is an overrun on the host's side: a real line would lose the bytes as well.
+    // A full buffer is an overrun at the host, where a real line would lose the bytes as well.
     [[maybe_unused]] const ssize_t size = write(sensorEnd_, bytes.data(), bytes.size());
 }
 

@@ -54,7 +54,7 @@ void Simulator::SetFaults(const FaultRates& faults) {
 }
 
 void Simulator::SetMotion(Motion motion) {
-    worker_->Do([&] { worker_->Sensor().Place().SetMotion(std::move(motion)); });
+    worker_->Do([&] { worker_->Sensor().SetMotion(std::move(motion)); });
 }
 
 void Simulator::SetTemperature(double celsius) {
@@ -88,7 +88,7 @@ void Simulator::ClearReplies() {
 }
 
 void Simulator::CutReplies(std::vector<std::size_t> sizes, Time gap) {
-    worker_->Do([&] { worker_->Wire().Cut(std::move(sizes), gap); });
+    worker_->Do([&] { worker_->Wire().Split(std::move(sizes), gap); });
 }
 
 void Simulator::SendUnasked(const Bytes& bytes) {

@@ -20,8 +20,8 @@ namespace orbkl4sim {
 
 namespace {
 
-/// Lets waits end on the microsecond rather than somewhere in the next fifty.
-void WakeSharply() {
+/// Lets waits end within a microsecond; the default slack of Linux is 50.
+void UsePreciseTimers() {
 #ifdef __linux__
     prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
 #endif
@@ -42,7 +42,7 @@ Simulator::Worker::Worker(SimulatorOptions options)
         fcntl(end, F_SETFL, O_NONBLOCK);
     }
     line_.Faults().Rates() = options_.faults;
-    line_.SetListener([this](const Bytes& request, bool heard) { Note(request, heard); });
+    line_.SetListener([this](const Bytes& request, bool heard) { AddRequest(request, heard); });
     if (!options_.eepromFile.empty()) LoadEeprom(options_.eepromFile, device_.Memory());
     if (options_.baud != 0) device_.Memory().SetWord(address::kBaudRate, BaudCode(options_.baud));
 }
@@ -58,7 +58,7 @@ void Simulator::Worker::Start() {
     SaveMemory();
     line_.PowerCycle(Now());
     Plug();
-    const std::lock_guard guard(mutex_);  // held until the thread may look at itself
+    const std::lock_guard guard(mutex_);  // the thread must not run before thread_ is assigned
     stopping_ = false;
     thread_ = std::thread([this] { Run(); });
 }
@@ -111,7 +111,7 @@ void Simulator::Worker::AddLink(const std::filesystem::path& link) {
 }
 
 void Simulator::Worker::Run() {
-    WakeSharply();
+    UsePreciseTimers();
     while (true) {
         {
             const std::lock_guard guard(mutex_);
@@ -125,7 +125,7 @@ void Simulator::Worker::Run() {
     }
 }
 
-/// Sleeps until the host sends or closes, a task comes or bytes are due.
+/// Sleeps until the host sends or closes, a task is added or bytes are due.
 void Simulator::Worker::Wait() {
     const bool plugged = terminal_ != nullptr;
     std::array<pollfd, 3> watched{
@@ -149,7 +149,7 @@ void Simulator::Worker::Wait() {
         while (read(wakeReader_, wakes.data(), wakes.size()) > 0) {
         }
     }
-    if (watched[2].revents != 0) terminal_->ClearMarkIfClosed();
+    if (watched[2].revents != 0) terminal_->ClearExclusiveIfClosed();
 }
 
 void Simulator::Worker::RunTasks() {
@@ -190,14 +190,14 @@ void Simulator::Worker::SaveMemory() {
     }
 }
 
-void Simulator::Worker::Note(const Bytes& request, bool heard) {
-    const Request noted{request, std::chrono::steady_clock::now(), hostBaud_, heard};
-    if (options_.record) record_.Add(noted);
-    if (options_.onRequest) options_.onRequest(noted);
+void Simulator::Worker::AddRequest(const Bytes& request, bool heard) {
+    const Request added{request, std::chrono::steady_clock::now(), hostBaud_, heard};
+    if (options_.record) record_.Add(added);
+    if (options_.onRequest) options_.onRequest(added);
 }
 
 void Simulator::Worker::Wake() const {
-    // A full pipe wakes the thread as well.
+    // If the pipe is full, the thread wakes anyway.
     [[maybe_unused]] const ssize_t size = write(wakeWriter_, "", 1);
 }
 

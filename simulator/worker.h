@@ -17,8 +17,8 @@
 
 namespace orbkl4sim {
 
-/// The thread of a simulator and all that it owns. While it runs, only tasks given to `Do` touch
-/// device, line and terminal.
+/// The thread of a simulator and everything it owns. While it runs, device, line and terminal may
+/// only be used by tasks passed to `Do`.
 class Simulator::Worker {
   public:
     explicit Worker(SimulatorOptions options);
@@ -29,10 +29,10 @@ class Simulator::Worker {
     void Start();
     void Stop();
 
-    /// Runs `task` on the thread and waits for its end; what it throws is thrown here.
+    /// Runs `task` on the thread and waits for its end; rethrows its exceptions.
     void Do(const std::function<void()>& task);
 
-    /// The time that device and line go by.
+    /// The time of device and line.
     Time Now() const { return std::chrono::steady_clock::now() - start_; }
 
     void Plug();
@@ -51,7 +51,7 @@ class Simulator::Worker {
     void ReceiveAll();
     void SendDue();
     void SaveMemory();
-    void Note(const Bytes& request, bool heard);
+    void AddRequest(const Bytes& request, bool heard);
     void Wake() const;
 
     const SimulatorOptions options_;

@@ -45,13 +45,13 @@ TEST(Console, TakesCommands) {
 }
 
 const std::string kProgram = "\"" SIMULATOR_PROGRAM "\"";
-const std::string kOnItsPort = kProgram + " --port 16 >$OUT ";
-const std::string kUntilItStands = "& until test -L $LINK; do sleep 0.01; done; ";
+const std::string kStart = kProgram + " --port 16 >$OUT ";
+const std::string kAwaitLink = "& until test -L $LINK; do sleep 0.01; done; ";
 
-/// The program itself, run by shell scripts.
+/// Runs the program in shell scripts.
 class ProgramTest : public testing::Test {
   protected:
-    /// The exit status of `script`, 124 where it doesn't end.
+    /// The exit status of `script`, 124 if it doesn't end.
     int Run(const std::string& script) const {
         const std::string settings = "XDG_CONFIG_HOME=" + config.Path().string() +
                                      " LINK=" + link.string() + " OUT=" + output.string();
@@ -63,27 +63,27 @@ class ProgramTest : public testing::Test {
     std::filesystem::path output = config / "out";
 };
 
-TEST_F(ProgramTest, StandsOnItsPortUntilItIsToldToEnd) {
+TEST_F(ProgramTest, KeepsItsPortUntilASignalOrQuit) {
     for (const std::string signal : {"TERM", "INT", "HUP"}) {
-        // The end of its input alone isn't an order to end.
+        // The end of standard input alone doesn't end the program.
         const std::string ending = "sleep 0.1; test -L $LINK && kill -" + signal + " $! && wait $!";
-        EXPECT_EQ(0, Run(kOnItsPort + "</dev/null " + kUntilItStands + ending)) << signal;
+        EXPECT_EQ(0, Run(kStart + "</dev/null " + kAwaitLink + ending)) << signal;
         EXPECT_FALSE(std::filesystem::is_symlink(link)) << signal;
     }
     EXPECT_TRUE(ContentOf(output).starts_with(link.string() + " -> /dev/"));
-    EXPECT_EQ(0, Run("echo quit | " + kOnItsPort));
+    EXPECT_EQ(0, Run("echo quit | " + kStart));
     EXPECT_TRUE(ContentOf(output).ends_with("\nok\n"));
-    EXPECT_EQ(0, Run(kOnItsPort + "--exit-on-eof </dev/null"));
+    EXPECT_EQ(0, Run(kStart + "--exit-on-eof </dev/null"));
 }
 
-TEST_F(ProgramTest, EndsWithItsParentIfAsked) {
-    ASSERT_EQ(0, Run(kOnItsPort + "--exit-with-parent " + kUntilItStands + "echo $! >$OUT.id"));
+TEST_F(ProgramTest, EndsWithItsParent) {
+    ASSERT_EQ(0, Run(kStart + "--exit-with-parent " + kAwaitLink + "echo $! >$OUT.id"));
     const int ended = Run("while test -L $LINK; do sleep 0.01; done");
     EXPECT_EQ(0, ended);
     if (ended != 0) Run("kill $(cat $OUT.id)");
 }
 
-TEST_F(ProgramTest, SaysWhatIsWrongWithItsOptions) {
+TEST_F(ProgramTest, ReportsWrongOptions) {
     using Options = std::vector<std::string>;
     const std::string eeprom = "--eeprom " + config.Write("bad", "x").string();
     const std::string taken = "--link " + config.Write("mine", "").string();
@@ -91,7 +91,7 @@ TEST_F(ProgramTest, SaysWhatIsWrongWithItsOptions) {
                                             "--drop 2", "--port 1 --link x", eeprom, taken}) {
         const int status = Run(kProgram + " --exit-on-eof " + wrong + " </dev/null 2>$OUT");
         EXPECT_GT(status, 0) << wrong;
-        EXPECT_LT(status, 124) << wrong << ": neither a signal nor a wait without end";
+        EXPECT_LT(status, 124) << wrong << ": neither killed nor hanging";
         EXPECT_NE("", ContentOf(output)) << wrong;
     }
 }

@@ -5,7 +5,7 @@
 #include "platform/mscomm.h"
 #include "platform/screen_registry.h"
 #include "platform/timer.h"
-#include "simulator/surroundings.h"
+#include "simulator/environment.h"
 #include "support/box_hand.h"
 #include "support/frames.h"
 #include "support/screens/screen_fixture.h"
