@@ -96,20 +96,19 @@ std::vector<Console::Command> Console::GeneralCommands() {
 }
 
 std::vector<Console::Command> Console::RateCommands() {
-    const auto rate = [this](const char* name, const char* help, double FaultRates::*member) {
-        return Command{name, "RATE", help, [this, member](std::istringstream& words) {
-                           return SetRate(member, words);
-                       }};
-    };
-    return {
-        rate("drop", "loses replies", &FaultRates::drop),
-        rate("corrupt", "flips one bit of replies", &FaultRates::corrupt),
-        rate("truncate", "cuts the end off replies", &FaultRates::truncate),
-        rate("dribble", "sends replies byte by byte", &FaultRates::dribble),
-        rate("stray", "puts stray bytes before replies", &FaultRates::stray),
-        {"delay", "RATE [MILLISECONDS]", "sends replies late",
-         [this](std::istringstream& words) { return Delay(words); }},
-    };
+    std::vector<Command> commands;
+    for (const RateFault& fault : kRateFaults) {
+        if (fault.rate == &FaultRates::delay) {
+            commands.push_back({fault.name, "RATE [MILLISECONDS]", fault.help,
+                                [this](std::istringstream& words) { return Delay(words); }});
+        } else {
+            commands.push_back({fault.name, "RATE", fault.help,
+                                [this, rate = fault.rate](std::istringstream& words) {
+                                    return SetRate(rate, words);
+                                }});
+        }
+    }
+    return commands;
 }
 
 std::string Console::Execute(const std::string& line) {

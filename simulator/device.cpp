@@ -96,25 +96,27 @@ std::optional<Answer> Device::Handle(const Bytes& request, Time start) {
         const Time ready = NextCycle(start);
         return Answer{DataReply(command, ready), ready};
     }
+    if (command == 0x06) return CaptureBias(start);
+    if (command == 0x41) return CollectHardIron(start);
+    return Answer{ImmediateReply(request, start), start};
+}
+
+Bytes Device::ImmediateReply(const Bytes& request, Time time) {
+    const std::uint8_t command = request.front();
     switch (command) {
-        case 0x06: return CaptureBias(start);
-        case 0x07: return Answer{Temperature(start), start};
+        case 0x07: return Temperature(time);
         case 0x0F:
-        case 0x11: return Answer{Tare(request, start), start};
-        case 0x24: return Answer{WriteGains(request, start), start};
-        case 0x25: return Answer{ReadGains(start), start};
-        case 0x27: selfTest_ = request[1]; return Answer{{}, start};
-        case 0x28: return Answer{ReadWord(request, start), start};
-        case 0x29: return Answer{WriteWord(request, start), start};
-        case 0x40: return Answer{InitHardIron(start), start};
-        case 0x41: {
-            const Time ready = NextCycle(start);
-            return Answer{CollectHardIron(ready), ready};
-        }
-        case 0x42: return Answer{ComputeHardIron(request, start), start};
-        case 0xF0: return Answer{Frame(command, {memory_.Word(address::kFirmwareVersion)}), start};
-        case 0xF1: return Answer{Frame(command, {memory_.Word(address::kSerialNumber)}), start};
-        default: return std::nullopt;
+        case 0x11: return Tare(request, time);
+        case 0x24: return WriteGains(request, time);
+        case 0x25: return ReadGains(time);
+        case 0x27: selfTest_ = request[1]; return {};
+        case 0x28: return ReadWord(request, time);
+        case 0x29: return WriteWord(request, time);
+        case 0x40: return InitHardIron(time);
+        case 0x42: return ComputeHardIron(request, time);
+        case 0xF0: return Frame(command, {memory_.Word(address::kFirmwareVersion)});
+        case 0xF1: return Frame(command, {memory_.Word(address::kSerialNumber)});
+        default: return {};
     }
 }
 
@@ -215,8 +217,9 @@ Bytes Device::InitHardIron(Time time) {
     return Confirm(0x40, time);
 }
 
-Bytes Device::CollectHardIron(Time time) {
-    const Vector3 field = environment_.Read(time).field;
+Answer Device::CollectHardIron(Time start) {
+    const Time ready = NextCycle(start);
+    const Vector3 field = environment_.Read(ready).field;
     range_ = Widened(range_, field);
     const double scale = memory_.Word(address::kMagGainScale);
     std::vector<std::uint16_t> words;
@@ -225,8 +228,8 @@ Bytes Device::CollectHardIron(Time time) {
             words.push_back(ScaledWord(value, scale));
         }
     }
-    words.push_back(Ticks(time));
-    return Frame(0x41, words);
+    words.push_back(Ticks(ready));
+    return {Frame(0x41, words), ready};
 }
 
 /// Computes the iron offset from the collected range; keeps the old one if nothing was collected.

@@ -57,6 +57,8 @@ class Device {
     std::uint16_t Ticks(Time time) const;
 
   private:
+    /// The reply to a command that is carried out at once.
+    Bytes ImmediateReply(const Bytes& request, Time time);
     Bytes Confirm(std::uint8_t command, Time time) const { return Frame(command, {Ticks(time)}); }
     Sample Measure(bool instantaneous, Time time);
     Vector3 Corrected(const Vector3& field) const;
@@ -68,7 +70,7 @@ class Device {
     Bytes ReadWord(const Bytes& request, Time time) const;
     Bytes WriteWord(const Bytes& request, Time time);
     Bytes InitHardIron(Time time);
-    Bytes CollectHardIron(Time time);
+    Answer CollectHardIron(Time start);
     Bytes ComputeHardIron(const Bytes& request, Time time);
 
     Eeprom memory_;

@@ -2,6 +2,7 @@
 
 #include "simulator/bytes.h"
 
+#include <array>
 #include <optional>
 #include <random>
 
@@ -17,6 +18,22 @@ struct FaultRates {
     double delay = 0;     // it is sent `delayTime` late
     Time dribbleGap = std::chrono::milliseconds(2);
     Time delayTime = std::chrono::milliseconds(300);
+};
+
+/// A fault with a rate, by the name of its option and its console command.
+struct RateFault {
+    const char* name;
+    double FaultRates::*rate;
+    const char* help;
+};
+
+inline constexpr std::array kRateFaults{
+    RateFault{"drop", &FaultRates::drop, "loses replies"},
+    RateFault{"corrupt", &FaultRates::corrupt, "flips one bit of replies"},
+    RateFault{"truncate", &FaultRates::truncate, "cuts the end off replies"},
+    RateFault{"dribble", &FaultRates::dribble, "sends replies byte by byte"},
+    RateFault{"stray", &FaultRates::stray, "sends stray bytes before replies"},
+    RateFault{"delay", &FaultRates::delay, "sends replies late"},
 };
 
 /// A reply with the faults that hit it.

@@ -1,19 +1,17 @@
 #include "simulator/console.h"
 #include "simulator/port_link.h"
 #include "simulator/simulator.h"
+#include "simulator/wake_pipe.h"
 
 #include <CLI/CLI.hpp>
 
 #include <array>
 #include <atomic>
-#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <fcntl.h>
 #include <poll.h>
 #include <string>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -34,16 +32,12 @@ struct ProgramOptions {
 };
 
 void AddFaults(CLI::App& app, FaultRates& faults, double& delayMilliseconds) {
-    const auto rate = [&app](const char* name, double& member, const char* help) {
-        app.add_option(name, member, help)->check(CLI::Range(0.0, 1.0))->group("Faults, 0 to 1");
-    };
-    rate("--drop", faults.drop, "Fraction of replies that are lost");
-    rate("--corrupt", faults.corrupt, "Fraction of replies with one bit flipped");
-    rate("--truncate", faults.truncate, "Fraction of replies cut short");
-    rate("--dribble", faults.dribble, "Fraction of replies sent byte by byte");
-    rate("--stray", faults.stray, "Fraction of replies with stray bytes before them");
-    rate("--delay", faults.delay, "Fraction of replies sent late");
-    app.add_option("--delay-ms", delayMilliseconds, "Milliseconds by which those are late")
+    for (const RateFault& fault : kRateFaults) {
+        app.add_option(std::string("--") + fault.name, faults.*fault.rate, fault.help)
+            ->check(CLI::Range(0.0, 1.0))
+            ->group("Faults (fraction of replies, from 0 to 1)");
+    }
+    app.add_option("--delay-ms", delayMilliseconds, "Milliseconds by which replies are late")
         ->check(CLI::NonNegativeNumber);
 }
 
@@ -67,21 +61,15 @@ void AddOptions(CLI::App& app, ProgramOptions& program, SimulatorOptions& option
     AddFaults(app, options.faults, program.delayMilliseconds);
 }
 
-int signalWriter = -1;  // global, since a signal handler gets no argument
-
 /// Returns a descriptor that becomes readable on SIGINT, SIGTERM and SIGHUP.
 int WatchSignals() {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-    signalWriter = ends[1];
+    static const WakePipe signalPipe;
     struct sigaction action {};
-    action.sa_handler = [](int) {
-        [[maybe_unused]] const ssize_t size = write(signalWriter, "", 1);
-    };
+    action.sa_handler = [](int) { signalPipe.Wake(); };
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaction(number, &action, nullptr);
     action.sa_handler = SIG_IGN;
     sigaction(SIGPIPE, &action, nullptr);
-    return ends[0];
+    return signalPipe.Descriptor();
 }
 
 void Print(const std::string& text) {

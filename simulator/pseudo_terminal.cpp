@@ -1,12 +1,12 @@
 #include "simulator/pseudo_terminal.h"
 
+#include "simulator/throw_errno.h"
+
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
@@ -17,10 +17,6 @@
 namespace orbkl4sim {
 
 namespace {
-
-[[noreturn]] void Fail(const char* what) {
-    throw std::system_error(errno, std::generic_category(), what);
-}
 
 struct HostSpeed {
     speed_t code;
@@ -49,17 +45,17 @@ PseudoTerminal::~PseudoTerminal() { Close(); }
 void PseudoTerminal::Open() {
     sensorEnd_ = posix_openpt(O_RDWR | O_NOCTTY);
     if (sensorEnd_ < 0 || grantpt(sensorEnd_) != 0 || unlockpt(sensorEnd_) != 0) {
-        Fail("no pseudo terminal");
+        ThrowErrno("no pseudo terminal");
     }
     fcntl(sensorEnd_, F_SETFD, FD_CLOEXEC);
     fcntl(sensorEnd_, F_SETFL, O_NONBLOCK);
     path_ = ptsname(sensorEnd_);
     hostEnd_ = open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios settings{};
-    if (hostEnd_ < 0 || tcgetattr(hostEnd_, &settings) != 0) Fail(path_.c_str());
+    if (hostEnd_ < 0 || tcgetattr(hostEnd_, &settings) != 0) ThrowErrno(path_);
     cfmakeraw(&settings);
     cfsetspeed(&settings, kUnset);
-    if (tcsetattr(hostEnd_, TCSANOW, &settings) != 0) Fail(path_.c_str());
+    if (tcsetattr(hostEnd_, TCSANOW, &settings) != 0) ThrowErrno(path_);
 #ifdef __linux__
     watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (watch_ >= 0) inotify_add_watch(watch_, path_.c_str(), IN_OPEN | IN_CLOSE);

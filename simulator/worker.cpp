@@ -4,12 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <exception>
-#include <fcntl.h>
 #include <poll.h>
-#include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #ifdef __linux__
@@ -33,24 +29,10 @@ Simulator::Worker::Worker(SimulatorOptions options)
     : options_(std::move(options)),
       device_(options_.motion, options_.noise, options_.seed),
       line_(device_, options_.paced, options_.seed + 1) {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-    wakeReader_ = ends[0];
-    wakeWriter_ = ends[1];
-    for (const int end : ends) {
-        fcntl(end, F_SETFD, FD_CLOEXEC);
-        fcntl(end, F_SETFL, O_NONBLOCK);
-    }
     line_.Faults().Rates() = options_.faults;
     line_.SetListener([this](const Bytes& request, bool heard) { AddRequest(request, heard); });
     if (!options_.eepromFile.empty()) LoadEeprom(options_.eepromFile, device_.Memory());
     if (options_.baud != 0) device_.Memory().SetWord(address::kBaudRate, BaudCode(options_.baud));
-}
-
-Simulator::Worker::~Worker() {
-    Stop();
-    close(wakeReader_);
-    close(wakeWriter_);
 }
 
 void Simulator::Worker::Start() {
@@ -69,7 +51,7 @@ void Simulator::Worker::Stop() {
         const std::lock_guard guard(mutex_);
         stopping_ = true;
     }
-    Wake();
+    wake_.Wake();
     thread_.join();
     RunTasks();
     Unplug();
@@ -86,7 +68,7 @@ void Simulator::Worker::Do(const std::function<void()>& task) {
         const std::lock_guard guard(mutex_);
         tasks_.push_back(std::move(packaged));
     }
-    Wake();
+    wake_.Wake();
     done.get();
 }
 
@@ -129,7 +111,7 @@ void Simulator::Worker::Run() {
 void Simulator::Worker::Wait() {
     const bool plugged = terminal_ != nullptr;
     std::array<pollfd, 3> watched{
-        pollfd{wakeReader_, POLLIN, 0},
+        pollfd{wake_.Descriptor(), POLLIN, 0},
         pollfd{plugged ? terminal_->Descriptor() : -1, POLLIN, 0},
         pollfd{plugged ? terminal_->WatchDescriptor() : -1, POLLIN, 0},
     };
@@ -144,11 +126,7 @@ void Simulator::Worker::Wait() {
     const auto wait = std::chrono::ceil<std::chrono::milliseconds>(left).count();
     poll(watched.data(), watched.size(), due ? static_cast<int>(wait) : -1);
 #endif
-    if (watched[0].revents != 0) {
-        std::array<char, 64> wakes;  // NOLINT(*-member-init): filled by read
-        while (read(wakeReader_, wakes.data(), wakes.size()) > 0) {
-        }
-    }
+    if (watched[0].revents != 0) wake_.Clear();
     if (watched[2].revents != 0) terminal_->ClearExclusiveIfClosed();
 }
 
@@ -194,11 +172,6 @@ void Simulator::Worker::AddRequest(const Bytes& request, bool heard) {
     const Request added{request, std::chrono::steady_clock::now(), hostBaud_, heard};
     if (options_.record) record_.Add(added);
     if (options_.onRequest) options_.onRequest(added);
-}
-
-void Simulator::Worker::Wake() const {
-    // If the pipe is full, the thread wakes anyway.
-    [[maybe_unused]] const ssize_t size = write(wakeWriter_, "", 1);
 }
 
 }  // namespace orbkl4sim

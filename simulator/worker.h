@@ -6,6 +6,7 @@
 #include "simulator/pseudo_terminal.h"
 #include "simulator/record.h"
 #include "simulator/simulator.h"
+#include "simulator/wake_pipe.h"
 
 #include <deque>
 #include <functional>
@@ -22,7 +23,7 @@ namespace orbkl4sim {
 class Simulator::Worker {
   public:
     explicit Worker(SimulatorOptions options);
-    ~Worker();
+    ~Worker() { Stop(); }
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
@@ -52,7 +53,6 @@ class Simulator::Worker {
     void SendDue();
     void SaveMemory();
     void AddRequest(const Bytes& request, bool heard);
-    void Wake() const;
 
     const SimulatorOptions options_;
     const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
@@ -69,8 +69,7 @@ class Simulator::Worker {
     std::mutex mutex_;  // guards tasks_ and stopping_
     std::deque<std::packaged_task<void()>> tasks_;
     bool stopping_ = false;
-    int wakeReader_ = -1;
-    int wakeWriter_ = -1;
+    WakePipe wake_;
 };
 
 }  // namespace orbkl4sim
