@@ -14,6 +14,11 @@ using Bytes = std::vector<std::uint8_t>;
 /// Time since the simulator was created, or a duration.
 using Time = std::chrono::nanoseconds;
 
+/// The duration of `count` milliseconds.
+inline Time Milliseconds(double count) {
+    return std::chrono::duration_cast<Time>(std::chrono::duration<double, std::milli>(count));
+}
+
 /// A reply frame: `header`, `words` in big-endian order, and the checksum word.
 inline Bytes Frame(std::uint8_t header, std::span<const std::uint16_t> words) {
     Bytes frame{header};

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "simulator/arguments.h"
 #include "simulator/simulator.h"
 
 #include <atomic>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,9 +13,8 @@ namespace orbkl4sim {
 /// Text commands by which a user or a script controls the simulator.
 class Console {
   public:
-    /// `faults` are the initial rates of `simulator`; `logging` is set while requests are to be
-    /// printed.
-    Console(Simulator& simulator, const FaultRates& faults, std::atomic<bool>& logging);
+    /// `logging` is set while requests are to be printed.
+    Console(Simulator& simulator, std::atomic<bool>& logging);
 
     /// Carries out `line` and returns the answer: "ok", the value asked for, or "error: " and the
     /// reason; nothing for an empty line.
@@ -29,18 +28,17 @@ class Console {
         std::string name;
         std::string usage;  // what follows the name
         std::string help;
-        std::function<std::string(std::istringstream& words)> run;
+        std::function<std::string(Arguments& arguments)> run;
     };
 
-    std::vector<Command> GeneralCommands();
-    std::vector<Command> RateCommands();
+    std::vector<Command> FaultCommands();
+    std::vector<Command> OtherCommands();
     std::string Help() const;
-    std::string SetRate(double FaultRates::*rate, std::istringstream& words);
-    std::string Delay(std::istringstream& words);
-    std::string Memory(std::istringstream& words);
+    std::string Faults() const;
+    std::string SetRate(double FaultRates::*rate, Arguments& arguments);
+    std::string Memory(Arguments& arguments);
 
     Simulator& simulator_;
-    FaultRates faults_;
     std::atomic<bool>& logging_;
     std::vector<Command> commands_;
     bool ended_ = false;

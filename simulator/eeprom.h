@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/arguments.h"
 #include "simulator/geometry.h"
 
 #include <array>
@@ -28,6 +29,9 @@ inline constexpr int kTimer2Postscaler = 240;
 inline constexpr int kTimer2Compare = 242;
 inline constexpr int kTimerTicksInterval = 246;
 }  // namespace address
+
+inline constexpr NumberRange kAddressRange{"ADDRESS", 0, 254, NumberRange::Kind::kEven};
+inline constexpr NumberRange kWordRange{"WORD", 0, 65535, NumberRange::Kind::kWhole};
 
 /// The sensor's memory: 128 words of 16 bits at the even addresses 0 to 254.
 class Eeprom {

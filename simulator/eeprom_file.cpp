@@ -5,7 +5,6 @@
 
 #include <fcntl.h>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -42,14 +41,9 @@ bool WriteAndSync(int descriptor, const std::string& text) {
 void LoadEeprom(const fs::path& file, Eeprom& memory) {
     if (!fs::exists(file)) return;
     ForEachLine(file, [&memory](std::string_view line) {
-        std::istringstream words{std::string(line)};
-        long wordAddress = -1;
-        long word = -1;
-        if (!(words >> wordAddress >> word) || !(words >> std::ws).eof() ||
-            wordAddress > kLastAddress || !Eeprom::Has(static_cast<int>(wordAddress)) || word < 0 ||
-            word > 0xFFFF) {
-            throw std::runtime_error("not an even address from 0 to 254 and a word");
-        }
+        Arguments words(line);
+        const double wordAddress = words.Number(kAddressRange);
+        const double word = words.LastNumber(kWordRange);
         memory.SetWord(static_cast<int>(wordAddress), static_cast<std::uint16_t>(word));
     });
 }

@@ -36,6 +36,9 @@ inline constexpr std::array kRateFaults{
     RateFault{"delay", &FaultRates::delay, "sends replies late"},
 };
 
+/// The longest `delayTime` that a user can set, in milliseconds.
+inline constexpr double kLongestDelay = 3'600'000;
+
 /// A reply with the faults that hit it.
 struct FaultyReply {
     Bytes bytes;

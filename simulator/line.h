@@ -48,9 +48,11 @@ class Line {
 
     /// While silent, the sensor carries out requests but sends nothing.
     void SetSilent(bool silent);
+    bool IsSilent() const { return silent_; }
 
     /// Switches on or off a stream of random bytes at full baud rate, from `now` on.
     void SetFlood(bool flood, Time now);
+    bool IsFlooding() const { return flooded_.has_value(); }
 
     /// Splits each reply into pieces of these sizes and a last one with the rest, `gap` apart.
     void Split(std::vector<std::size_t> sizes, Time gap);

@@ -38,7 +38,7 @@ void AddFaults(CLI::App& app, FaultRates& faults, double& delayMilliseconds) {
             ->group("Faults (fraction of replies, from 0 to 1)");
     }
     app.add_option("--delay-ms", delayMilliseconds, "Milliseconds by which replies are late")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::Range(0.0, kLongestDelay));
 }
 
 void AddOptions(CLI::App& app, ProgramOptions& program, SimulatorOptions& options) {
@@ -121,19 +121,17 @@ int Run(const ProgramOptions& program, SimulatorOptions options) {
     options.noise = !program.noNoise;
     options.paced = !program.unpaced;
     options.motion = ParseMotion(program.motion);
-    options.faults.delayTime = std::chrono::duration_cast<Time>(
-        std::chrono::duration<double, std::milli>(program.delayMilliseconds));
+    options.faults.delayTime = Milliseconds(program.delayMilliseconds);
     options.onError = [](const std::string& what) { std::fprintf(stderr, "%s\n", what.c_str()); };
     std::atomic<bool> logging = false;
     options.onRequest = [&logging](const Request& request) {
         if (logging) Print(ToText(request));
     };
-    const FaultRates faults = options.faults;
     Simulator simulator(std::move(options));
     simulator.LinkAs(link);
     simulator.Start();
     Print(link.string() + " -> " + simulator.DevicePath().string());
-    Console console(simulator, faults, logging);
+    Console console(simulator, logging);
     RunConsole(console, program, signals);
     return 0;
 }

@@ -1,11 +1,12 @@
 #include "simulator/motion.h"
 
+#include "simulator/arguments.h"
 #include "simulator/environment.h"
 
 #include <cmath>
 #include <numbers>
-#include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace orbkl4sim {
 
@@ -47,19 +48,18 @@ Motion Tumble() {
 }
 
 Motion ParseMotion(const std::string& text) {
-    std::istringstream words(text);
-    std::string kind;
-    words >> kind >> std::ws;
-    if (kind == "file") {
-        std::string path;
-        std::getline(words, path);
-        return ReadMotion(path);
+    Arguments arguments(text);
+    const std::string_view kind = arguments.Word("the motion");
+    if (kind == "file") return ReadMotion(arguments.Rest());
+    if (kind == "rest" && !arguments.AtEnd()) {
+        const double roll = arguments.Number({"ROLL", -360, 360});
+        const double pitch = arguments.Number({"PITCH", -360, 360});
+        return Rest({roll, pitch, arguments.LastNumber({"YAW", -360, 360})});
     }
-    if (kind == "tumble" && words.eof()) return Tumble();
-    if (kind == "rest" && words.eof()) return Rest();
-    if (Euler angles; kind == "rest" && words >> angles.roll >> angles.pitch >> angles.yaw &&
-                      (words >> std::ws).eof()) {
-        return Rest(angles);
+    if (kind == "rest") return Rest();
+    if (kind == "tumble") {
+        arguments.ExpectEnd();
+        return Tumble();
     }
     throw std::runtime_error("no motion: '" + text +
                              "' (rest, rest ROLL PITCH YAW, tumble or file PATH)");

@@ -29,8 +29,8 @@ Motion Tumble();
 /// file and line number if the file can't be used.
 Motion ReadMotion(const std::filesystem::path& file);
 
-/// The motion described by `text`: `rest`, `rest ROLL PITCH YAW`, `tumble` or `file PATH`; throws
-/// std::runtime_error for anything else.
+/// The motion described by `text`: `rest`, `rest ROLL PITCH YAW` (degrees), `tumble` or
+/// `file PATH`; throws std::runtime_error for anything else.
 Motion ParseMotion(const std::string& text);
 
 }  // namespace orbkl4sim

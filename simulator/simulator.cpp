@@ -53,6 +53,18 @@ void Simulator::SetFaults(const FaultRates& faults) {
     worker_->Do([&] { worker_->Wire().Faults().Rates() = faults; });
 }
 
+FaultState Simulator::Faults() const {
+    FaultState state;
+    worker_->Do([&] {
+        Line& line = worker_->Wire();
+        state = {.rates = line.Faults().Rates(),
+                 .silent = line.IsSilent(),
+                 .flooding = line.IsFlooding(),
+                 .unplugged = worker_->Terminal() == nullptr};
+    });
+    return state;
+}
+
 void Simulator::SetMotion(Motion motion) {
     worker_->Do([&] { worker_->Sensor().SetMotion(std::move(motion)); });
 }

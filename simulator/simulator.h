@@ -23,6 +23,14 @@ struct Request {
     bool heard = true;  // false at the wrong baud rate, where the sensor ignores it
 };
 
+/// The faults that are switched on.
+struct FaultState {
+    FaultRates rates;
+    bool silent = false;
+    bool flooding = false;
+    bool unplugged = false;
+};
+
 struct SimulatorOptions {
     Motion motion = Tumble();
     bool noise = true;
@@ -75,6 +83,7 @@ class Simulator {
     void SetFlood(bool flood);
 
     void SetFaults(const FaultRates& faults);
+    FaultState Faults() const;
     void SetMotion(Motion motion);
     void SetTemperature(double celsius);
 

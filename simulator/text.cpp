@@ -16,6 +16,7 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 std::optional<double> ToNumber(std::string_view text) {
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     double number = 0;
     const char* const last = text.data() + text.size();
     const auto [end, error] = std::from_chars(text.data(), last, number);
