@@ -1,5 +1,7 @@
 #include "simulator/console.h"
 
+#include "simulator/port_link.h"
+
 #include <algorithm>
 #include <chrono>
 #include <iomanip>
@@ -14,6 +16,7 @@ namespace {
 constexpr const char* kDone = "ok";
 
 constexpr NumberRange kRate{"RATE", 0, 1};
+constexpr NumberRange kPort{"PORT", 1, 16, NumberRange::Kind::kWhole};
 constexpr NumberRange kDelay{"MILLISECONDS", 0, kLongestDelay};
 constexpr NumberRange kCelsius{"CELSIUS", -50, 449};  // what the temperature word can express
 
@@ -82,7 +85,24 @@ std::vector<Console::Command> Console::FaultCommands() {
         {"flood", "on|off", "sends random bytes at full speed",
          Switch([this](bool on) { simulator_.SetFlood(on); })},
         {"unplug", "", "unplugs the adapter", Simple([this] { simulator_.Unplug(); })},
-        {"replug", "", "plugs it in again", Simple([this] { simulator_.Replug(); })},
+        {"replug", "[PORT]", "plugs it in again, also on another port",
+         [this](Arguments& arguments) {
+             const auto port = arguments.OptionalLastNumber(kPort);
+             if (port) {
+                 simulator_.ReplugAs(PortLinkPath(static_cast<int>(*port)));
+             } else {
+                 simulator_.Replug();
+             }
+             return kDone;
+         }},
+        {"power", "on|off", "switches the sensor on or off",
+         Switch([this](bool on) { simulator_.SetPower(on); })},
+        {"stuck", "ADDRESS on|off", "ignores writes to a word but confirms them",
+         [this](Arguments& arguments) {
+             const auto wordAddress = static_cast<int>(arguments.Number(kAddressRange));
+             simulator_.SetStuck(wordAddress, arguments.LastSwitch());
+             return kDone;
+         }},
     };
     for (const RateFault& fault : kRateFaults) {
         const bool delays = fault.rate == &FaultRates::delay;
@@ -133,6 +153,8 @@ std::string Console::Faults() const {
     }
     if (state.silent) begin() << "silent on";
     if (state.flooding) begin() << "flood on";
+    for (const int wordAddress : state.stuckWords) begin() << "stuck " << wordAddress << " on";
+    if (state.unpowered) begin() << "power off";
     if (state.unplugged) begin() << "unplug";
     return text.tellp() > 0 ? text.str() : "no faults are on";
 }

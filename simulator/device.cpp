@@ -188,9 +188,9 @@ Bytes Device::Tare(const Bytes& request, Time time) {
 }
 
 Bytes Device::WriteGains(const Bytes& request, Time time) {
-    memory_.SetWord(address::kAccelerationErrorGain, WordAt(request, 1));
-    memory_.SetWord(address::kMagneticErrorGain, WordAt(request, 3));
-    memory_.SetWord(address::kBiasTrackingGain, WordAt(request, 5));
+    memory_.Write(address::kAccelerationErrorGain, WordAt(request, 1));
+    memory_.Write(address::kMagneticErrorGain, WordAt(request, 3));
+    memory_.Write(address::kBiasTrackingGain, WordAt(request, 5));
     return Confirm(0x24, time);
 }
 
@@ -207,13 +207,14 @@ Bytes Device::ReadWord(const Bytes& request, Time time) const {
 
 Bytes Device::WriteWord(const Bytes& request, Time time) {
     if (!Eeprom::Has(request[3])) return {};
-    memory_.SetWord(request[3], WordAt(request, 4));
-    return Frame(0x29, {memory_.Word(request[3]), Ticks(time)});
+    const std::uint16_t word = WordAt(request, 4);
+    memory_.Write(request[3], word);
+    return Frame(0x29, {word, Ticks(time)});  // confirmed even if the word is stuck
 }
 
 Bytes Device::InitHardIron(Time time) {
     range_.reset();
-    for (int axis = 0; axis < 3; ++axis) memory_.SetWord(address::kIronOffset + 2 * axis, 0);
+    for (int axis = 0; axis < 3; ++axis) memory_.Write(address::kIronOffset + 2 * axis, 0);
     return Confirm(0x40, time);
 }
 
@@ -240,9 +241,9 @@ Bytes Device::ComputeHardIron(const Bytes& request, Time time) {
         const Vector3 offset =
             circle ? OffsetFromCircle(*range_, vertical) : OffsetFromSphere(*range_);
         const double scale = memory_.Word(address::kMagGainScale);
-        memory_.SetWord(address::kIronOffset, ScaledWord(offset.x, scale));
-        memory_.SetWord(address::kIronOffset + 2, ScaledWord(offset.y, scale));
-        memory_.SetWord(address::kIronOffset + 4, ScaledWord(offset.z, scale));
+        memory_.Write(address::kIronOffset, ScaledWord(offset.x, scale));
+        memory_.Write(address::kIronOffset + 2, ScaledWord(offset.y, scale));
+        memory_.Write(address::kIronOffset + 4, ScaledWord(offset.z, scale));
     }
     return Frame(0x42, {memory_.Word(address::kIronOffset), memory_.Word(address::kIronOffset + 2),
                         memory_.Word(address::kIronOffset + 4), Ticks(time)});

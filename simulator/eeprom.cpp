@@ -64,19 +64,30 @@ bool Eeprom::Has(int wordAddress) {
     return wordAddress >= 0 && wordAddress <= 254 && wordAddress % 2 == 0;
 }
 
-std::uint16_t Eeprom::Word(int wordAddress) const {
+std::size_t Eeprom::Index(int wordAddress) {
     if (!Has(wordAddress)) {
         throw std::out_of_range("no EEPROM word at " + std::to_string(wordAddress));
     }
-    return words_[static_cast<std::size_t>(wordAddress) / 2];
+    return static_cast<std::size_t>(wordAddress) / 2;
 }
 
+std::uint16_t Eeprom::Word(int wordAddress) const { return words_.at(Index(wordAddress)); }
+
 void Eeprom::SetWord(int wordAddress, std::uint16_t word) {
-    if (!Has(wordAddress)) {
-        throw std::out_of_range("no EEPROM word at " + std::to_string(wordAddress));
-    }
-    words_[static_cast<std::size_t>(wordAddress) / 2] = word;
+    words_.at(Index(wordAddress)) = word;
     ++changes_;
+}
+
+void Eeprom::Write(int wordAddress, std::uint16_t word) {
+    if (!stuck_.at(Index(wordAddress))) SetWord(wordAddress, word);
+}
+
+std::vector<int> Eeprom::Stuck() const {
+    std::vector<int> addresses;
+    for (int wordAddress = 0; wordAddress <= 254; wordAddress += 2) {
+        if (stuck_.at(Index(wordAddress))) addresses.push_back(wordAddress);
+    }
+    return addresses;
 }
 
 Matrix3 Eeprom::Matrix(int wordAddress) const {
@@ -90,7 +101,7 @@ Matrix3 Eeprom::Matrix(int wordAddress) const {
 
 void Eeprom::SetMatrix(int wordAddress, const Matrix3& matrix) {
     for (const double element : matrix) {
-        SetWord(wordAddress, SignedWord(element * kMatrixUnit));
+        Write(wordAddress, SignedWord(element * kMatrixUnit));
         wordAddress += 2;
     }
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace orbkl4sim {
 
@@ -48,17 +49,30 @@ class Eeprom {
     /// Sets the word at `wordAddress`; throws std::out_of_range if there is none.
     void SetWord(int wordAddress, std::uint16_t word);
 
+    /// Sets the word at `wordAddress` as the sensor does: a stuck word keeps its value.
+    void Write(int wordAddress, std::uint16_t word);
+
+    /// Lets the word at `wordAddress` keep its value in spite of `Write`, or ends that; throws
+    /// std::out_of_range if there is none.
+    void SetStuck(int wordAddress, bool stuck) { stuck_.at(Index(wordAddress)) = stuck; }
+
+    /// The addresses of the stuck words.
+    std::vector<int> Stuck() const;
+
     /// The matrix that starts at `wordAddress`, in units of 1/8192.
     Matrix3 Matrix(int wordAddress) const;
 
-    /// Stores `matrix` at `wordAddress` and the addresses that follow.
+    /// Writes `matrix` to `wordAddress` and the addresses that follow.
     void SetMatrix(int wordAddress, const Matrix3& matrix);
 
     /// How many times a word was set; a new count means that the memory has to be saved.
     std::uint64_t Changes() const { return changes_; }
 
   private:
+    static std::size_t Index(int wordAddress);
+
     std::array<std::uint16_t, 128> words_{};
+    std::array<bool, 128> stuck_{};
     std::uint64_t changes_ = 0;
 };
 

@@ -46,7 +46,7 @@ void Line::Answer(const Bytes& request, Time complete) {
 }
 
 void Line::Send(Bytes reply, Time ready, bool streamed) {
-    if (silent_) return;
+    if (silent_ || !powered_) return;
     if (const auto faulty = faults_.Inject(std::move(reply))) Schedule(*faulty, ready, streamed);
 }
 
@@ -71,7 +71,7 @@ void Line::Schedule(const FaultyReply& reply, Time ready, bool streamed) {
 /// In continuous mode, schedules the next packet as soon as the last one has been sent.
 void Line::ScheduleStream(Time now) {
     const auto command = device_.ContinuousCommand();
-    if (!command || silent_ || !outgoing_.empty()) return;
+    if (!command || silent_ || !powered_ || !outgoing_.empty()) return;
     // A late wake-up must not skip a cycle, so the line's own time counts unless it lags by more.
     const bool lags = sendFree_ + device_.Cycle() < now;
     const Time ready = device_.NextCycle(paced_ ? (lags ? now : sendFree_) : deviceTime_);
@@ -113,9 +113,16 @@ void Line::AppendFlood(Time now, std::vector<Bytes>& writes) {
     flooded_ = now;
 }
 
-void Line::PowerCycle(Time now) {
+void Line::SetPower(bool on, Time now) {
+    if (on == powered_) return;
     Reset(now);
-    device_.PowerUp(ToDeviceTime(now));
+    if (on) device_.PowerUp(ToDeviceTime(now));
+    powered_ = on;
+}
+
+void Line::PowerCycle(Time now) {
+    SetPower(false, now);
+    SetPower(true, now);
 }
 
 void Line::Reset(Time now) {

@@ -20,13 +20,15 @@ namespace orbkl4sim {
 /// by one cycle with each data command, so that motion and ticks run as if paced.
 class Line {
   public:
-    /// Called with each request, and whether it arrived at the sensor's baud rate.
+    /// Called with each request, and whether the sensor could receive it.
     using Listener = std::function<void(const Bytes& request, bool heard)>;
 
     Line(Device& device, bool paced, std::uint64_t seed);
 
     /// Whether a host at `hostBaud` (0: none set) can communicate with the sensor.
-    bool Accepts(int hostBaud) const { return hostBaud == 0 || hostBaud == device_.Baud(); }
+    bool Accepts(int hostBaud) const {
+        return powered_ && (hostBaud == 0 || hostBaud == device_.Baud());
+    }
 
     /// Receives `bytes` at `now` from a host at `hostBaud`.
     void Receive(const Bytes& bytes, Time now, int hostBaud);
@@ -39,6 +41,10 @@ class Line {
 
     /// Sends `bytes` unsolicited from `now` on, without faults.
     void SendUnasked(const Bytes& bytes, Time now) { Schedule({bytes}, now); }
+
+    /// Switches the sensor's power on or off; without power, it neither receives nor sends.
+    void SetPower(bool on, Time now);
+    bool IsPowered() const { return powered_; }
 
     /// Switches the sensor off and on.
     void PowerCycle(Time now);
@@ -83,7 +89,7 @@ class Line {
     ReplyScript script_;
     Listener listener_;
     RequestParser heard_;
-    RequestParser unheard_;  // at the wrong baud rate
+    RequestParser unheard_;  // at the wrong baud rate or without power
     std::deque<Outgoing> outgoing_;
     Time deviceTime_{};            // unpaced: the sensor's own time
     Time receiveFree_{};           // when the last byte to the sensor has been transferred
@@ -91,6 +97,7 @@ class Line {
     Time lateness_{};              // of the last write, which delayed the host's next request
     Time streamed_{};              // unpaced: when the last packet of continuous mode was due
     std::optional<Time> flooded_;  // while flooding: when random bytes were last sent
+    bool powered_ = true;
     bool silent_ = false;
     std::vector<std::size_t> splitSizes_;
     Time splitGap_{};

@@ -8,12 +8,15 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <poll.h>
 #include <string>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace orbkl4sim {
 namespace {
@@ -26,19 +29,27 @@ struct ProgramOptions {
     bool noNoise = false;
     bool unpaced = false;
     double delayMilliseconds = 300;
+    std::optional<std::uint16_t> serialNumber;
+    std::vector<std::pair<int, std::uint16_t>> words;  // address and word
+    std::vector<int> stuckAddresses;
     pid_t parent = getppid();  // read at start-up, when the parent still lives
     bool exitWithParent = false;
     bool exitOnEof = false;
 };
 
-void AddFaults(CLI::App& app, FaultRates& faults, double& delayMilliseconds) {
+void AddFaults(CLI::App& app, FaultRates& faults, ProgramOptions& program) {
     for (const RateFault& fault : kRateFaults) {
         app.add_option(std::string("--") + fault.name, faults.*fault.rate, fault.help)
             ->check(CLI::Range(0.0, 1.0))
             ->group("Faults (fraction of replies, from 0 to 1)");
     }
-    app.add_option("--delay-ms", delayMilliseconds, "Milliseconds by which replies are late")
+    app.add_option("--delay-ms", program.delayMilliseconds,
+                   "Milliseconds by which replies are late")
         ->check(CLI::Range(0.0, kLongestDelay));
+    app.add_option("--stuck", program.stuckAddresses,
+                   "Addresses of words that ignore writes but confirm them")
+        ->type_name("ADDRESS")
+        ->check(CLI::Range(0, 254));
 }
 
 void AddOptions(CLI::App& app, ProgramOptions& program, SimulatorOptions& options) {
@@ -55,10 +66,15 @@ void AddOptions(CLI::App& app, ProgramOptions& program, SimulatorOptions& option
     app.add_option("--eeprom", options.eepromFile, "File that stores the sensor's memory");
     app.add_option("--baud", options.baud, "Baud rate, stored in the memory")
         ->check(CLI::IsMember({19200, 38400, 115200}));
+    app.add_option("--serial-number", program.serialNumber, "Serial number, stored in the memory")
+        ->check(CLI::Range(0, 0xFFFF));
+    app.add_option("--word", program.words, "Word of the memory, stored at an even address")
+        ->type_name("ADDRESS WORD")
+        ->check(CLI::Range(0, 0xFFFF));
     app.add_flag("--unpaced", program.unpaced, "Reply as fast as requests arrive");
     app.add_flag("--exit-with-parent", program.exitWithParent, "End with the parent process");
     app.add_flag("--exit-on-eof", program.exitOnEof, "End at the end of standard input");
-    AddFaults(app, options.faults, program.delayMilliseconds);
+    AddFaults(app, options.faults, program);
 }
 
 /// Returns a descriptor that becomes readable on SIGINT, SIGTERM and SIGHUP.
@@ -128,6 +144,9 @@ int Run(const ProgramOptions& program, SimulatorOptions options) {
         if (logging) Print(ToText(request));
     };
     Simulator simulator(std::move(options));
+    if (program.serialNumber) simulator.SetWord(address::kSerialNumber, *program.serialNumber);
+    for (const auto& [wordAddress, word] : program.words) simulator.SetWord(wordAddress, word);
+    for (const int wordAddress : program.stuckAddresses) simulator.SetStuck(wordAddress, true);
     simulator.LinkAs(link);
     simulator.Start();
     Print(link.string() + " -> " + simulator.DevicePath().string());

@@ -37,6 +37,18 @@ void Simulator::Replug() {
     worker_->Do([&] { worker_->Plug(); });
 }
 
+void Simulator::ReplugAs(const std::filesystem::path& link) {
+    worker_->Do([&] { worker_->PlugAs(link); });
+}
+
+void Simulator::SetPower(bool on) {
+    worker_->Do([&] { worker_->Wire().SetPower(on, worker_->Now()); });
+}
+
+void Simulator::SetStuck(int address, bool stuck) {
+    worker_->Do([&] { worker_->Sensor().Memory().SetStuck(address, stuck); });
+}
+
 void Simulator::PowerCycle() {
     worker_->Do([&] { worker_->Wire().PowerCycle(worker_->Now()); });
 }
@@ -60,7 +72,9 @@ FaultState Simulator::Faults() const {
         state = {.rates = line.Faults().Rates(),
                  .silent = line.IsSilent(),
                  .flooding = line.IsFlooding(),
-                 .unplugged = worker_->Terminal() == nullptr};
+                 .unpowered = !line.IsPowered(),
+                 .unplugged = worker_->Terminal() == nullptr,
+                 .stuckWords = worker_->Sensor().Memory().Stuck()};
     });
     return state;
 }

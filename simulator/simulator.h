@@ -20,7 +20,7 @@ struct Request {
     Bytes bytes;
     std::chrono::steady_clock::time_point time;  // when its last byte arrived
     int hostBaud = 0;                            // the host's baud rate, 0 if it has set none
-    bool heard = true;  // false at the wrong baud rate, where the sensor ignores it
+    bool heard = true;                           // false at the wrong baud rate or without power
 };
 
 /// The faults that are switched on.
@@ -28,7 +28,9 @@ struct FaultState {
     FaultRates rates;
     bool silent = false;
     bool flooding = false;
+    bool unpowered = false;
     bool unplugged = false;
+    std::vector<int> stuckWords;  // addresses
 };
 
 struct SimulatorOptions {
@@ -74,7 +76,19 @@ class Simulator {
 
     void Unplug();
     void Replug();
+
+    /// Plugs the sensor in again, after unplugging it if necessary, and links `link` alone to the
+    /// device; throws std::runtime_error and leaves it unplugged if something else is in the way.
+    void ReplugAs(const std::filesystem::path& link);
+
+    /// Switches the sensor's power on or off. Without power the line stays, but the sensor neither
+    /// carries out requests nor sends anything.
+    void SetPower(bool on);
     void PowerCycle();
+
+    /// Makes the word at `address` ignore writes by requests, which are confirmed all the same, or
+    /// ends that; throws std::out_of_range if there is no such word.
+    void SetStuck(int address, bool stuck);
 
     /// While silent, the sensor carries out requests but sends nothing.
     void SetSilent(bool silent);

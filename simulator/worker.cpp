@@ -75,9 +75,21 @@ void Simulator::Worker::Do(const std::function<void()>& task) {
 void Simulator::Worker::Plug() {
     if (terminal_ != nullptr) return;
     line_.Reset(Now());
-    terminal_ = std::make_unique<PseudoTerminal>();
-    for (const std::filesystem::path& link : linkPaths_) {
-        links_.emplace_back(link, terminal_->Path());
+    auto terminal = std::make_unique<PseudoTerminal>();
+    std::deque<PortLink> links;
+    for (const std::filesystem::path& link : linkPaths_) links.emplace_back(link, terminal->Path());
+    terminal_ = std::move(terminal);
+    links_ = std::move(links);
+}
+
+void Simulator::Worker::PlugAs(const std::filesystem::path& link) {
+    Unplug();
+    const auto before = std::exchange(linkPaths_, {link});
+    try {
+        Plug();
+    } catch (...) {
+        linkPaths_ = before;
+        throw;
     }
 }
 

@@ -36,7 +36,11 @@ class Simulator::Worker {
     /// The time of device and line.
     Time Now() const { return std::chrono::steady_clock::now() - start_; }
 
+    /// Plugs the sensor in if it isn't yet; leaves it unplugged if a link can't be made.
     void Plug();
+
+    /// Plugs the sensor in, after unplugging it if necessary, with `link` as its only link.
+    void PlugAs(const std::filesystem::path& link);
     void Unplug();
     void AddLink(const std::filesystem::path& link);
 

@@ -107,6 +107,18 @@ TEST(Device, IgnoresRequestsWithAWrongFixedByte) {
     EXPECT_EQ(changes, device.Memory().Changes());
 }
 
+TEST(Device, AStuckWordConfirmsWritesButStays) {
+    const Bytes write{0x29, 0x71, 0x00, 26, 0x12, 0x34, 0xAA};
+    const Bytes confirmed{0x29, 0x12, 0x34, 0x00, 0x00, 0x12, 0x5D};
+    Device device = Level();
+    device.Memory().SetStuck(26, true);
+    EXPECT_EQ(confirmed, ReplyOf(device, write));
+    EXPECT_EQ(10, device.Memory().Word(26));
+    device.Memory().SetStuck(26, false);
+    EXPECT_EQ(confirmed, ReplyOf(device, write));
+    EXPECT_EQ(0x1234, device.Memory().Word(26));
+}
+
 TEST(Device, LoadsBaudRateAndCycleAtPowerUp) {
     Device device = Level();
     Eeprom& memory = device.Memory();

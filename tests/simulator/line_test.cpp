@@ -204,6 +204,28 @@ TEST_F(LineTest, CarriesOutRequestsWhileSilent) {
     EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
 }
 
+TEST_F(LineTest, WithoutPowerNothingIsCarriedOutOrSent) {
+    const Bytes write{0x29, 0x71, 0x00, 0x1A, 0x00, 0x07, 0xAA};
+    // The second write, as a filter can count, is the last one before the power fails.
+    int writes = 0;
+    line.Script().Filter([&](const Bytes&, const Bytes& reply) {
+        if (++writes == 2) line.SetPower(false, now);
+        return std::optional(reply);
+    });
+    EXPECT_EQ(7U, AskForBytes(write).size());
+    device.Memory().SetWord(26, 1);
+    EXPECT_EQ(Bytes{}, AskForBytes(write));
+    EXPECT_EQ(7, device.Memory().Word(26));
+    device.Memory().SetWord(26, 1);
+    device.Memory().SetWord(132, 0x0E);
+    EXPECT_EQ(Bytes{}, AskForBytes(write));
+    EXPECT_EQ(1, device.Memory().Word(26));
+    device.Memory().SetWord(44, 21);
+    line.SetPower(true, now);
+    EXPECT_EQ(115200, device.Baud());
+    EXPECT_EQ(0x0E, RunUntil(now + 1s).at(0).bytes.at(0)) << "continuous mode goes on";
+}
+
 TEST_F(LineTest, FloodsTheLineAtItsBaudRate) {
     line.SetFlood(true, now);
     std::size_t count = 0;

@@ -56,15 +56,26 @@ TEST(Console, AnswersEachCommand) {
          "error: \"soon\" is not a number; MILLISECONDS must be a number from 0 to 3600000"},
         {"silent", "error: on or off is missing"},
         {"silent maybe", "error: \"maybe\" is neither on nor off"},
+        {"stuck 27 on", "error: \"27\" is not an even number; ADDRESS " + address},
+        {"stuck 26", "error: on or off is missing"},
+        {"replug 17", "error: \"17\" is out of range; PORT must be a whole number from 1 to 16"},
         {"unplug now", "error: unexpected \"now\""},
         {"faults", "no faults are on"},
         {"delay 0.5 20", "ok"},
         {"stray 0.25", "ok"},
         {"flood on", "ok"},
         {"silent on", "ok"},
+        {"stuck 26 on", "ok"},
+        {"stuck 254 on", "ok"},
+        {"power off", "ok"},
         {"unplug", "ok"},
-        {"faults", "stray 0.25, delay 0.5 20, silent on, flood on, unplug"},
+        {"faults",
+         "stray 0.25, delay 0.5 20, silent on, flood on, stuck 26 on, stuck 254 on, power off, "
+         "unplug"},
         {"replug", "ok"},
+        {"power-cycle", "ok"},
+        {"stuck 26 off", "ok"},
+        {"stuck 254 off", "ok"},
         {"flood off", "ok"},
         {"silent off", "ok"},
         {"stray 0", "ok"},
@@ -119,6 +130,16 @@ TEST_F(ProgramTest, KeepsItsPortUntilASignalOrQuit) {
     EXPECT_EQ(0, Run(kStart + "--exit-on-eof </dev/null"));
 }
 
+TEST_F(ProgramTest, StartsWithGivenWordsAndChangesPorts) {
+    const std::string commands =
+        "(echo eeprom 134; echo eeprom 132; echo faults; echo replug 15; "
+        "until test -L ${LINK%16}15; do sleep 0.01; done; "
+        "test -L $LINK || echo quit) | ";
+    const std::string options = "--serial-number 2001 --word 132 14 --stuck 26 --corrupt 0.05";
+    EXPECT_EQ(0, Run(commands + kStart + options));
+    EXPECT_TRUE(ContentOf(output).ends_with("\n2001\n14\ncorrupt 0.05, stuck 26 on\nok\nok\n"));
+}
+
 TEST_F(ProgramTest, EndsWithItsParent) {
     ASSERT_EQ(0, Run(kStart + "--exit-with-parent " + kAwaitLink + "echo $! >$OUT.id"));
     const int ended = Run("while test -L $LINK; do sleep 0.01; done");
@@ -131,7 +152,8 @@ TEST_F(ProgramTest, ReportsWrongOptions) {
     const std::string eeprom = "--eeprom " + config.Write("bad", "x").string();
     const std::string taken = "--link " + config.Write("mine", "").string();
     for (const std::string& wrong : Options{"--port 17", "--port 0", "--baud 9600", "--motion fly",
-                                            "--drop 2", "--port 1 --link x", eeprom, taken}) {
+                                            "--drop 2", "--port 1 --link x", "--word 45 1",
+                                            "--serial-number 70000", "--stuck 3", eeprom, taken}) {
         const int status = Run(kProgram + " --exit-on-eof " + wrong + " </dev/null 2>$OUT");
         EXPECT_GT(status, 0) << wrong;
         EXPECT_LT(status, 124) << wrong << ": neither killed nor hanging";

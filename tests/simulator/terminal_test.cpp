@@ -89,7 +89,7 @@ TEST_F(TerminalTest, ClearsTheExclusiveModeOfAHostThatDied) {
     EXPECT_EQ(0, mode);
 }
 
-TEST_F(TerminalTest, UnpluggingHangsUpAndReplugRestoresTheLink) {
+TEST_F(TerminalTest, UnplugHangsUpAndReplugLinksAgain) {
     const TemporaryFolder folder;
     const auto link = folder / "deep/port";
     Start();
@@ -103,9 +103,17 @@ TEST_F(TerminalTest, UnpluggingHangsUpAndReplugRestoresTheLink) {
     EXPECT_TRUE(old.HangsUp(1s)) << "the old device is gone";
     const HostLine host(link, 38400);
     EXPECT_EQ(77, WordAt(host.Ask({0x28, 0x00, 26}, 7), 1)) << "power stayed on";
-    simulator->Stop();
+
+    EXPECT_THROW(simulator->ReplugAs(folder.Write("file", "")), std::runtime_error);
+    EXPECT_TRUE(simulator->Faults().unplugged);
     EXPECT_TRUE(host.HangsUp(1s));
+    simulator->ReplugAs(folder / "other");
     EXPECT_FALSE(std::filesystem::is_symlink(link));
+    const HostLine other(folder / "other", 38400);
+    EXPECT_EQ(kFirmware, other.Ask({0xF0}, 5));
+    simulator->Stop();
+    EXPECT_TRUE(other.HangsUp(1s));
+    EXPECT_FALSE(std::filesystem::is_symlink(folder / "other"));
 }
 
 TEST_F(TerminalTest, ReplacesStaleLinksOnly) {
