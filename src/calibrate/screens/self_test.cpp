@@ -106,7 +106,7 @@ QGroupBox* SelfTest::BuildShift() {
     }
     lblSelfTestByte_ = MakeLabel(fraShift_, "lblSelfTestByte", "0");
     column->addWidget(lblSelfTestByte_, 0, Qt::AlignRight);
-    KeepLarger(*lblSelfTestByte_, readoutGrowth);
+    KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
     fraShift_->setEnabled(false);
     return fraShift_;
 }
