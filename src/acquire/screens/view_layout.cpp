@@ -100,7 +100,7 @@ QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob
     TextField* text = MakeField(frame, row.text, 1);
     text->Characters(7);
     text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    KeepLarger(*text, readout);
+    KeepFontScaled(*text, readout);
     QObject::connect(dial, &CWKnob::ValueChanged, text,
                      [text](double value) { text->Text(ScreenText(value)); });
     auto* column = new QVBoxLayout(frame);
@@ -118,7 +118,7 @@ QWidget* BuildPanel(QWidget* screen, const TextPanel& panel,
     PanelFiller filler(frame, panel);
     for (const TextRow& row : panel.rows) fields.push_back({row.field, filler.Add(row)});
     filler.Finish();
-    if (panel.led[0] != '\0') PutBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
+    if (panel.led[0] != '\0') KeepBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
     return frame;
 }
 

@@ -125,7 +125,7 @@ QGroupBox* HardIronCal::BuildCollect() {
     auto* frame = MakeFrame(this, "fraCollect", "Collect");
     BuildFields(frame, collectRows, collectFields_);
     led_ = Named(new CWButton(frame), "LED");
-    PutBesideCaption(*frame, *led_);
+    KeepBesideCaption(*frame, *led_);
     return frame;
 }
 

@@ -95,7 +95,7 @@ QGroupBox* SelfTest::BuildShift() {
     }
     lblSelfTestByte_ = MakeLabel(frame, "lblSelfTestByte", "0");
     column->addWidget(lblSelfTestByte_, 0, Qt::AlignRight);
-    KeepLarger(*lblSelfTestByte_, readoutGrowth);
+    KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
     frame->setEnabled(false);
     return frame;
 }

@@ -84,7 +84,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     constexpr int digits = 7;
     auto* field = Named(new TextField(this), name);
     field->Decimals(1);
-    KeepLarger(*field, readoutGrowth);
+    KeepFontScaled(*field, readoutGrowth);
     field->Characters(digits);
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
