@@ -3,6 +3,8 @@
 #include "base/run_time_error.h"
 #include "platform/system/port_device.h"
 
+#include <QList>
+#include <QPointer>
 #include <QThread>
 
 #include <algorithm>
@@ -37,6 +39,23 @@ void SetLowLatency([[maybe_unused]] int handle) {
 int UnsentBytes(int handle) {
     int count = 0;
     return ::ioctl(handle, TIOCOUTQ, &count) == 0 ? count : 0;
+}
+
+/// The lines that this process has opened, closed ones among them; null once destroyed.
+QList<QPointer<const QSerialPort>>& LinesOpened() {
+    static QList<QPointer<const QSerialPort>> lines;
+    return lines;
+}
+
+void Remember(const QSerialPort& line) {
+    LinesOpened().removeAll(nullptr);
+    if (!LinesOpened().contains(&line)) LinesOpened() += &line;
+}
+
+bool IsOpenHere(const QSerialPort& line) {
+    return std::ranges::any_of(LinesOpened(), [&](const QPointer<const QSerialPort>& other) {
+        return other && other->isOpen() && other->portName() == line.portName();
+    });
 }
 
 void RequireUse(const PortDevice& device, const std::string& port) {
@@ -77,8 +96,13 @@ void OpenLine(QSerialPort& line, const PortDevice& device, const std::string& po
               const LineSettings& settings) {
     RequireUse(device, port);
     line.setPortName(device.name);
+    if (IsOpenHere(line)) {
+        Raise(ErrorNumber::PortAlreadyOpen,
+              "Port in use: " + port + " is open in this program already");
+    }
     Apply(line, settings);
     if (!line.open(QIODevice::ReadWrite)) RaiseOpenError(line, port);
+    Remember(line);
     SetLowLatency(HandleOf(line));
     line.clear(QSerialPort::Input);
 }
