@@ -1,12 +1,13 @@
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 
 #include "link/communication.h"
 #include "link/logic/requests.h"
 #include "link/reply_question.h"
-#include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"
 #include "state/app_state.h"
+
+#include <utility>
 
 namespace orbkl4 {
 
@@ -16,12 +17,18 @@ void AskForWord(MSComm& port) { Send(port, ReadEepromRequest(AppState.CurrentEEP
 
 void TakeWord(const EepromReadRun& run) {
     constexpr std::size_t wordOffset = 1;
-    const double word = WordAt(AppState.CommandBytes, wordOffset);
-    AppState.EEPROMValue = NumberOfWord(AppState.CurrentEEPROMAddress, word);
-    run.take();
+    const eeprom::Address address = AppState.CurrentEEPROMAddress;
+    AppState.EEPROMValue = NumberOfWord(address, WordAt(AppState.CommandBytes, wordOffset));
+    run.take(address, AppState.EEPROMValue);
 }
 
-void End(const EepromReadRun& run) {
+template <typename Run>
+void Pass(const Run& run) {
+    if (run.pass) run.pass(AppState.CurrentEEPROMAddress);
+}
+
+template <typename Run>
+void End(const Run& run) {
     run.timer.Enabled(false);
     CloseCommPort(run.port, run.screen);
     MousePointer(Pointer::Default);
@@ -47,10 +54,30 @@ void EepromReadTick(const EepromReadRun& run) {
         End(run);
         return;
     }
-    if (run.pass) run.pass();
+    Pass(run);
     AppState.CurrentEEPROMAddress =
         static_cast<eeprom::Address>(AppState.CurrentEEPROMAddress + run.step);
     AskForWord(run.port);
+}
+
+void StartEepromWrite(EepromWriteRun& run, std::vector<eeprom::Address> addresses) {
+    OpenCommPort(run.port, run.screen);
+    run.addresses = std::move(addresses);
+    run.position = 0;
+    AppState.CurrentEEPROMAddress = run.addresses.front();
+    run.timer.Enabled(true);
+}
+
+void EepromWriteTick(EepromWriteRun& run) {
+    const eeprom::Address address = AppState.CurrentEEPROMAddress;
+    AppState.EEPROMWriteValue = WordOfNumber(address, run.number(address));
+    Send(run.port, WriteEepromRequest(address, AppState.EEPROMWriteValue));
+    if (run.position + 1 == run.addresses.size()) {
+        End(run);
+        return;
+    }
+    Pass(run);
+    AppState.CurrentEEPROMAddress = run.addresses.at(++run.position);
 }
 
 }  // namespace orbkl4
