@@ -1,8 +1,8 @@
 #include "link/eeprom_runs.h"
 
+#include "link/checked_reply.h"
 #include "link/communication.h"
 #include "link/logic/requests.h"
-#include "link/reply_question.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"
 #include "state/app_state.h"
@@ -45,7 +45,7 @@ void StartEepromRead(const EepromReadRun& run) {
 }
 
 void EepromReadTick(const EepromReadRun& run) {
-    switch (TakeReply(run.port, DeviceCommand::CmdReadEeprom)) {
+    switch (TakeCheckedReply(run.port, DeviceCommand::CmdReadEeprom)) {
         case ReplyVerdict::Good: TakeWord(run); break;
         case ReplyVerdict::Retry: AskForWord(run.port); return;
         case ReplyVerdict::Skip: break;

@@ -194,7 +194,7 @@ void CalcCycle::TimerRead_Timer() {
 void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
-        TakeReply(writing);
+        CollectReply(writing);
         switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
             case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
             case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;

@@ -159,7 +159,7 @@ void Vertical::SetEntry_Click(const ModeSetting& setting) {
 void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
-        TakeReply(writing);
+        CollectReply(writing);
         switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
             case WriteVerdict::Good:
                 Option(setting).Value(true);
