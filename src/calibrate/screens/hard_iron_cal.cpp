@@ -146,7 +146,7 @@ void HardIronCal::mnuInit_Click() {
 void HardIronCal::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange initializing = Initializing();
-        TakeReply(initializing);
+        CollectReply(initializing);
         ReportInit();
         EndExchange(initializing);
     });
@@ -226,7 +226,7 @@ void HardIronCal::mnuCompute_Click() {
 void HardIronCal::MSComm3_OnComm() {
     Trap("MSComm3_OnComm", [this] {
         const Exchange computing = Computing();
-        TakeReply(computing);
+        CollectReply(computing);
         ReportCompute();
         EndExchange(computing);
     });

@@ -2,7 +2,7 @@
 
 #include "errors/trap.h"
 #include "link/communication.h"
-#include "link/reply_question.h"
+#include "link/checked_reply.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
@@ -142,7 +142,7 @@ void Gains::mnuRead_Click() {
 
 void Gains::TimerRead_Timer() {
     Trap("TimerRead_Timer", [this] {
-        switch (TakeReply(port_, DeviceCommand::CmdReadSystemGains)) {
+        switch (TakeCheckedReply(port_, DeviceCommand::CmdReadSystemGains)) {
             case ReplyVerdict::Retry: SendRead(); return;
             case ReplyVerdict::Good: ShowGains(GainsIn(AppState.CommandBytes)); break;
             case ReplyVerdict::Skip: break;
@@ -162,7 +162,7 @@ void Gains::mnuWrite_Click() {
 
 void Gains::TimerWrite_Timer() {
     Trap("TimerWrite_Timer", [this] {
-        if (TakeReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
+        if (TakeCheckedReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
             SendWrite();
             return;
         }

@@ -114,12 +114,12 @@ void GetTemperature::cmdGet_Click() {
 void GetTemperature::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         port_.Input(AppState.CommandBytes);
-        TakeReply();
+        ShowReply();
         CloseCommPort(port_, *this);
     });
 }
 
-void GetTemperature::TakeReply() {
+void GetTemperature::ShowReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
     } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {
