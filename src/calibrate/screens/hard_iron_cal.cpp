@@ -24,7 +24,6 @@ namespace {
 using enum DeviceCommand;
 
 constexpr const char* badReply = "Return bytes and/or header failed!";
-constexpr std::uint32_t unusedColor = 0xE0E0E0;
 
 template <std::size_t count>
 void Show(const HardIronReply<count>& reply, std::span<TextField* const, count + 3> fields) {
@@ -122,7 +121,7 @@ void HardIronCal::cmbType_Click() {
     Trap("cmbType_Click", [this] {
         const bool flat = cmbType_->Text() == ToQString(twoDimensional);
         numEditMagZ_->setEnabled(flat);
-        numEditMagZ_->BackColorText(flat ? windowBackground : unusedColor);
+        numEditMagZ_->BackColorText(flat ? windowBackground : unusedBackground);
     });
 }
 
