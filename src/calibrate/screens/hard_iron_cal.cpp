@@ -3,6 +3,7 @@
 #include "acquire/watchdog.h"
 #include "base/number_text.h"
 #include "errors/trap.h"
+#include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "platform/controls/combo_box.h"
@@ -22,8 +23,6 @@ namespace orbkl4 {
 namespace {
 
 using enum DeviceCommand;
-
-constexpr const char* badReply = "Return bytes and/or header failed!";
 
 template <std::size_t count>
 void Show(const HardIronReply<count>& reply, std::span<TextField* const, count + 3> fields) {
@@ -158,7 +157,7 @@ void HardIronCal::MSComm1_OnComm() {
 /// An erasure and an initialization are the same to the sensor; only the words differ.
 void HardIronCal::ReportInit() {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronInit)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const std::string what = eraseRequested_ ? "Erase" : "Initialization";
@@ -235,7 +234,7 @@ void HardIronCal::MSComm3_OnComm() {
 
 void HardIronCal::ReportCompute() const {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronCompute)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const auto computed = DecodeHardIronComputeReply();

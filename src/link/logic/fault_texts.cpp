@@ -1,7 +1,6 @@
 #include "link/logic/fault_texts.h"
 
 #include <array>
-#include <string_view>
 
 namespace orbkl4 {
 

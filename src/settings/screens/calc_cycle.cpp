@@ -196,11 +196,9 @@ void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
         CollectReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage("Set Calc Cycle failed checksum!"); break;
-        }
+        ShowMessage(WriteVerdictText(CheckWriteReplies(AppState.CommandBytes, mustPass),
+                                     "Set Calc Cycle succeeded!",
+                                     "Set Calc Cycle failed checksum!"));
         EndExchange(writing);
     });
 }

@@ -161,14 +161,9 @@ void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
         CollectReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good:
-                Option(setting).Value(true);
-                ShowMessage(setting.succeeded);
-                break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage(setting.failed); break;
-        }
+        const WriteVerdict verdict = CheckWriteReplies(AppState.CommandBytes, mustPass);
+        if (verdict == WriteVerdict::Good) Option(setting).Value(true);
+        ShowMessage(WriteVerdictText(verdict, setting.succeeded, setting.failed));
         EndExchange(writing);
     });
 }
