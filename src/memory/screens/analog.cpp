@@ -5,7 +5,6 @@
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -6,7 +6,6 @@
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/look.h"
 #include "state/app_state.h"
 
 #include <QGridLayout>

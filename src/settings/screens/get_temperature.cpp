@@ -84,7 +84,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     constexpr int digits = 7;
     auto* field = Named(new TextField(this), name);
     field->Decimals(1);
-    KeepLarger(*field, readoutGrowth);
+    KeepFontScaled(*field, readoutGrowth);
     field->Characters(digits);
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
@@ -122,7 +122,7 @@ void GetTemperature::MSComm1_OnComm() {
 void GetTemperature::ShowReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
-    } else if (!CheckTemperatureReply(degreesCelsius_)) {
+    } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {
         ShowMessage("Temperature return failed!");
     } else {
         degreesCelsius_ = CelsiusOf(degreesCelsius_);
