@@ -1,6 +1,6 @@
 #include "driver_plugin.h"
 
-#include "wire_text.h"
+#include "end_to_end/wire_text.h"
 
 #include <QAbstractButton>
 #include <QAction>
