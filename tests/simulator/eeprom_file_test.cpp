@@ -33,7 +33,7 @@ TEST(EepromFile, KeepsEveryWord) {
     }
 }
 
-TEST(EepromFile, WordsThatAreNotNamedKeepTheirValue) {
+TEST(EepromFile, WordsNotListedKeepTheirValue) {
     const TemporaryFolder folder;
     Eeprom memory;
     LoadEeprom(folder / "missing", memory);
@@ -42,7 +42,7 @@ TEST(EepromFile, WordsThatAreNotNamedKeepTheirValue) {
     EXPECT_EQ(3101, memory.Word(198));
 }
 
-TEST(EepromFile, ABadLineIsNamed) {
+TEST(EepromFile, ReportsABadLine) {
     const TemporaryFolder folder;
     for (const char* line : {"44", "45 1", "256 1", "-2 1", "44 65536", "44 -1", "44 x", "44 1 2",
                              "99999999999 1", "44 1.5"}) {
@@ -58,7 +58,7 @@ TEST(EepromFile, ABadLineIsNamed) {
     }
 }
 
-TEST(EepromFile, AFailureLeavesTheOldFile) {
+TEST(EepromFile, AFailedSaveKeepsTheOldFile) {
     const TemporaryFolder folder;
     const auto file = folder.Write("eeprom", "44 129\n");
     std::filesystem::create_directory(folder / "eeprom.new");
@@ -66,7 +66,7 @@ TEST(EepromFile, AFailureLeavesTheOldFile) {
     EXPECT_EQ("44 129\n", ContentOf(file));
 }
 
-TEST(EepromFile, AKillLeavesAWholeFile) {
+TEST(EepromFile, AKillLeavesACompleteFile) {
     const TemporaryFolder folder;
     const auto file = folder / "eeprom";
     SaveEeprom(file, Eeprom());
@@ -79,7 +79,7 @@ TEST(EepromFile, AKillLeavesAWholeFile) {
                 SaveEeprom(file, memory);
             }
         }
-        // Not a wait for anything: the kill is to strike at a different moment each time.
+        // Not a wait for a condition: each kill has to hit a different moment.
         std::this_thread::sleep_for(std::chrono::microseconds(1000 + 337 * kill));
         ::kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
@@ -88,9 +88,9 @@ TEST(EepromFile, AKillLeavesAWholeFile) {
         LoadEeprom(file, memory);
         if (memory.Word(198) == 3101) continue;  // killed before the first save
         for (int address = 0; address <= 254; address += 2) {
-            ASSERT_EQ(memory.Word(0), memory.Word(address)) << "torn at " << address;
+            ASSERT_EQ(memory.Word(0), memory.Word(address)) << "incomplete at " << address;
         }
-        ASSERT_NE(0, memory.Word(0)) << "not whole";
+        ASSERT_NE(0, memory.Word(0)) << "incomplete";
     }
 }
 

@@ -21,7 +21,7 @@ struct Write {
     Bytes bytes;
 };
 
-/// A line with a level sensor, and a clock that jumps from one event to the next.
+/// The line of a level sensor, with a clock that jumps from one event to the next.
 class LineTest : public testing::Test {
   protected:
     /// All writes due until `end`.
@@ -36,7 +36,7 @@ class LineTest : public testing::Test {
         return writes;
     }
 
-    /// What comes within a second for `request`, in writes.
+    /// The writes within a second of `request`.
     std::vector<Write> Ask(const Bytes& request) {
         line.Receive(request, now, 38400);
         return RunUntil(now + 1s);
@@ -65,36 +65,36 @@ TEST_F(LineTest, ADataReplyWaitsForTheCycle) {
     EXPECT_EQ(2, WordAt(writes[1].bytes, 7));
 }
 
-TEST_F(LineTest, ALateWakeUpDoesNotSlowTheExchange) {
+TEST_F(LineTest, ALateWakeUpDoesNotDelayTheNextReply) {
     line.Receive({0xF0}, 0ms, 38400);
     ASSERT_EQ(6 * kByte, line.NextDue(0ms));
     EXPECT_EQ(1U, line.TakeDue(6 * kByte + 300us).size());
-    line.Receive({0xF0}, 6 * kByte + 350us, 38400);  // the host itself took 50 us
+    line.Receive({0xF0}, 6 * kByte + 350us, 38400);  // 50 us of which are the host's
     EXPECT_EQ(12 * kByte + 50us, line.NextDue(6 * kByte + 350us));
-    // Once only: a host that comes later is not taken to have come earlier.
+    // A host that is late itself gains nothing.
     EXPECT_EQ(1U, line.TakeDue(12 * kByte + 50us).size());
     line.Receive({0xF0}, 5ms, 38400);
     EXPECT_EQ(5ms + 6 * kByte, line.NextDue(5ms));
 }
 
-TEST_F(LineTest, HearsNothingAtTheWrongSpeed) {
+TEST_F(LineTest, IgnoresTheWrongBaudRate) {
     std::vector<bool> heard;
     line.SetListener([&](const Bytes&, bool was) { heard.push_back(was); });
     for (const int baud : {19200, 115200, -1, 38400, 0}) line.Receive({0xF0}, now, baud);
     EXPECT_EQ((std::vector<bool>{false, false, false, true, true}), heard);
     EXPECT_EQ(2U, RunUntil(1s).size());
-    // Half a request heard does not combine with a half that wasn't.
+    // Halves at different baud rates make no request.
     line.Receive({0x28, 0x00}, now, 38400);
     line.Receive({0x2C}, now, 19200);
     EXPECT_TRUE(RunUntil(2s).empty());
 }
 
-TEST_F(LineTest, RepeatsItselfInContinuousMode) {
+TEST_F(LineTest, ContinuousModeKeepsTheCycle) {
     device.Memory().SetWord(132, 0x0E);
     const auto writes = RunUntil(5 * kCycle);
     ASSERT_EQ(4U, writes.size());
     for (int i = 0; i < 4; ++i) EXPECT_EQ((i + 1) * kCycle + 11 * kByte, writes[i].time);
-    // The line is slower than the cycle: 31 bytes at 19200 baud take 16.1 ms, so every third fits.
+    // 31 bytes at 19200 baud take 16.1 ms, more than two cycles.
     device.Memory().SetWord(132, 0x0C);
     device.Memory().SetWord(44, 129);
     line.PowerCycle(now);
@@ -103,7 +103,7 @@ TEST_F(LineTest, RepeatsItselfInContinuousMode) {
     for (int i = 0; i < 3; ++i) EXPECT_EQ(1 + 3 * i, WordAt(slow[i].bytes, 27));
 }
 
-TEST_F(LineTest, LeavesContinuousModeWhenTold) {
+TEST_F(LineTest, AWriteEndsContinuousMode) {
     device.Memory().SetWord(132, 0x31);
     line.Faults().Rates().drop = 1;
     EXPECT_TRUE(RunUntil(3 * kCycle).empty()) << "dropped packets";
@@ -113,10 +113,10 @@ TEST_F(LineTest, LeavesContinuousModeWhenTold) {
     const auto writes = RunUntil(now + 1s);
     ASSERT_FALSE(writes.empty());
     EXPECT_EQ(0x29, writes.back().bytes[0]);
-    EXPECT_LE(writes.size(), 2U) << "no more than the packet under way";
+    EXPECT_LE(writes.size(), 2U) << "at most the packet being sent";
 }
 
-TEST_F(LineTest, UnpacedTimeRunsWithTheRequests) {
+TEST_F(LineTest, UnpacedTimeAdvancesWithRequests) {
     Line fast(device, false, 1);
     for (int i = 1; i <= 3; ++i) {
         fast.Receive({0x05}, 1s, 38400);
@@ -127,10 +127,10 @@ TEST_F(LineTest, UnpacedTimeRunsWithTheRequests) {
     device.Memory().SetWord(132, 0x05);
     EXPECT_EQ(1s, fast.NextDue(1s));
     EXPECT_EQ(4, WordAt(fast.TakeDue(1s).at(0), 9));
-    EXPECT_EQ(1s + kCycle, fast.NextDue(1s)) << "continuous mode keeps the cycle's pace";
+    EXPECT_EQ(1s + kCycle, fast.NextDue(1s)) << "continuous mode is paced by the cycle";
 }
 
-TEST_F(LineTest, FaultsSpoilReplies) {
+TEST_F(LineTest, InjectsFaults) {
     FaultRates& rates = line.Faults().Rates();
     rates = {.drop = 1};
     EXPECT_EQ(Bytes{}, AskForBytes({0xF0}));
@@ -155,7 +155,7 @@ TEST_F(LineTest, FaultsSpoilReplies) {
     rates = {.stray = 1};
     for (int i = 0; i < 20; ++i) {
         const auto writes = Ask({0xF0});
-        ASSERT_EQ(1U, writes.size()) << "stray bytes come with the reply";
+        ASSERT_EQ(1U, writes.size()) << "stray bytes and reply in one write";
         const Bytes& bytes = writes[0].bytes;
         EXPECT_GT(bytes.size(), 5U);
         EXPECT_LE(bytes.size(), 9U);
@@ -176,7 +176,7 @@ TEST_F(LineTest, FaultsSpoilReplies) {
     EXPECT_EQ(asked + 6 * kByte + 70ms, Ask({0xF0}).at(0).time);
 }
 
-TEST_F(LineTest, FaultsComeAtTheirRateAndByTheSeed) {
+TEST_F(LineTest, FaultsHaveTheirRateAndDependOnTheSeed) {
     const auto answered = [](std::uint64_t seed) {
         Device sensor(Rest(), false, 1);
         Line lossy(sensor, false, seed);
@@ -189,12 +189,13 @@ TEST_F(LineTest, FaultsComeAtTheirRateAndByTheSeed) {
         return got;
     };
     const auto first = answered(1);
-    EXPECT_NEAR(750, static_cast<double>(std::ranges::count(first, true)), 70);  // five deviations
+    EXPECT_NEAR(750, static_cast<double>(std::ranges::count(first, true)),
+                70);  // five standard deviations
     EXPECT_EQ(first, answered(1));
     EXPECT_NE(first, answered(2));
 }
 
-TEST_F(LineTest, SilenceObeysAllTheSame) {
+TEST_F(LineTest, CarriesOutRequestsWhileSilent) {
     line.Receive({0xF0}, now, 0);
     line.SetSilent(true);
     EXPECT_EQ(Bytes{}, AskForBytes({0x29, 0x71, 0x00, 0x1A, 0x00, 0x07, 0xAA}));
@@ -203,24 +204,46 @@ TEST_F(LineTest, SilenceObeysAllTheSame) {
     EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
 }
 
-TEST_F(LineTest, AFloodFillsTheLineAtItsSpeed) {
+TEST_F(LineTest, WithoutPowerNothingIsCarriedOutOrSent) {
+    const Bytes write{0x29, 0x71, 0x00, 0x1A, 0x00, 0x07, 0xAA};
+    // The second write, as a filter can count, is the last one before the power fails.
+    int writes = 0;
+    line.Script().Filter([&](const Bytes&, const Bytes& reply) {
+        if (++writes == 2) line.SetPower(false, now);
+        return std::optional(reply);
+    });
+    EXPECT_EQ(7U, AskForBytes(write).size());
+    device.Memory().SetWord(26, 1);
+    EXPECT_EQ(Bytes{}, AskForBytes(write));
+    EXPECT_EQ(7, device.Memory().Word(26));
+    device.Memory().SetWord(26, 1);
+    device.Memory().SetWord(132, 0x0E);
+    EXPECT_EQ(Bytes{}, AskForBytes(write));
+    EXPECT_EQ(1, device.Memory().Word(26));
+    device.Memory().SetWord(44, 21);
+    line.SetPower(true, now);
+    EXPECT_EQ(115200, device.Baud());
+    EXPECT_EQ(0x0E, RunUntil(now + 1s).at(0).bytes.at(0)) << "continuous mode goes on";
+}
+
+TEST_F(LineTest, FloodsTheLineAtItsBaudRate) {
     line.SetFlood(true, now);
     std::size_t count = 0;
     for (const Write& write : RunUntil(1s)) count += write.bytes.size();
-    EXPECT_NEAR(3840, static_cast<double>(count), 45);  // of which one step may be outstanding
+    EXPECT_NEAR(3840, static_cast<double>(count), 45);  // up to one step may be missing
     line.SetFlood(false, now);
     EXPECT_TRUE(RunUntil(2s).empty());
 }
 
-TEST_F(LineTest, APowerCycleForgetsWhatWasUnderWay) {
+TEST_F(LineTest, APowerCycleDropsWhatIsPending) {
     line.Receive({0xF0, 0x28, 0x00}, now, 0);
     line.PowerCycle(now);
     EXPECT_EQ(Bytes{}, AskForBytes({0x2C}));
     EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
 }
 
-TEST_F(LineTest, RepliesCanBeCutAnywhere) {
-    line.Cut({1, 3, 100}, 20ms);
+TEST_F(LineTest, SplitsReplies) {
+    line.Split({1, 3, 100}, 20ms);
     const auto writes = Ask({0xF0});
     ASSERT_EQ(3U, writes.size());
     EXPECT_EQ(Bytes{0xF0}, writes[0].bytes);

@@ -8,7 +8,7 @@
 
 namespace orbkl4sim {
 
-/// A folder of a test's own that goes with this object.
+/// A temporary folder, removed with this object.
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -22,7 +22,7 @@ class TemporaryFolder {
     const std::filesystem::path& Path() const { return path_; }
     std::filesystem::path operator/(const char* name) const { return path_ / name; }
 
-    /// Writes `text` to the file `name` and gives its path.
+    /// Writes `text` to the file `name` and returns its path.
     std::filesystem::path Write(const char* name, const std::string& text) const {
         std::ofstream(path_ / name) << text;
         return path_ / name;

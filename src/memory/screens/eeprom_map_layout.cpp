@@ -3,7 +3,6 @@
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
-#include "platform/windows/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

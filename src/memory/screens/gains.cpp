@@ -2,12 +2,10 @@
 
 #include "errors/trap.h"
 #include "link/communication.h"
-#include "link/logic/requests.h"
-#include "link/reply_question.h"
+#include "link/checked_reply.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/look.h"
 #include "state/app_state.h"
 
 #include <QGridLayout>
@@ -123,16 +121,12 @@ void Gains::ShowGains(const SystemGains& gains) {
     for (std::size_t i = 0; i < values.size(); ++i) fields_.at(i)->Value(values.at(i));
 }
 
-void Gains::SendRead() {
-    AppState.CommandBytes = Request(DeviceCommand::CmdReadSystemGains);
-    port_.Output(AppState.CommandBytes);
-}
+void Gains::SendRead() { Send(port_, DeviceCommand::CmdReadSystemGains); }
 
 void Gains::SendWrite() {
     const auto& [accelerometer, magnetometer, biasTracking] = fields_;
-    AppState.CommandBytes =
-        WriteGainsRequest({accelerometer->Value(), magnetometer->Value(), biasTracking->Value()});
-    port_.Output(AppState.CommandBytes);
+    Send(port_,
+         WriteGainsRequest({accelerometer->Value(), magnetometer->Value(), biasTracking->Value()}));
 }
 
 void Gains::mnuRead_Click() {
@@ -148,7 +142,7 @@ void Gains::mnuRead_Click() {
 
 void Gains::TimerRead_Timer() {
     Trap("TimerRead_Timer", [this] {
-        switch (TakeReply(port_, DeviceCommand::CmdReadSystemGains)) {
+        switch (TakeCheckedReply(port_, DeviceCommand::CmdReadSystemGains)) {
             case ReplyVerdict::Retry: SendRead(); return;
             case ReplyVerdict::Good: ShowGains(GainsIn(AppState.CommandBytes)); break;
             case ReplyVerdict::Skip: break;
@@ -168,7 +162,7 @@ void Gains::mnuWrite_Click() {
 
 void Gains::TimerWrite_Timer() {
     Trap("TimerWrite_Timer", [this] {
-        if (TakeReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
+        if (TakeCheckedReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
             SendWrite();
             return;
         }

@@ -1,7 +1,6 @@
 #include "platform/controls/cw_knob.h"
 
 #include "base/number_text.h"
-#include "platform/windows/look.h"
 
 #include <QEvent>
 #include <QLinearGradient>

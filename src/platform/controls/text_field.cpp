@@ -1,6 +1,6 @@
 #include "platform/controls/text_field.h"
 
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -123,7 +123,7 @@ void TextField::paintEvent(QPaintEvent* /*event*/) {
     const bool plain = backColorText_ == windowBackground;
     const QRect inside = rect().adjusted(frame, frame, -frame, -frame);
     for (const QRect& side : QRegion(rect()) - inside) {
-        painter.fillRect(side, hasFocus() ? look::accent : look::line);
+        painter.fillRect(side, hasFocus() ? colours::accent : colours::line);
     }
     painter.fillRect(inside, plain ? palette().color(QPalette::Base) : Colour(backColorText_));
     painter.setPen(palette().color(QPalette::Text));

@@ -17,6 +17,10 @@ QString DataFilesFolder();
 /// name is spelled, also where file names are case-sensitive.
 QString LogsFolder();
 
+/// Makes `folder` where it doesn't exist; error 70 where this user may not, 76 and the like where
+/// it can't be made for another reason.
+void MakeFolder(const QString& folder);
+
 /// `<per-user config folder>/Kestrelmoor/<leaf>`; the platform's environment says where it is.
 QString ConfigPath(const QString& leaf);
 

@@ -17,7 +17,7 @@ void RegisterScreen(const char* name, ScreenMaker make);
 void PlaceScreensIn(MdiFrame* frame);
 
 /// Shows the one instance of `name` inside the frame; it is made and loaded first where there is
-/// none. A name that isn't registered shows nothing.
+/// none. Error 9 for a name that isn't registered.
 void ShowScreen(const char* name);
 
 /// As `ShowScreen`, as a dialog over the frame that must be left first.
@@ -26,7 +26,8 @@ void ShowModalScreen(const char* name);
 /// As `ShowScreen`, as a small window over the frame that doesn't become the active screen.
 void ShowModelessScreen(const char* name);
 
-/// The one instance of `name`, made and loaded where there is none; null where it isn't registered.
+/// The one instance of `name`, made and loaded where there is none; error 9 for a name that isn't
+/// registered.
 Screen* LoadScreen(const char* name);
 
 /// The instance of `name`, null where none is loaded.

@@ -29,7 +29,16 @@ constexpr bool mustPass[] = {true, false, false, true};
 
 }  // namespace
 
-CalcCycle::CalcCycle() : Screen("CalcCycle", "Set Timer Tick Interval") {
+CalcCycle::CalcCycle()
+    : Screen("CalcCycle", "Set Timer Tick Interval"),
+      // The word at 244 is read too, and dropped.
+      readRun_{.screen = *this,
+               .port = readPort_,
+               .timer = timer_,
+               .first = eeprom::timer2Prescaler,
+               .last = eeprom::timerTicksInterval,
+               .take = [this](auto address, double number) { TakeWord(address, number); },
+               .end = [this] { EnableEntries(true); }} {
     BuildLayout();
     ConnectMenu();
     ConnectControls();
@@ -69,17 +78,6 @@ void CalcCycle::Form_Activate() {
         ShowMessage(TickTableMessage(verdict));
         fraCalc1_->setEnabled(false);
     });
-}
-
-EepromReadRun CalcCycle::Reading() {
-    // The word at 244 is read too, and dropped.
-    return {.screen = *this,
-            .port = readPort_,
-            .timer = timer_,
-            .first = eeprom::timer2Prescaler,
-            .last = eeprom::timerTicksInterval,
-            .take = [this] { TakeWord(); },
-            .end = [this] { EnableEntries(true); }};
 }
 
 Exchange CalcCycle::Writing() {
@@ -131,13 +129,10 @@ void CalcCycle::EnableEntries(bool enabled) const {
         Menu(entry).Enabled(enabled);
 }
 
-void CalcCycle::TakeWord() const {
-    if (AppState.CurrentEEPROMAddress == eeprom::timer2Prescaler)
-        SelectPrescaler(AppState.EEPROMValue);
-    for (std::size_t i = 0; i < factors_.size(); ++i) {
-        if (AppState.CurrentEEPROMAddress == factorRows.at(i).address)
-            factors_.at(i)->Value(AppState.EEPROMValue);
-    }
+void CalcCycle::TakeWord(eeprom::Address address, double number) const {
+    if (address == eeprom::timer2Prescaler) SelectPrescaler(number);
+    for (std::size_t i = 0; i < factors_.size(); ++i)
+        if (address == factorRows.at(i).address) factors_.at(i)->Value(number);
 }
 
 void CalcCycle::WriteAll() {
@@ -151,7 +146,7 @@ void CalcCycle::mnuRead_Click() {
     Trap("mnuRead_Click", [this] {
         MousePointer(Pointer::Hourglass);
         EnableEntries(false);
-        StartEepromRead(Reading());
+        StartEepromRead(readRun_);
     });
 }
 
@@ -193,13 +188,13 @@ void CalcCycle::CWSlide1_ValueChanged(double value) {
 }
 
 void CalcCycle::TimerRead_Timer() {
-    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
 void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
-        TakeReply(writing);
+        CollectReply(writing);
         switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
             case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
             case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;

@@ -58,7 +58,7 @@ QGroupBox* CalcCycle::BuildAutoSet() {
     slide_->Value(intervals.minimum);
     lblSlider_ = MakeLabel(fraCalc1_, "lblSlider", "2.00");
     lblSlider_->setAlignment(Qt::AlignCenter);
-    KeepLarger(*lblSlider_, readoutGrowth);
+    KeepFontScaled(*lblSlider_, readoutGrowth);
     auto* row = new QHBoxLayout(fraCalc1_);
     row->setSpacing(12);
     row->addWidget(slide_, 8);
@@ -113,7 +113,7 @@ QLayout* CalcCycle::BuildInterval() {
     row->addWidget(MakeLabel(this, "lblCC", "Current Timer Tick Interval"));
     row->addWidget(txtCC_);
     row->addWidget(MakeLabel(this, "lblMsec", "msec"));
-    KeepLarger(*txtCC_, readoutGrowth);
+    KeepFontScaled(*txtCC_, readoutGrowth);
     row->addStretch(1);
     return row;
 }

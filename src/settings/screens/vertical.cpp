@@ -52,7 +52,19 @@ constexpr bool mustPass[] = {true, true};
 
 }  // namespace
 
-Vertical::Vertical() : Screen("Vertical", "Vertical Gyro Mode") {
+Vertical::Vertical()
+    : Screen("Vertical", "Vertical Gyro Mode"),
+      readRun_{.screen = *this,
+               .port = readPort_,
+               .timer = timer_,
+               .first = eeprom::biasCompensationType,
+               .last = eeprom::magneticErrorGain,
+               .step = eeprom::magneticErrorGain - eeprom::biasCompensationType,
+               .take =
+                   [this](auto address, double number) {
+                       (address == eeprom::biasCompensationType ? value120_ : value126_) = number;
+                   },
+               .end = [this] { EndReading(); }} {
     BuildMenu(menuTree);
     BuildLayout();
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Vertical::mnuRead_Click);
@@ -88,17 +100,6 @@ void Vertical::Form_Activate() {
     Trap("Form_Activate", [this] { mnuRead_Click(); });
 }
 
-EepromReadRun Vertical::Reading() {
-    return {.screen = *this,
-            .port = readPort_,
-            .timer = timer_,
-            .first = eeprom::biasCompensationType,
-            .last = eeprom::magneticErrorGain,
-            .step = eeprom::magneticErrorGain - eeprom::biasCompensationType,
-            .take = [this] { TakeWord(); },
-            .end = [this] { EndReading(); }};
-}
-
 Exchange Vertical::Writing(const ModeSetting& setting) {
     return {.screen = *this,
             .port = *findChild<MSComm*>(QLatin1String(setting.port)),
@@ -113,11 +114,6 @@ OptionButton& Vertical::Option(const ModeSetting& setting) const {
 
 void Vertical::EnableEntries(bool enabled) const {
     for (const char* entry : {"mnuRead", "mnuSet", "mnuRemove"}) Menu(entry).Enabled(enabled);
-}
-
-void Vertical::TakeWord() {
-    const bool first = AppState.CurrentEEPROMAddress == eeprom::biasCompensationType;
-    (first ? value120_ : value126_) = AppState.EEPROMValue;
 }
 
 void Vertical::EndReading() {
@@ -139,12 +135,12 @@ void Vertical::mnuRead_Click() {
     Trap("mnuRead_Click", [this] {
         MousePointer(Pointer::Hourglass);
         EnableEntries(false);
-        StartEepromRead(Reading());
+        StartEepromRead(readRun_);
     });
 }
 
 void Vertical::TimerRead_Timer() {
-    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
 void Vertical::SetEntry_Click(const ModeSetting& setting) {
@@ -163,7 +159,7 @@ void Vertical::SetEntry_Click(const ModeSetting& setting) {
 void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
-        TakeReply(writing);
+        CollectReply(writing);
         switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
             case WriteVerdict::Good:
                 Option(setting).Value(true);

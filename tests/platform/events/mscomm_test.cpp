@@ -78,7 +78,7 @@ TEST_F(SerialPort, IsHeldByOneControlUnderWhateverName) {
     const Raised raised = ErrorOf([&] { rival.PortOpen(true); });
     EXPECT_EQ(raised.number, 8005);
     EXPECT_TRUE(raised.text.starts_with("Port in use: port 2 (")) << raised.text;
-    EXPECT_TRUE(raised.text.ends_with(") is held by another program")) << raised.text;
+    EXPECT_TRUE(raised.text.ends_with(") is open in this program already")) << raised.text;
     EXPECT_FALSE(rival.PortOpen());
     EXPECT_EQ(ErrorOf([&] { port.PortOpen(true); }).number, 8005) << "open already";
 
