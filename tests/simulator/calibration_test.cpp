@@ -25,9 +25,11 @@ Vector3 VectorAt(const Bytes& reply, std::size_t offset, double unit) {
             ToSigned(WordAt(reply, offset + 4)) * unit};
 }
 
-Euler Angles(Device& device) {
-    const Vector3 angles = VectorAt(ReplyOf(device, {0x0E}), 1, 360 / 65536.0);
-    return {angles.x, angles.y, angles.z};
+void ExpectAngles(const Euler& expected, Device& device) {
+    const auto [roll, pitch, yaw] = VectorAt(ReplyOf(device, {0x0E}), 1, 360 / 65536.0);
+    EXPECT_NEAR(expected.roll, roll, 0.02);
+    EXPECT_NEAR(expected.pitch, pitch, 0.02);
+    EXPECT_NEAR(expected.yaw, yaw, 0.02);
 }
 
 TEST(Tare, RotatesTheAttitudeUntilRemoved) {
@@ -36,19 +38,13 @@ TEST(Tare, RotatesTheAttitudeUntilRemoved) {
     const int words[] = {0, -8192, 0, 8192, 0, 0, 0, 0, 8192};  // -90 degrees about Z
     for (int i = 0; i < 9; ++i) EXPECT_EQ(words[i], ToSigned(device.Memory().Word(136 + 2 * i)));
     device.SetMotion(Rest({0, 20, 90}));
-    EXPECT_NEAR(20, Angles(device).pitch, 0.01);
-    EXPECT_NEAR(0, Angles(device).yaw, 0.01);
-
+    ExpectAngles({0, 20, 0}, device);
     device.SetMotion(Rest({20, -30, 100}));
     ReplyOf(device, kTare);
     device.PowerUp(1s);
-    EXPECT_NEAR(0, Angles(device).roll, 0.02) << "the tare is stored in the memory";
-    EXPECT_NEAR(0, Angles(device).pitch, 0.02);
-    EXPECT_NEAR(0, Angles(device).yaw, 0.02);
+    ExpectAngles({0, 0, 0}, device);  // the tare is stored in the memory
     ReplyOf(device, {0x11, 0xC1, 0xC3, 0xC5});
-    EXPECT_NEAR(20, Angles(device).roll, 0.01);
-    EXPECT_NEAR(-30, Angles(device).pitch, 0.01);
-    EXPECT_NEAR(100, Angles(device).yaw, 0.01);
+    ExpectAngles({20, -30, 100}, device);
 }
 
 TEST(GyroBias, CaptureRemovesItUntilPowerOff) {
@@ -85,6 +81,10 @@ TEST(HardIron, CollectsTheRangeOfTheField) {
 
 TEST(HardIron, ComputesTheOffsetFromALevelTurnAndTheVerticalField) {
     Device device(Rest({0, 0, 0}), false, 1);
+    device.Memory().SetWord(174, 0x0102);
+    EXPECT_EQ((Bytes{0x42, 0, 0, 0x01, 0x02, 0, 0, 0, 0, 0x01, 0x44}),
+              ReplyOf(device, kComputeSphere))
+        << "without samples, the offset stays";
     for (const double yaw : {90.0, 180.0, 270.0, 0.0}) {
         device.SetMotion(Rest({0, 0, yaw}));
         ReplyOf(device, {0x41});
@@ -99,13 +99,6 @@ TEST(HardIron, ComputesTheOffsetFromALevelTurnAndTheVerticalField) {
     EXPECT_EQ(6815, WordAt(vectors, 5));
     ReplyOf(device, kInit);
     EXPECT_EQ(3146, WordAt(ReplyOf(device, {0x02}), 1)) << "erasing removes the correction";
-}
-
-TEST(HardIron, ComputingWithoutSamplesKeepsTheOffset) {
-    Device device(Rest({0, 0, 0}), false, 1);
-    device.Memory().SetWord(174, 0x0102);
-    EXPECT_EQ((Bytes{0x42, 0, 0, 0x01, 0x02, 0, 0, 0, 0, 0x01, 0x44}),
-              ReplyOf(device, kComputeSphere));
 }
 
 }  // namespace

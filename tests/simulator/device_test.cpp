@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <tuple>
 
 namespace orbkl4sim {
 namespace {
@@ -53,13 +55,8 @@ TEST(Device, RepliesWithFactoryDefaults) {
 }
 
 TEST(Device, DataRepliesAtRest) {
-    struct Row {
-        Euler attitude;
-        std::uint8_t command;
-        Bytes reply;
-    };
     // The ticks word is 1: the sample is taken at the end of the first cycle.
-    const Row rows[] = {
+    const std::tuple<Euler, std::uint8_t, Bytes> rows[] = {
         // 32768 plus 12000 per gauss, 6000 per g, 3000 per rad/s: field and iron are 0.24, -0.04,
         // 0.60, the rates are the gyro bias 0.02, -0.015, 0.01.
         {{}, 0x01, {0x01, 0x8B, 0x40, 0x7E, 0x20, 0x9C, 0x20, 0x80, 0x00, 0x80, 0x00, 0x97,
@@ -86,18 +83,16 @@ TEST(Device, DataRepliesAtRest) {
 }
 
 TEST(Device, IgnoresRequestsWithAWrongFixedByte) {
-    const Bytes requests[] = {
-        {0x29, 0x72, 0x00, 0x84, 0x00, 0x01, 0xAA},
-        {0x29, 0x71, 0x01, 0x84, 0x00, 0x01, 0xAA},
-        {0x29, 0x71, 0x00, 0x84, 0x00, 0x01, 0xAB},
-        {0x29, 0x71, 0x00, 0x85, 0x00, 0x01, 0xAA},
-        {0x28, 0x01, 0x84},
-        {0x28, 0x00, 0x85},
-        {0x0F, 0xC1, 0xC3, 0xC4},
-        {0x40, 0x71, 0x3F},
-        {0x42, 0x70, 0x3E, 0x00, 0x02, 0x08},
-        {0x30},
-    };
+    const Bytes requests[] = {{0x29, 0x72, 0x00, 0x84, 0x00, 0x01, 0xAA},
+                              {0x29, 0x71, 0x01, 0x84, 0x00, 0x01, 0xAA},
+                              {0x29, 0x71, 0x00, 0x84, 0x00, 0x01, 0xAB},
+                              {0x29, 0x71, 0x00, 0x85, 0x00, 0x01, 0xAA},
+                              {0x28, 0x01, 0x84},
+                              {0x28, 0x00, 0x85},
+                              {0x0F, 0xC1, 0xC3, 0xC4},
+                              {0x40, 0x71, 0x3F},
+                              {0x42, 0x70, 0x3E, 0x00, 0x02, 0x08},
+                              {0x30}};
     Device device(Rest({10, 20, 30}), false, 1);
     device.Memory().SetWord(address::kIronOffset, 7);
     const std::uint64_t changes = device.Memory().Changes();
@@ -122,11 +117,10 @@ TEST(Device, AStuckWordConfirmsWritesButStays) {
 TEST(Device, LoadsBaudRateAndCycleAtPowerUp) {
     Device device = Level();
     Eeprom& memory = device.Memory();
-    memory.SetWord(44, 21);
-    memory.SetWord(238, 1);
-    memory.SetWord(240, 2);
-    memory.SetWord(242, 50);
-    memory.SetWord(246, 3);
+    for (const auto& [address, word] :
+         {std::pair(44, 21), {238, 1}, {240, 2}, {242, 50}, {246, 3}}) {
+        memory.SetWord(address, static_cast<std::uint16_t>(word));
+    }
     EXPECT_EQ(38400, device.Baud());
     EXPECT_EQ(kCycle, device.Cycle());
     EXPECT_EQ(10, device.Ticks(10 * kCycle));
@@ -148,30 +142,26 @@ TEST(Device, LoadsBaudRateAndCycleAtPowerUp) {
 
 TEST(Device, ContinuousModeTakesDataCommandsOnly) {
     Device device = Level();
-    const std::pair<std::uint16_t, bool> words[] = {{0, false},    {0x31, true},  {0x01, true},
-                                                    {0x28, false}, {0x41, false}, {0x131, false}};
-    for (const auto& [word, repeats] : words) {
-        device.Memory().SetWord(address::kContinuousMode, word);
+    for (const auto& [word, repeats] :
+         {std::pair(0, false), {0x31, true}, {0x41, false}, {0x131, false}}) {
+        device.Memory().SetWord(address::kContinuousMode, static_cast<std::uint16_t>(word));
         EXPECT_EQ(repeats, device.ContinuousCommand().has_value()) << word;
     }
 }
 
 TEST(Device, SelfTestShiftsTheRawWords) {
-    struct Row {
-        std::uint8_t bits;
-        int mags;
-        int accs;
-        int gyros;
-    };
     Device device = Level();
-    for (const auto& [bits, mags, accs, gyros] :
-         {Row{1, 0, 0, -6000}, Row{2, 0, 4000, 6000}, Row{3, 0, 4000, 0}, Row{8, 0, 0, 0},
-          Row{12, -5000, 0, 0}, Row{6, 5000, 4000, 6000}}) {
-        ReplyOf(device, {0x27, bits});
+    for (const auto& [bits, mags, accs, gyros] : {std::array{1, 0, 0, -6000},
+                                                  {2, 0, 4000, 6000},
+                                                  {3, 0, 4000, 0},
+                                                  {8, 0, 0, 0},
+                                                  {12, -5000, 0, 0},
+                                                  {6, 5000, 4000, 6000}}) {
+        ReplyOf(device, {0x27, static_cast<std::uint8_t>(bits)});
         const Bytes reply = ReplyOf(device, {0x01});
-        EXPECT_EQ(0x8B40 + mags, WordAt(reply, 1)) << int(bits);
-        EXPECT_EQ(0x8000 + accs, WordAt(reply, 7)) << int(bits);
-        EXPECT_EQ(0x803C + gyros, WordAt(reply, 13)) << int(bits);
+        EXPECT_EQ(0x8B40 + mags, WordAt(reply, 1)) << bits;
+        EXPECT_EQ(0x8000 + accs, WordAt(reply, 7)) << bits;
+        EXPECT_EQ(0x803C + gyros, WordAt(reply, 13)) << bits;
     }
     device.PowerUp(0s);
     EXPECT_EQ(0x8B40, WordAt(ReplyOf(device, {0x01}), 1)) << "power-up ends the self test";

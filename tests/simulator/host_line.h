@@ -1,14 +1,13 @@
 #pragma once
 
 #include "simulator/bytes.h"
+#include "simulator/throw_errno.h"
 
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
@@ -20,9 +19,7 @@ class HostLine {
     /// Opens `device` at `baud`; 0 doesn't set the baud rate.
     explicit HostLine(const std::filesystem::path& device, int baud = 0)
         : descriptor_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {
-        if (descriptor_ < 0) {
-            throw std::system_error(errno, std::generic_category(), device.string());
-        }
+        if (descriptor_ < 0) ThrowErrno(device.string());
         if (baud != 0) SetBaud(baud);
     }
     ~HostLine() { close(descriptor_); }
@@ -40,7 +37,7 @@ class HostLine {
 
     void Send(const Bytes& bytes) const {
         if (write(descriptor_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) {
-            throw std::system_error(errno, std::generic_category(), "send");
+            ThrowErrno("send");
         }
     }
 

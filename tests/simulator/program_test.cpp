@@ -16,85 +16,77 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(Console, AnswersEachCommand) {
-    const std::string rate = "must be a number from 0 to 1";
-    const std::string celsius = "must be a number from -50 to 449";
-    const std::string address = "must be an even number from 0 to 254";
+class ConsoleTest : public testing::Test {
+  protected:
+    void ExpectAllDone(const std::vector<std::string>& lines) {
+        for (const std::string& line : lines) EXPECT_EQ("ok", console.Execute(line)) << line;
+    }
+
+    Simulator simulator{{.motion = Rest(), .noise = false}};
+    std::atomic<bool> logging = false;
+    Console console{simulator, logging};
+};
+
+TEST_F(ConsoleTest, ReportsWrongCommandsAndChangesNothing) {
+    const std::string address = "ADDRESS must be an even number from 0 to 254";
+    const std::string word = "WORD must be a whole number from 0 to 65535";
+    const std::string celsius = "CELSIUS must be a number from -50 to 449";
+    const std::string rate = "RATE must be a number from 0 to 1";
     struct Row {
-        std::string line;
-        std::string answer;
+        const char* line;
+        std::string error;
     };
     const Row rows[] = {
-        {"", ""},
-        {"faults", "no faults are on"},
-        {"fly", "error: no command 'fly'; try help"},
-        {"  eeprom 26 513  ", "ok"},
-        {"eeprom 26", "513"},
-        {"eeprom", "error: ADDRESS is missing; it " + address},
-        {"eeprom 45", "error: \"45\" is not an even number; ADDRESS " + address},
-        {"eeprom 256", "error: \"256\" is out of range; ADDRESS " + address},
-        {"eeprom 26 65536",
-         "error: \"65536\" is out of range; WORD must be a whole number from 0 to 65535"},
-        {"eeprom 26 1.5",
-         "error: \"1.5\" is not a whole number; WORD must be a whole number from 0 to 65535"},
-        {"eeprom 26 1 2", "error: unexpected \"2\""},
-        {"temperature +50", "ok"},
-        {"temperature", "error: CELSIUS is missing; it " + celsius},
-        {"temperature hot", "error: \"hot\" is not a number; CELSIUS " + celsius},
-        {"temperature 5x", "error: \"5x\" is not a number; CELSIUS " + celsius},
-        {"temperature nan", "error: \"nan\" is not a number; CELSIUS " + celsius},
-        {"temperature -50.1", "error: \"-50.1\" is out of range; CELSIUS " + celsius},
-        {"motion rest 0 0 45", "ok"},
-        {"motion rest 0 x 45",
-         "error: \"x\" is not a number; PITCH must be a number from -360 to 360"},
-        {"motion rest 0 0", "error: YAW is missing; it must be a number from -360 to 360"},
-        {"drop", "error: RATE is missing; it " + rate},
-        {"drop x", "error: \"x\" is not a number; RATE " + rate},
-        {"corrupt 1.1", "error: \"1.1\" is out of range; RATE " + rate},
-        {"delay -1 20", "error: \"-1\" is out of range; RATE " + rate},
+        {"fly", "no command 'fly'; try help"},
+        {"eeprom", "ADDRESS is missing; it must be an even number from 0 to 254"},
+        {"eeprom 45", "\"45\" is not an even number; " + address},
+        {"eeprom 26 65536", "\"65536\" is out of range; " + word},
+        {"eeprom 26 1.5", "\"1.5\" is not a whole number; " + word},
+        {"temperature hot", "\"hot\" is not a number; " + celsius},
+        {"temperature nan", "\"nan\" is not a number; " + celsius},
+        {"temperature -50.1", "\"-50.1\" is out of range; " + celsius},
+        {"motion", "the motion is missing"},
+        {"motion fly", "no motion: 'fly' (rest, rest ROLL PITCH YAW, tumble or file PATH)"},
+        {"motion tumble 3", "unexpected \"3\""},
+        {"motion rest 0 x 45", "\"x\" is not a number; PITCH must be a number from -360 to 360"},
+        {"motion rest 0 0", "YAW is missing; it must be a number from -360 to 360"},
+        {"drop", "RATE is missing; it must be a number from 0 to 1"},
+        {"drop x", "\"x\" is not a number; " + rate},
+        {"corrupt 1.1", "\"1.1\" is out of range; " + rate},
+        {"delay -1 20", "\"-1\" is out of range; " + rate},
         {"delay 0.5 soon",
-         "error: \"soon\" is not a number; MILLISECONDS must be a number from 0 to 3600000"},
-        {"silent", "error: on or off is missing"},
-        {"silent maybe", "error: \"maybe\" is neither on nor off"},
-        {"stuck 27 on", "error: \"27\" is not an even number; ADDRESS " + address},
-        {"stuck 26", "error: on or off is missing"},
-        {"replug 17", "error: \"17\" is out of range; PORT must be a whole number from 1 to 16"},
-        {"unplug now", "error: unexpected \"now\""},
-        {"faults", "no faults are on"},
-        {"delay 0.5 20", "ok"},
-        {"stray 0.25", "ok"},
-        {"flood on", "ok"},
-        {"silent on", "ok"},
-        {"stuck 26 on", "ok"},
-        {"stuck 254 on", "ok"},
-        {"power off", "ok"},
-        {"unplug", "ok"},
-        {"faults",
-         "stray 0.25, delay 0.5 20, silent on, flood on, stuck 26 on, stuck 254 on, power off, "
-         "unplug"},
-        {"replug", "ok"},
-        {"power-cycle", "ok"},
-        {"stuck 26 off", "ok"},
-        {"stuck 254 off", "ok"},
-        {"flood off", "ok"},
-        {"silent off", "ok"},
-        {"stray 0", "ok"},
-        {"delay 0", "ok"},
-        {"faults", "no faults are on"},
-        {"log on", "ok"},
+         "\"soon\" is not a number; MILLISECONDS must be a number from 0 to 3600000"},
+        {"stuck 27 on", "\"27\" is not an even number; " + address},
+        {"silent maybe", "\"maybe\" is neither on nor off"},
+        {"replug 17", "\"17\" is out of range; PORT must be a whole number from 1 to 16"},
+        {"power-cycle now", "unexpected \"now\""},
     };
-    Simulator simulator({.motion = Rest(), .noise = false});
     simulator.Start();
-    std::atomic<bool> logging = false;
-    Console console(simulator, logging);
-    for (const auto& [line, answer] : rows) EXPECT_EQ(answer, console.Execute(line)) << line;
+    for (const auto& [line, error] : rows) EXPECT_EQ("error: " + error, console.Execute(line));
+    EXPECT_EQ("no faults are on", console.Execute("faults"));
+    EXPECT_EQ("10", console.Execute("eeprom 26"));
+}
+
+TEST_F(ConsoleTest, SetsTheSensorAndListsItsFaults) {
+    simulator.Start();
+    ExpectAllDone({"delay 0.5 20", "stray 0.25", "flood on", "silent on", "stuck 26 on",
+                   "stuck 254 on", "power off", "unplug"});
+    EXPECT_EQ(
+        "stray 0.25, delay 0.5 20, silent on, flood on, stuck 26 on, stuck 254 on, power off, "
+        "unplug",
+        console.Execute("faults"));
+    ExpectAllDone({"replug", "power-cycle", "stuck 26 off", "stuck 254 off", "flood off",
+                   "silent off", "stray 0", "delay 0"});
+    EXPECT_EQ("no faults are on", console.Execute("faults"));
     EXPECT_NE(std::string::npos, console.Execute("help").find("\nfaults"));
-    EXPECT_TRUE(logging);
+
+    ExpectAllDone({"  temperature +50  ", "motion tumble", "motion rest", "motion rest 0 0 45",
+                   "eeprom 26 513", "log on", "quit"});
     const HostLine host(simulator.DevicePath());
     EXPECT_EQ(13107, WordAt(host.Ask({0x07}, 7), 1)) << "(50 / 100 + 0.5) / 5 * 65536";
     EXPECT_EQ(0x2000, WordAt(host.Ask({0x0E}, 11), 5)) << "45 degrees";
-    EXPECT_FALSE(console.Ended());
-    EXPECT_EQ("ok", console.Execute("quit"));
+    EXPECT_EQ(513, WordAt(host.Ask({0x28, 0x00, 26}, 7), 1));
+    EXPECT_TRUE(logging);
     EXPECT_TRUE(console.Ended());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -36,6 +37,17 @@ inline std::string ContentOf(const std::filesystem::path& file) {
     std::ostringstream text;
     text << std::ifstream(file).rdbuf();
     return text.str();
+}
+
+/// The text of the exception that `action` throws; empty if it throws none.
+template <typename Action>
+std::string ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "";
 }
 
 }  // namespace orbkl4sim

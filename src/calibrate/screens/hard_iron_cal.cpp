@@ -4,6 +4,7 @@
 #include "base/number_text.h"
 #include "errors/trap.h"
 #include "link/communication.h"
+#include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "platform/controls/combo_box.h"
@@ -23,9 +24,6 @@ namespace orbkl4 {
 namespace {
 
 using enum DeviceCommand;
-
-constexpr const char* badReply = "Return bytes and/or header failed!";
-constexpr std::uint32_t unusedColor = 0xE0E0E0;
 
 template <std::size_t count>
 void Show(const HardIronReply<count>& reply, std::span<TextField* const, count + 3> fields) {
@@ -118,7 +116,7 @@ void HardIronCal::cmbType_Click() {
     Trap("cmbType_Click", [this] {
         const bool flat = cmbType_->Text() == ToQString(twoDimensional);
         numEditMagZ_->setEnabled(flat);
-        numEditMagZ_->BackColorText(flat ? windowBackground : unusedColor);
+        numEditMagZ_->BackColorText(flat ? windowBackground : unusedBackground);
     });
 }
 
@@ -155,7 +153,7 @@ void HardIronCal::MSComm1_OnComm() {
 /// Erasing and initializing are the same command; only the messages differ.
 void HardIronCal::ReportInit() {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronInit)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const std::string what = eraseRequested_ ? "Erase" : "Initialization";
@@ -234,7 +232,7 @@ void HardIronCal::MSComm3_OnComm() {
 
 void HardIronCal::ReportCompute() const {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronCompute)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const auto computed = DecodeHardIronComputeReply(AppState.CommandBytes, AppState.MagGainScale);

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,17 +20,16 @@ namespace orbkl4 {
 namespace {
 
 constexpr int tickMilliseconds = 100;
-constexpr std::uint32_t unusedColor = 0xE0E0E0;  // a field that the function doesn't use
 constexpr eeprom::Address first = analogWords.front().address;
 constexpr eeprom::Address last = analogWords.back().address;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "&Read", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 }  // namespace
 
@@ -129,7 +129,7 @@ void Analog::cmbFunction_Click() {
         const AnalogFunction& function = analogFunctions.at(static_cast<std::size_t>(row));
         for (CWNumEdit* field : fields_) {
             field->setEnabled(false);
-            field->BackColorText(unusedColor);
+            field->BackColorText(unusedBackground);
         }
         CWNumEdit& command = FieldOf(eeprom::analogCommand);
         lblCommandByte_->setText(ToQString(analogWords.front().range));

@@ -16,6 +16,7 @@
 #include <QHoverEvent>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -31,8 +32,8 @@ constexpr std::string_view standardLevel = "Standard";
 constexpr std::string_view advancedLevel = "Advanced";
 
 /// The entries that can't be chosen during a run.
-constexpr const char* runEntries[] = {"mnuRead", "mnuWrite",   "mnuViewMatrix",
-                                      "mnuLog",  "mnuShowMin", "mnuShowMax"};
+constexpr auto runEntries = std::to_array<const char*>(
+    {"mnuRead", "mnuWrite", "mnuViewMatrix", "mnuLog", "mnuShowMin", "mnuShowMax"});
 
 /// A field that takes the nearest legal code when it is left.
 struct CodeField {
@@ -40,10 +41,10 @@ struct CodeField {
     double (*snapped)(double value);
 };
 
-constexpr CodeField codeFields[] = {
+constexpr auto codeFields = std::to_array<CodeField>({
     {eeprom::baudRate, SnappedBaudCode},
     {eeprom::timer2Prescaler, SnappedPrescaler},
-};
+});
 
 }  // namespace
 
@@ -265,7 +266,7 @@ void EEPROMmap::EndWrite() {
 }
 
 void EEPROMmap::SaveCommSettingsFromMap() {
-    StoreCommSettings(std::string(CommSettingsOfBaudCode(FieldOf(eeprom::baudRate).Value())));
+    StoreCommSettings(CommSettingsOfBaudCode(FieldOf(eeprom::baudRate).Value()));
 }
 
 void EEPROMmap::mnuShowMin_Click() {

@@ -1,8 +1,8 @@
 #include "memory/screens/gains.h"
 
 #include "errors/trap.h"
-#include "link/communication.h"
 #include "link/checked_reply.h"
+#include "link/communication.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
@@ -21,13 +22,13 @@ namespace {
 constexpr int tickMilliseconds = 1000;
 constexpr double greatestGain = 65535;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 struct GainRow {
     const char* label;
@@ -35,11 +36,11 @@ struct GainRow {
 };
 
 /// In the order of the gains in the packets.
-constexpr std::array<GainRow, 3> gainRows{{
+constexpr auto gainRows = std::to_array<GainRow>({
     {"Accelerometer Proportional Gain", "124"},
     {"Magnetometer Proportional Gain", "126"},
     {"Bias Tracking Gain", "128"},
-}};
+});
 
 }  // namespace
 

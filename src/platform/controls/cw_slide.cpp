@@ -93,7 +93,7 @@ const QLineF& CWSlide::Track() const {
     return track_;
 }
 
-QRect CWSlide::ChangingPart() const {
+QRect CWSlide::PointerBox() const {
     if (look_ == Look::Thermometer || Interactive()) return rect();
     constexpr double reach = slide::pointer + 2;
     const QPointF place = PlaceOf(value_);
@@ -144,10 +144,10 @@ void CWSlide::changeEvent(QEvent* event) {
 
 void CWSlide::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    face_.Draw(painter, event->rect(), [this](QPainter& onFace) { PaintFace(onFace); });
+    face_.Draw(painter, event->rect(), PointerBox(),
+               [this](QPainter& onFace) { PaintFace(onFace); });
     painter.setRenderHint(QPainter::Antialiasing);
     PaintPointer(painter);
-    repaint_.Painted();
 }
 
 void CWSlide::PaintFace(QPainter& painter) const {

@@ -18,6 +18,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <array>
 #include <exception>
 
 namespace orbkl4 {
@@ -25,7 +26,7 @@ namespace orbkl4 {
 namespace {
 
 /// The replies to the second and third write pass whatever their checksums.
-constexpr bool mustPass[] = {true, false, false, true};
+constexpr auto mustPass = std::to_array<bool>({true, false, false, true});
 
 }  // namespace
 
@@ -85,7 +86,7 @@ Exchange CalcCycle::Writing() {
             .port = writePort_,
             .entry = Menu("mnuCalcCycle"),
             .others = {&Menu("mnuCalcCycleDefault")},
-            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 double CalcCycle::Prescaler() const {
@@ -136,7 +137,7 @@ void CalcCycle::TakeWord(eeprom::Address address, double number) const {
 }
 
 void CalcCycle::WriteAll() {
-    std::array<EepromWrite, std::size(mustPass)> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
+    std::array<EepromWrite, mustPass.size()> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
     for (std::size_t i = 0; i < factors_.size(); ++i)
         writes.at(i + 1) = {factorRows.at(i).address, factors_.at(i)->Value()};
     WriteWords(writePort_, writes);
@@ -195,11 +196,9 @@ void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
         CollectReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage("Set Calc Cycle failed checksum!"); break;
-        }
+        ShowMessage(WriteVerdictText(CheckWriteReplies(AppState.CommandBytes, mustPass),
+                                     "Set Calc Cycle succeeded!",
+                                     "Set Calc Cycle failed checksum!"));
         EndExchange(writing);
     });
 }

@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
@@ -30,25 +31,25 @@ struct ModeSetting {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuSet", "&Set Vertical Gyro Mode", "mnuFile"},
     {"mnuRemove", "Set &Normal Mode", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
-constexpr ModeSetting settings[] = {
+constexpr auto settings = std::to_array<ModeSetting>({
     {"mnuSet", "mnuRemove", "MSComm1", "optVertical", GyroMode::Vertical, verticalModeWrites,
      "Set Vertical Gyro Mode succeeded!", "Set Vertical Gyro failed checksum!"},
     {"mnuRemove", "mnuSet", "MSComm2", "optNormal", GyroMode::Normal, normalModeWrites,
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
-};
+});
 
 constexpr QSize designSize(900, 480);
 
-constexpr bool mustPass[] = {true, true};
+constexpr auto mustPass = std::to_array<bool>({true, true});
 
 }  // namespace
 
@@ -105,7 +106,7 @@ Exchange Vertical::Writing(const ModeSetting& setting) {
             .port = *findChild<MSComm*>(QLatin1String(setting.port)),
             .entry = Menu(setting.entry),
             .others = {&Menu(setting.otherEntry)},
-            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 OptionButton& Vertical::Option(const ModeSetting& setting) const {
@@ -160,14 +161,9 @@ void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
         CollectReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good:
-                Option(setting).Value(true);
-                ShowMessage(setting.succeeded);
-                break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage(setting.failed); break;
-        }
+        const WriteVerdict verdict = CheckWriteReplies(AppState.CommandBytes, mustPass);
+        if (verdict == WriteVerdict::Good) Option(setting).Value(true);
+        ShowMessage(WriteVerdictText(verdict, setting.succeeded, setting.failed));
         EndExchange(writing);
     });
 }
