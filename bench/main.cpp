@@ -4,7 +4,7 @@
 #include "bench/process_cost.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
-#include "platform/windows/look.h"
+#include "platform/controls/house_style.h"
 #include "state/app_state.h"
 #include "state/sample_state.h"
 
@@ -52,7 +52,7 @@ void MeasureHandlers(Table& table) {
     constexpr int replies = 3000;
     for (const SamplingChannel* channel : AllChannels()) {
         const auto times = workbench.HandlerTimes(*channel, replies);
-        const auto bare = BareHandlerTimes(workbench.Device(), channel->command, baud,
+        const auto bare = BareHandlerTimes(workbench.Device(), channel->Command(), baud,
                                            workbench.DataFile(), replies);
         const auto add = [&](const char* what, double share, Aim aim) {
             constexpr double microseconds = 1e6;
@@ -93,7 +93,8 @@ void MeasureUnpaced(Table& table) {
             const Compared rate = InTurn(
                 rounds, [&] { return workbench.SampleLoop(*channel, sliceSeconds, saving).Rate(); },
                 [&] {
-                    return RawLoop(workbench.Device(), channel->command, baud, sliceSeconds).Rate();
+                    return RawLoop(workbench.Device(), channel->Command(), baud, sliceSeconds)
+                        .Rate();
                 });
             const std::string what = saving ? "unpaced, saving" : "unpaced";
             table.Add(what + " / raw loop, " + NameOf(*channel), Figure(rate.ours, "/s"),
@@ -110,12 +111,12 @@ void MeasurePaced(Table& table) {
     for (const int baud : {19200, 38400, 115200}) {
         Workbench workbench(Sensor(true, baud), true);
         for (const SamplingChannel* channel : AllChannels()) {
-            const double bytes = 1 + static_cast<double>(ReplyLength(channel->command));
+            const double bytes = 1 + static_cast<double>(ReplyLength(channel->Command()));
             const double limit = baud / bitsPerByte / bytes;
             const Compared rate = InTurn(
                 turns, [&] { return workbench.SampleLoop(*channel, seconds, true).Rate(); },
                 [&] {
-                    return RawLoop(workbench.Device(), channel->command, baud, seconds).Rate();
+                    return RawLoop(workbench.Device(), channel->Command(), baud, seconds).Rate();
                 });
             const std::string where = " at " + std::to_string(baud) + ", " + NameOf(*channel);
             table.Add("rate / wire" + where, Figure(rate.ours, "/s"), Figure(limit, "/s"),
@@ -135,7 +136,7 @@ void MeasureProcessor(Table& table) {
             rounds,
             [&] { return workbench.SampleLoop(channel, sliceSeconds, false).CpuPerSample(); },
             [&] {
-                return RawLoop(workbench.Device(), channel.command, baud, sliceSeconds)
+                return RawLoop(workbench.Device(), channel.Command(), baud, sliceSeconds)
                     .CpuPerSample();
             });
         table.Add(what + NameOf(channel), Figure(cost.ours * microseconds, "us"),
@@ -173,7 +174,7 @@ Bytes GoodPacket(DeviceCommand command, std::size_t length) {
 void MeasureDecoders(Table& table) {
     constexpr int decodes = 100000;
     for (const SamplingChannel* channel : AllChannels()) {
-        const Bytes packet = GoodPacket(channel->command, ReplyLength(channel->command));
+        const Bytes packet = GoodPacket(channel->Command(), ReplyLength(channel->Command()));
         AppState.CommandBytes = packet;
         if (!channel->decode()) std::printf("%s doesn't decode\n", NameOf(*channel).c_str());
         std::vector<double> times;
@@ -268,7 +269,7 @@ int main(int argc, char** argv) {
     using namespace orbkl4::bench;
     const QApplication application(argc, argv);
     const QStringList chosen = QApplication::arguments().mid(1);
-    orbkl4::ApplyHouseLook();
+    orbkl4::ApplyHouseStyle();
     Table table;
     for (const auto& [name, measure] : sections) {
         if (chosen.isEmpty() || chosen.contains(QLatin1String(name))) measure(table);

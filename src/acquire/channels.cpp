@@ -1,7 +1,6 @@
 #include "acquire/channels.h"
 
 #include "acquire/closed_port.h"
-#include "acquire/data_files.h"
 #include "link/communication.h"
 #include "platform/events/mscomm.h"
 #include "platform/windows/mdi_frame.h"
@@ -15,7 +14,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// Flicks the frame's width and holds the thread meanwhile.
+/// Widens the frame for a moment and holds the thread meanwhile.
 void Nudge(const Screen& screen) {
     constexpr int twips = 50;
     constexpr std::int32_t milliseconds = 100;
@@ -30,55 +29,55 @@ void NudgeIfOverlong(const Screen& screen) {
     if (AppState.CommandBytes.size() > onePacket) Nudge(screen);
 }
 
-void DrainPort(MSComm& port) {
+void DiscardInput(MSComm& port) {
     while (port.InBufferCount() != 0) port.Input(AppState.CommandBytes);
 }
 
-void WriteSensorBits(Side /*side*/, std::string_view timeText) { WriteSensorBitsToFile(timeText); }
-
-void WriteAnglesAccRate(Side /*side*/, std::string_view timeText) {
-    WriteAnglesAccRateVectorsToFile(timeText);
-}
-
-constexpr ChannelExtras passOverClosedPort{.input = InputUnlessClosed,
-                                           .output = OutputUnlessClosed};
+constexpr ChannelExtras passOverClosedPort{.input = InputUnlessClosed, .send = SendUnlessClosed};
 constexpr ChannelExtras nudgeAndDrain{
-    .afterInput = NudgeIfOverlong, .beforeResend = DrainPort, .onError = Nudge};
-
-using enum DeviceCommand;
+    .afterInput = NudgeIfOverlong, .beforeResend = DiscardInput, .onError = Nudge};
 
 // clang-format off
 constexpr auto channels = std::to_array<SamplingChannel>({
-    {"SensorBits", "mnuSample", "MSComm1", "TimerSampling", "LED", CmdRawSensorBits,
-     DecodeRawBits, WriteSensorBits, "", "", passOverClosedPort},
-    {"Vectors", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED", CmdGyroStabVectors,
-     DecodeGyroVectors, WriteVectorsToFile, "mnuSampleInstant", "fraInstant"},
-    {"Vectors", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI", CmdInstantVectors,
-     DecodeInstantVectors, WriteVectorsToFile, "mnuSampleGyro", "fraGyro"},
-    {"Quaternions", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED", CmdGyroStabQuaternion,
-     DecodeGyroQuaternion, WriteQuaternionsToFile, "mnuSampleInstant", "fraInstant"},
+    {"SensorBits", "mnuSample", "MSComm1", "TimerSampling", "LED",
+     DecodeRawBits, &WriteSensorBitsToFile, "", "", "", passOverClosedPort},
+    {"Vectors", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
+     DecodeGyroVectors, &WriteVectorsToFile, "mnuSampleInstant", "fraInstant"},
+    {"Vectors", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI",
+     DecodeInstantVectors, &WriteVectorsToFile, "mnuSampleGyro", "fraGyro"},
+    {"Quaternions", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
+     DecodeGyroQuaternion, &WriteQuaternionsToFile, "mnuSampleInstant", "fraInstant"},
     {"Quaternions", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI",
-     CmdInstantQuaternion,
-     DecodeInstantQuaternion, WriteQuaternionsToFile, "mnuSampleGyro", "fraGyro"},
-    {"Angles", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED", CmdGyroStabEuler,
-     DecodeGyroEuler, WriteAnglesToFile, "mnuSampleInstant", ""},
-    {"Angles", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI", CmdInstantEuler,
-     DecodeInstantEuler, WriteAnglesToFile, "mnuSampleGyro", ""},
-    {"Matrices", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED", CmdGyroStabMatrix,
-     DecodeGyroMatrix, WriteMatrixToFile, "mnuSampleInstant", "fraInstant"},
-    {"Matrices", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI", CmdInstantMatrix,
-     DecodeInstantMatrix, WriteMatrixToFile, "mnuSampleGyro", "fraGyro"},
-    {"AnglesAccRate", "mnuSample", "MSComm1", "TimerSampling", "LED", CmdEulerAccelRate,
-     DecodeEulerAccelRate, WriteAnglesAccRate, "", ""},
-    {"QuatVec", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED", CmdGyroStabQuatCompVectors,
-     DecodeGyroQuatVectors, WriteQuatVecsToFile, "mnuSampleInstant", "fraInstant", nudgeAndDrain},
+     DecodeInstantQuaternion, &WriteQuaternionsToFile, "mnuSampleGyro", "fraGyro"},
+    {"Angles", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
+     DecodeGyroEuler, &WriteAnglesToFile, "mnuSampleInstant"},
+    {"Angles", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI",
+     DecodeInstantEuler, &WriteAnglesToFile, "mnuSampleGyro"},
+    {"Matrices", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
+     DecodeGyroMatrix, &WriteMatrixToFile, "mnuSampleInstant", "fraInstant"},
+    {"Matrices", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI",
+     DecodeInstantMatrix, &WriteMatrixToFile, "mnuSampleGyro", "fraGyro"},
+    {"AnglesAccRate", "mnuSample", "MSComm1", "TimerSampling", "LED",
+     DecodeEulerAccelRate, &WriteAnglesAccRateVectorsToFile},
+    {"QuatVec", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
+     DecodeGyroQuatVectors, &WriteQuatVecsToFile, "mnuSampleInstant", "fraInstant", "",
+     nudgeAndDrain},
     {"QuatVec", "mnuSampleInstant", "MSComm2", "TimerSamplingInstant", "LEDI",
-     CmdGyroStabQuatInstantVectors,
-     DecodeInstantQuatVectors, WriteQuatVecsToFile, "mnuSampleGyro", "fraGyro", nudgeAndDrain},
+     DecodeInstantQuatVectors, &WriteQuatVecsToFile, "mnuSampleGyro", "fraGyro", "",
+     nudgeAndDrain},
+    {"SelfTest", "mnuSample", "MSComm1", "TimerSampling", "LED",
+     DecodeRawBits, nullptr, "", "", "fraShift", passOverClosedPort},
 });
 // clang-format on
 
-static_assert(channels.size() == samplePackets.size(), "one channel for each packet");
+static_assert(std::ranges::all_of(samplePackets,
+                                  [](const SamplePacket& packet) {
+                                      return std::ranges::any_of(
+                                          channels, [&](const SamplingChannel& row) {
+                                              return row.Command() == packet.command;
+                                          });
+                                  }),
+              "every packet has a channel that asks for it");
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "acquire/logic/packets.h"
+#include "acquire/data_files.h"
+#include "acquire/logic/decoders.h"
 #include "base/bytes.h"
 
 #include <span>
@@ -13,9 +14,9 @@ class Screen;
 
 /// What one channel does besides; null where it does nothing.
 struct ChannelExtras {
-    /// In the place of the port's `Input` and `Output` while a reply is handled.
+    /// Instead of the port's `Input` and of `Send` while a reply is handled.
     void (*input)(MSComm& port, Bytes& bytes) = nullptr;
-    void (*output)(MSComm& port, const Bytes& bytes) = nullptr;
+    void (*send)(MSComm& port, DeviceCommand command) = nullptr;
     /// Right after the reply has been taken into `CommandBytes`.
     void (*afterInput)(const Screen& screen) = nullptr;
     /// Before the request that follows a reply of wrong length or header.
@@ -31,15 +32,18 @@ struct SamplingChannel {
     const char* port;
     const char* timer;  ///< the watchdog
     const char* led;    ///< the lamp that is lit by a good packet
-    DeviceCommand command;
-    bool (*decode)();
-    void (*write)(Side side, std::string_view timeText);
-    const char* otherEntry;  ///< disabled while the channel runs, as is `otherFrame`
-    const char* otherFrame;
+    Decoder decode;
+    const RowWriter* write = nullptr;  ///< null where nothing is saved
+    const char* otherEntry = "";       ///< disabled while the channel runs, as is `otherFrame`
+    const char* otherFrame = "";
+    const char* ownFrame = "";  ///< enabled while the channel runs only
     ChannelExtras extras = {};
+
+    /// The one-byte request.
+    constexpr DeviceCommand Command() const { return decode.command; }
 };
 
-/// The channels of the data view `screen`, the gyro-stabilized one first.
+/// The channels of `screen`, the gyro-stabilized one first.
 std::span<const SamplingChannel> ChannelsOf(std::string_view screen);
 
 }  // namespace orbkl4

@@ -1,6 +1,5 @@
 #include "acquire/data_files.h"
 
-#include "acquire/logic/file_kinds.h"
 #include "base/run_time_error.h"
 #include "errors/trap.h"
 #include "platform/system/file_channel.h"
@@ -8,6 +7,7 @@
 #include "platform/windows/common_dialog.h"
 #include "platform/windows/screen.h"
 #include "state/app_state.h"
+#include "state/sample_state.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -22,7 +22,7 @@ namespace {
 constexpr int overwritePrompt = 2;
 constexpr int csvFilter = 3;
 
-/// Closes the channel when what used it has ended, however: a failed print leaves it open.
+/// Closes the channel at the end of a scope, also after a failed print, which leaves it open.
 class ChannelScope {
   public:
     ChannelScope() = default;
@@ -32,10 +32,10 @@ class ChannelScope {
     ChannelScope(const ChannelScope&) = delete;
     ChannelScope& operator=(const ChannelScope&) = delete;
 
-    /// From now on the channel is this user's.
+    /// The channel has been opened, and is to be closed.
     void Opened() { opened_ = true; }
 
-    /// The channel stays open.
+    /// The channel is to stay open.
     void Keep() { opened_ = false; }
 
   private:
@@ -52,23 +52,13 @@ void AskForFile(CommonDialog& dialog) {
     dialog.ShowSave();
 }
 
-/// The five lines of the head; a kind that there is none of has but four.
-std::vector<std::string> HeadOfNow(std::string_view kind) {
+/// The header of a file of `kind` created now.
+std::vector<std::string> HeaderOfNow(std::string_view kind) {
     const QLocale locale = QLocale::system();
     const QDateTime now = QDateTime::currentDateTime();
-    return FileHeader(kind, locale.toString(now.date(), QLocale::ShortFormat).toStdString(),
+    return FileHeader(kind, AppState.VersionText,
+                      locale.toString(now.date(), QLocale::ShortFormat).toStdString(),
                       locale.toString(now.time(), QLocale::ShortFormat).toStdString());
-}
-
-void AppendRow(FileKind kind, Side side, std::string_view timeText) {
-    ChannelScope channel;  // outlives the trap, so that the error handler finds it open
-    TrapAs(generalModule, RowOf(kind).writer, [&] {
-        const std::string& row = FileRow(kind, side, timeText);
-        Channel1().OpenForAppend(AppState.DataFileName);
-        channel.Opened();
-        Channel1().Print(row);
-        Channel1().Close();
-    });
 }
 
 }  // namespace
@@ -80,10 +70,10 @@ void CreateDataFile(const Screen& screen, std::string_view kind) {
         if (dialog == nullptr) return;
         AskForFile(*dialog);
         AppState.DataFileName = dialog->FileName().toStdString();
-        const std::vector<std::string> head = HeadOfNow(kind);
+        const std::vector<std::string> header = HeaderOfNow(kind);
         Channel1().OpenForOutput(AppState.DataFileName);
         channel.Opened();
-        for (const std::string& line : head) Channel1().Print(line);
+        for (const std::string& line : header) Channel1().Print(line);
         const bool known =
             std::ranges::find(fileKinds, kind, &FileKindRow::text) != fileKinds.end();
         if (!known) channel.Keep();
@@ -92,32 +82,16 @@ void CreateDataFile(const Screen& screen, std::string_view kind) {
     }
 }
 
-void WriteSensorBitsToFile(std::string_view timeText) {
-    AppendRow(FileKind::SensorBits, Side::Gyro, timeText);
-}
-
-void WriteVectorsToFile(Side side, std::string_view timeText) {
-    AppendRow(FileKind::Vectors, side, timeText);
-}
-
-void WriteQuaternionsToFile(Side side, std::string_view timeText) {
-    AppendRow(FileKind::Quaternions, side, timeText);
-}
-
-void WriteMatrixToFile(Side side, std::string_view timeText) {
-    AppendRow(FileKind::Matrix, side, timeText);
-}
-
-void WriteAnglesToFile(Side side, std::string_view timeText) {
-    AppendRow(FileKind::Angles, side, timeText);
-}
-
-void WriteQuatVecsToFile(Side side, std::string_view timeText) {
-    AppendRow(FileKind::QuatVecs, side, timeText);
-}
-
-void WriteAnglesAccRateVectorsToFile(std::string_view timeText) {
-    AppendRow(FileKind::AnglesAccRateVector, Side::Gyro, timeText);
+void RowWriter::operator()(Side side, std::string_view timeText) const {
+    ChannelScope channel;  // outlives the trap, so that the error handler finds it open
+    TrapAs(generalModule, RowOf(kind).writer, [&] {
+        static std::string row;  // keeps its memory from sample to sample
+        FormatFileRow(kind, side, SampleState, timeText, row);
+        Channel1().OpenForAppend(AppState.DataFileName);
+        channel.Opened();
+        Channel1().Print(row);
+        Channel1().Close();
+    });
 }
 
 }  // namespace orbkl4

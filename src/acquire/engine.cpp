@@ -3,6 +3,7 @@
 #include "acquire/data_files.h"
 #include "acquire/logic/sampling.h"
 #include "acquire/watchdog.h"
+#include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/frame_check.h"
 #include "platform/controls/cw_button.h"
@@ -29,19 +30,17 @@ Control* Find(const Screen& screen, const char* name) {
     return wanted.isEmpty() ? nullptr : screen.findChild<Control*>(wanted);
 }
 
-/// Puts the one byte of `command` in `CommandBytes`.
-const Bytes& OneByte(DeviceCommand command) {
-    AppState.CommandBytes.assign(1, ByteOf(command));
-    return AppState.CommandBytes;
+void Run(const std::function<void()>& step) {
+    if (step) step();
 }
 
 void EnableOthers(const LiveChannel& channel, bool enabled) {
-    channel.mnuSave.Enabled(enabled);
+    if (channel.mnuSave != nullptr) channel.mnuSave->Enabled(enabled);
     if (channel.otherEntry != nullptr) channel.otherEntry->Enabled(enabled);
     if (channel.otherFrame != nullptr) channel.otherFrame->setEnabled(enabled);
 }
 
-void TakeReply(LiveChannel& channel) {
+void InputReply(LiveChannel& channel) {
     const ChannelExtras& extras = channel.row.extras;
     if (extras.input != nullptr) {
         extras.input(channel.port, AppState.CommandBytes);
@@ -52,37 +51,38 @@ void TakeReply(LiveChannel& channel) {
 }
 
 void RequestNext(LiveChannel& channel) {
-    const Bytes& request = OneByte(channel.row.command);
-    if (channel.row.extras.output != nullptr) {
-        channel.row.extras.output(channel.port, request);
+    const auto send = channel.row.extras.send;
+    if (send != nullptr) {
+        send(channel.port, channel.row.Command());
     } else {
-        channel.port.Output(request);
+        Send(channel.port, channel.row.Command());
     }
 }
 
 /// While saving, what isn't written isn't shown.
 void SaveOrShow(const LiveChannel& channel) {
-    if (!SampleState.SaveActive) {
-        channel.display();
+    const RowWriter* const write = channel.row.write;
+    if (!SampleState.SaveActive || write == nullptr) {
+        channel.display.show();
         return;
     }
     const Side side = channel.packet.side;
-    if (!TakeThrottleStep(side)) return;
-    channel.display();
-    channel.row.write(side, SampleState.SampleTimeText);
-    MarkSampleWritten(side);
+    if (!TakeThrottleStep(SampleState, SampleState, side)) return;
+    channel.display.show();
+    (*write)(side, SampleState.SampleTimeText);
+    MarkSampleWritten(SampleState, SampleState, side);
 }
 
 void HandleReply(LiveChannel& channel) {
     NoteReply(channel.lblWarning);
-    TakeReply(channel);
-    if (!HasFrames(AppState.CommandBytes, channel.row.command)) {
+    InputReply(channel);
+    if (!HasFrames(AppState.CommandBytes, channel.row.Command())) {
         const auto beforeResend = channel.row.extras.beforeResend;
         if (beforeResend != nullptr) beforeResend(channel.port);
         RequestNext(channel);
         return;
     }
-    StampSampleTime(PerformanceCounter());
+    StampSampleTime(SampleState, PerformanceCounter(), AppState.CounterFrequency);
     if (!channel.row.decode()) {
         RequestNext(channel);
         channel.led.Value(false);
@@ -93,58 +93,73 @@ void HandleReply(LiveChannel& channel) {
     RequestNext(channel);
 }
 
-/// Lets the command in between two requests, with replies muted meanwhile; what comes is dropped.
+/// Sends the command between two requests, with `OnComm` off meanwhile, and discards its reply.
 void CaptureWhileSampling(LiveChannel& channel) {
     constexpr std::int32_t milliseconds = 100;
     channel.port.RThreshold(0);
     WaitMilliseconds(milliseconds);
-    channel.port.Output(OneByte(DeviceCommand::CmdCaptureGyroBias));
+    Send(channel.port, DeviceCommand::CmdCaptureGyroBias);
     WaitMilliseconds(milliseconds);
     channel.port.Input(AppState.CommandBytes);
     channel.port.RThreshold(static_cast<std::int16_t>(channel.packet.length));
-    channel.port.Output(OneByte(channel.row.command));
+    Send(channel.port, channel.row.Command());
 }
 
 }  // namespace
 
-LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, std::function<void()> display,
-                        std::function<void()> clear) {
+LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, ChannelDisplay display) {
+    constexpr int watchdogMilliseconds = 1000;
     return {.row = row,
-            .packet = PacketOf(row.command),
+            .packet = PacketOf(row.Command()),
             .screen = screen,
             .entry = screen.Menu(row.entry),
-            .mnuSave = screen.Menu("mnuSave"),
-            .port = *Find<MSComm>(screen, row.port),
-            .timer = *Find<Timer>(screen, row.timer),
+            .port = *new MSComm(&screen, row.port),
+            .timer = *new Timer(&screen, row.timer, watchdogMilliseconds),
             .led = *Find<CWButton>(screen, row.led),
             .lblWarning = *Find<QWidget>(screen, "lblWarning"),
+            .mnuSave = row.write != nullptr ? &screen.Menu("mnuSave") : nullptr,
             .otherEntry = Find<MenuEntry>(screen, row.otherEntry),
             .otherFrame = Find<QWidget>(screen, row.otherFrame),
+            .ownFrame = Find<QWidget>(screen, row.ownFrame),
             .display = std::move(display),
-            .clear = std::move(clear),
             .clickName = std::string(row.entry) + "_Click",
             .onCommName = std::string(row.port) + "_OnComm",
             .timerName = std::string(row.timer) + "_Timer"};
 }
 
+void ConnectChannel(LiveChannel& channel) {
+    const auto click = [&channel] { Trap(channel.clickName, [&] { ClickChannel(channel); }); };
+    QObject::connect(&channel.entry, &MenuEntry::Click, &channel.screen, click);
+    QObject::connect(&channel.port, &MSComm::OnComm, &channel.screen,
+                     [&channel] { Trap(channel.onCommName, [&] { ReceiveReply(channel); }); });
+    QObject::connect(&channel.timer, &Timer::Tick, &channel.screen, [&channel, click] {
+        Trap(channel.timerName, [&] {
+            WatchdogTick(channel.timer, channel.lblWarning, channel.entry.Checked(), click);
+        });
+    });
+}
+
 void StartChannel(LiveChannel& channel) {
     channel.entry.Checked(true);
+    Run(channel.display.atStart);
     EnableOthers(channel, false);
     channel.led.Value(false);
     channel.port.RThreshold(static_cast<std::int16_t>(channel.packet.length));
     OpenCommPort(channel.port, channel.screen);
     channel.timer.Enabled(true);
-    StartSampleTime(PerformanceCounter());
-    channel.port.Output(OneByte(channel.row.command));
+    StartSampleTime(SampleState, PerformanceCounter());
+    if (channel.ownFrame != nullptr) channel.ownFrame->setEnabled(true);
+    Send(channel.port, channel.row.Command());
 }
 
 void StopChannel(LiveChannel& channel) {
     channel.timer.Enabled(false);
     CloseCommPort(channel.port, channel.screen);
+    if (channel.ownFrame != nullptr) channel.ownFrame->setEnabled(false);
     channel.entry.Checked(false);
     EnableOthers(channel, true);
     channel.led.Value(false);
-    channel.clear();
+    Run(channel.display.atStop);
     SampleState.LastWrittenTicks = 0;
 }
 
@@ -197,7 +212,7 @@ void CaptureGyroBias(std::span<LiveChannel> channels) {
     }
     LiveChannel& first = channels.front();
     OpenCommPort(first.port, first.screen);
-    first.port.Output(OneByte(DeviceCommand::CmdCaptureGyroBias));
+    Send(first.port, DeviceCommand::CmdCaptureGyroBias);
     CloseCommPort(first.port, first.screen);
 }
 

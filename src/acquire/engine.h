@@ -15,37 +15,48 @@ class CWButton;
 class MenuEntry;
 class Timer;
 
-/// A channel with the controls of its screen, looked up once.
+/// What a screen does for its channels; empty where it does nothing.
+struct ChannelDisplay {
+    std::function<void()> show;     ///< puts `SampleState` on the screen
+    std::function<void()> atStart;  ///< right after the entry has been checked
+    std::function<void()> atStop;   ///< when the channel has stopped
+};
+
+/// A channel with the controls of its screen, looked up once. Null is none.
 struct LiveChannel {
     const SamplingChannel& row;
     const SamplePacket& packet;
     Screen& screen;
     MenuEntry& entry;
-    MenuEntry& mnuSave;
     MSComm& port;
     Timer& timer;
     CWButton& led;
     QWidget& lblWarning;
-    MenuEntry* otherEntry;  ///< null where there is none, as `otherFrame`
+    MenuEntry* mnuSave;
+    MenuEntry* otherEntry;
     QWidget* otherFrame;
-    std::function<void()> display;  ///< puts `SampleState` on the screen
-    std::function<void()> clear;    ///< empties the screen
-    std::string clickName;          ///< names of the handlers in the error log
+    QWidget* ownFrame;
+    ChannelDisplay display;
+    std::string clickName;  ///< names of the handlers in the error log
     std::string onCommName;
     std::string timerName;
 };
 
-/// The channel `row` on `screen`, which has all its controls.
-LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, std::function<void()> display,
-                        std::function<void()> clear);
+/// The channel `row` on `screen`, which has all its controls but for the port and the watchdog
+/// timer, which are made here.
+LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, ChannelDisplay display);
+
+/// Runs the handlers below on the events of the channel's controls, each in its trap; `channel`
+/// must stay where it is.
+void ConnectChannel(LiveChannel& channel);
 
 /// Starts sampling: opens the port, starts watchdog and time base, sends the first request.
 void StartChannel(LiveChannel& channel);
 
-/// Stops sampling and empties the screen.
+/// Stops sampling.
 void StopChannel(LiveChannel& channel);
 
-/// The click procedure of the channel's entry: starts it, or stops it where it runs.
+/// The click procedure of the channel's entry: starts the channel, or stops it if it runs.
 void ClickChannel(LiveChannel& channel);
 
 /// Handles one reply, however bad: checks, decodes, shows and saves it and sends the next request.
@@ -58,8 +69,8 @@ void ToggleSave(const Screen& screen, std::string_view kind);
 /// Leaves `screen`, whether it samples or not.
 void ReturnToMain(Screen& screen);
 
-/// Has the sensor capture its gyro bias: in between the samples of the one of `channels` that runs,
-/// else by a port that is opened for it. Holds the thread while sampling, for 200 ms.
+/// Has the sensor capture its gyro bias: between the samples of the one of `channels` that runs,
+/// else over the first one's port, opened for it. Holds the thread for 200 ms while sampling.
 void CaptureGyroBias(std::span<LiveChannel> channels);
 
 }  // namespace orbkl4

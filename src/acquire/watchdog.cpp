@@ -15,7 +15,7 @@ void NoteReply(QWidget& lblWarning) {
 
 void WatchdogTick(Timer& timer, QWidget& lblWarning, bool checked,
                   const std::function<void()>& click) {
-    const bool overdue = ReplyOverdue(MonotonicSeconds());
+    const bool overdue = ReplyOverdue(SampleState, MonotonicSeconds());
     if (!overdue) {
         lblWarning.setVisible(false);
         return;

@@ -2,7 +2,6 @@
 
 #include "calibrate/logic/tare.h"
 #include "link/communication.h"
-#include "link/logic/requests.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"
@@ -13,6 +12,7 @@
 #include <QGroupBox>
 #include <QProgressBar>
 
+#include <array>
 #include <string_view>
 
 namespace orbkl4 {
@@ -24,7 +24,7 @@ constexpr std::string_view calcCycleEntry = "mnuSetCalcCycle";
 
 /// The entries that are disabled while an operation runs, in order; the other operation's stands
 /// where the name is null.
-constexpr const char* disabledEntries[] = {
+constexpr auto disabledEntries = std::to_array<const char*>({
     "mnuConnect",
     "mnuDisplay",
     "mnuHelp",
@@ -40,7 +40,7 @@ constexpr const char* disabledEntries[] = {
     "mnuVertical",
     "mnuSelfTest",
     "mnuSetCalcCycle",
-};
+});
 
 template <typename Visit>
 void ForEachEntry(const Screen& main, const TareOperation& operation, const Visit& visit) {
@@ -66,8 +66,7 @@ void Start(const Screen& main, const TareOperation& operation) {
     }
     OpenCommPort(port, main);
     port.Input(AppState.CommandBytes);  // stale bytes must not be taken for the reply
-    AppState.CommandBytes = Request(operation.command);
-    port.Output(AppState.CommandBytes);
+    Send(port, operation.command);
     Find<Timer>(main, operation.timer).Enabled(true);
 }
 

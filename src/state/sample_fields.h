@@ -6,35 +6,60 @@
 #include <cstddef>
 #include <utility>
 
-/// The fields of `SampleState` in the groups that packets, views and data files share.
-namespace orbkl4::fields {
+namespace orbkl4 {
 
-using State = SampleStateRecord;
+/// Names one number of a `Sample`, so that tables of fields can be written.
+class SampleField {
+  public:
+    // NOLINTNEXTLINE(google-explicit-constructor): rows of tables name the member alone
+    constexpr SampleField(double Sample::*member) : member_(member) {}
+    constexpr SampleField(Sample::Matrix Sample::*matrix, std::size_t element)
+        : matrix_(matrix), element_(element) {}
+
+    /// The number itself in `sample`.
+    constexpr double& In(Sample& sample) const {
+        return matrix_ != nullptr ? (sample.*matrix_)[element_] : sample.*member_;
+    }
+    constexpr double In(const Sample& sample) const {
+        return matrix_ != nullptr ? (sample.*matrix_)[element_] : sample.*member_;
+    }
+
+    constexpr bool operator==(const SampleField&) const = default;
+
+  private:
+    double Sample::*member_ = nullptr;
+    Sample::Matrix Sample::*matrix_ = nullptr;
+    std::size_t element_ = 0;
+};
+
+/// The fields of a sample in the groups that packets, views and data files share.
+namespace fields {
 
 template <std::size_t count>
 using Group = std::array<SampleField, count>;
 
-inline constexpr Group<3> rawMag{&State::RawMag1, &State::RawMag2, &State::RawMag3};
-inline constexpr Group<3> rawAcc{&State::RawAcc1, &State::RawAcc2, &State::RawAcc3};
-inline constexpr Group<3> rawAngRate{&State::RawAngRate1, &State::RawAngRate2, &State::RawAngRate3};
-inline constexpr Group<3> stabMag{&State::StabMagX, &State::StabMagY, &State::StabMagZ};
-inline constexpr Group<3> stabAcc{&State::StabAccX, &State::StabAccY, &State::StabAccZ};
-inline constexpr Group<3> compAngRate{&State::CompAngRateX, &State::CompAngRateY,
-                                      &State::CompAngRateZ};
-inline constexpr Group<3> instMag{&State::InstMagX, &State::InstMagY, &State::InstMagZ};
-inline constexpr Group<3> instAcc{&State::InstAccX, &State::InstAccY, &State::InstAccZ};
-inline constexpr Group<3> instAngRate{&State::InstAngRateX, &State::InstAngRateY,
-                                      &State::InstAngRateZ};
-inline constexpr Group<4> stabQuat{&State::StabQuat0, &State::StabQuat1, &State::StabQuat2,
-                                   &State::StabQuat3};
-inline constexpr Group<4> instQuat{&State::InstQuat0, &State::InstQuat1, &State::InstQuat2,
-                                   &State::InstQuat3};
-inline constexpr Group<2> rollPitch{&State::Roll, &State::Pitch};
-inline constexpr Group<1> yaw{&State::Yaw};
+inline constexpr Group<3> rawMag{&Sample::RawMag1, &Sample::RawMag2, &Sample::RawMag3};
+inline constexpr Group<3> rawAcc{&Sample::RawAcc1, &Sample::RawAcc2, &Sample::RawAcc3};
+inline constexpr Group<3> rawAngRate{&Sample::RawAngRate1, &Sample::RawAngRate2,
+                                     &Sample::RawAngRate3};
+inline constexpr Group<3> stabMag{&Sample::StabMagX, &Sample::StabMagY, &Sample::StabMagZ};
+inline constexpr Group<3> stabAcc{&Sample::StabAccX, &Sample::StabAccY, &Sample::StabAccZ};
+inline constexpr Group<3> compAngRate{&Sample::CompAngRateX, &Sample::CompAngRateY,
+                                      &Sample::CompAngRateZ};
+inline constexpr Group<3> instMag{&Sample::InstMagX, &Sample::InstMagY, &Sample::InstMagZ};
+inline constexpr Group<3> instAcc{&Sample::InstAccX, &Sample::InstAccY, &Sample::InstAccZ};
+inline constexpr Group<3> instAngRate{&Sample::InstAngRateX, &Sample::InstAngRateY,
+                                      &Sample::InstAngRateZ};
+inline constexpr Group<4> stabQuat{&Sample::StabQuat0, &Sample::StabQuat1, &Sample::StabQuat2,
+                                   &Sample::StabQuat3};
+inline constexpr Group<4> instQuat{&Sample::InstQuat0, &Sample::InstQuat1, &Sample::InstQuat2,
+                                   &Sample::InstQuat3};
+inline constexpr Group<2> rollPitch{&Sample::Roll, &Sample::Pitch};
+inline constexpr Group<1> yaw{&Sample::Yaw};
 
 namespace detail {
 
-constexpr Group<9> Elements(State::Matrix State::*matrix) {
+constexpr Group<9> Elements(Sample::Matrix Sample::*matrix) {
     return {{{matrix, 0},
              {matrix, 1},
              {matrix, 2},
@@ -48,8 +73,8 @@ constexpr Group<9> Elements(State::Matrix State::*matrix) {
 
 }  // namespace detail
 
-inline constexpr Group<9> stabMatrix = detail::Elements(&State::StabMatrix);
-inline constexpr Group<9> instMatrix = detail::Elements(&State::InstMatrix);
+inline constexpr Group<9> stabMatrix = detail::Elements(&Sample::StabMatrix);
+inline constexpr Group<9> instMatrix = detail::Elements(&Sample::InstMatrix);
 
 /// Arrays of one element type, one after another.
 template <typename First, std::size_t... sizes>
@@ -70,4 +95,6 @@ constexpr auto Joined(const std::array<First, sizes>&... parts) {
     (std::make_index_sequence<(sizes + ...)>{});
 }
 
-}  // namespace orbkl4::fields
+}  // namespace fields
+
+}  // namespace orbkl4

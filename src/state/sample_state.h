@@ -1,15 +1,14 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
 namespace orbkl4 {
 
-/// The latest decoded fields of every data command and the sampling engine's own. Fields are shared
-/// across commands on purpose: a decoder's table says which it fills.
-struct SampleStateRecord {
+/// The latest decoded fields of every data command. Fields are shared across commands on purpose:
+/// the table of packets says which command fills which.
+struct Sample {
     using Matrix = std::array<double, 9>;  ///< column by column: M11, M21, M31, M12 …
 
     double HeaderGyro = 0, HeaderInstant = 0;
@@ -30,7 +29,10 @@ struct SampleStateRecord {
     Matrix StabMatrix{}, InstMatrix{};
     double MatrixDeterminant = 0;
     double Roll = 0, Pitch = 0, Yaw = 0;  ///< degrees
+};
 
+/// How sampling and saving stand.
+struct Sampling {
     bool SaveActive = false;            ///< samples are to be written
     std::string SampleTimeText;         ///< seconds since the start of sampling, as text
     std::int64_t LastReplyTime = 0;     ///< whole seconds of the monotonic clock; 0 is long ago
@@ -40,28 +42,10 @@ struct SampleStateRecord {
     std::int64_t SampleNowCount = 0;    ///< performance counter at the current sample
 };
 
+/// The latest sample and how sampling stands; every screen reads and writes it directly.
+struct SampleStateRecord : Sample, Sampling {};
+
 /// The one record of the process.
 inline SampleStateRecord SampleState;
-
-/// Names one number of `SampleStateRecord`, so that tables of fields can be written.
-class SampleField {
-  public:
-    // NOLINTNEXTLINE(google-explicit-constructor): rows of tables name the member alone
-    constexpr SampleField(double SampleStateRecord::*member) : member_(member) {}
-    constexpr SampleField(SampleStateRecord::Matrix SampleStateRecord::*matrix, std::size_t element)
-        : matrix_(matrix), element_(element) {}
-
-    /// The number itself in `state`.
-    constexpr double& In(SampleStateRecord& state) const {
-        return matrix_ != nullptr ? (state.*matrix_)[element_] : state.*member_;
-    }
-
-    constexpr bool operator==(const SampleField&) const = default;
-
-  private:
-    double SampleStateRecord::*member_ = nullptr;
-    SampleStateRecord::Matrix SampleStateRecord::*matrix_ = nullptr;
-    std::size_t element_ = 0;
-};
 
 }  // namespace orbkl4

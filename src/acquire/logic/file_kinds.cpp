@@ -1,7 +1,6 @@
 #include "acquire/logic/file_kinds.h"
 
 #include "base/number_text.h"
-#include "state/app_state.h"
 
 #include <algorithm>
 
@@ -17,10 +16,10 @@ std::string ColumnTitles(const FileKindRow& row) {
 
 }  // namespace
 
-std::vector<std::string> FileHeader(std::string_view kind, std::string_view date,
-                                    std::string_view time) {
+std::vector<std::string> FileHeader(std::string_view kind, std::string_view version,
+                                    std::string_view date, std::string_view time) {
     std::vector<std::string> lines{
-        "Kestrelmoor ORB-KL4 Data File Version " + AppState.VersionText,
+        std::string("Kestrelmoor ORB-KL4 Data File Version ").append(version),
         std::string("Date file created: ").append(date),
         std::string("Time file created: ").append(time),
         std::string(kind),
@@ -30,17 +29,16 @@ std::vector<std::string> FileHeader(std::string_view kind, std::string_view date
     return lines;
 }
 
-const std::string& FileRow(FileKind kind, Side side, std::string_view timeText) {
-    static std::string row;  // keeps its memory from sample to sample
+void FormatFileRow(FileKind kind, Side side, const Sample& sample, std::string_view timeText,
+                   std::string& row) {
     row = timeText;
-    const auto add = [](const SampleField& field) {
+    const auto add = [&](const SampleField& field) {
         row += ',';
-        row += FileText(field.In(SampleState));
+        row += FileText(field.In(sample));
     };
     for (const FileColumn& column : RowOf(kind).columns)
         add(side == Side::Gyro ? column.gyro : column.instant);
     add(SideFields(side).ticks);
-    return row;
 }
 
 }  // namespace orbkl4

@@ -114,12 +114,14 @@ constexpr const FileKindRow& RowOf(FileKind kind) {
     return fileKinds.at(static_cast<std::size_t>(kind));
 }
 
-/// The first five lines of a file, without line ends; only four for a `kind` text that is none of
-/// the seven. `date` and `time` are texts in the system's form.
-std::vector<std::string> FileHeader(std::string_view kind, std::string_view date,
-                                    std::string_view time);
+/// The first five lines of a file, without line ends; only four for an unknown `kind` text.
+/// `version` is the program's, `date` and `time` are texts in the system's form.
+std::vector<std::string> FileHeader(std::string_view kind, std::string_view version,
+                                    std::string_view date, std::string_view time);
 
-/// One row of `side` from `SampleState`, without line end. The text is valid until the next call.
-const std::string& FileRow(FileKind kind, Side side, std::string_view timeText);
+/// Makes `row` the row of `side` of `sample`, without line end; it keeps its memory from row to
+/// row.
+void FormatFileRow(FileKind kind, Side side, const Sample& sample, std::string_view timeText,
+                   std::string& row);
 
 }  // namespace orbkl4

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "base/bytes.h"
 #include "link/logic/device_command.h"
+#include "state/app_state.h"
 #include "state/sample_fields.h"
 #include "state/sample_state.h"
 
@@ -16,7 +18,7 @@ namespace orbkl4 {
 /// Which header, ticks and checksum fields a packet fills.
 enum class Side : std::uint8_t { Gyro, Instant };
 
-/// How the number of a field comes of its word w; s is w as a signed number.
+/// How a word w becomes a field's value; s is w as a signed number.
 enum class Conversion : std::uint8_t {
     RawBits,        ///< w as it stands
     MagneticField,  ///< `MagGainScale` s / 32768000, 4 decimals
@@ -28,7 +30,7 @@ enum class Conversion : std::uint8_t {
     Matrix,         ///< s / 8192, then divided by the determinant of all nine, 4 decimals
 };
 
-/// One payload word: where its number goes, and how it is converted.
+/// One payload word: the field that it fills, and how it is converted.
 struct PacketWord {
     SampleField field;
     Conversion conversion;
@@ -49,12 +51,11 @@ struct PacketFrameFields {
 
 /// The frame's fields of `side`.
 constexpr PacketFrameFields SideFields(Side side) {
-    using State = SampleStateRecord;
     if (side == Side::Gyro)
-        return {&State::HeaderGyro, &State::TicksGyro, &State::ChecksumGyro,
-                &State::CalcChecksumGyro};
-    return {&State::HeaderInstant, &State::TicksInstant, &State::ChecksumInstant,
-            &State::CalcChecksumInstant};
+        return {&Sample::HeaderGyro, &Sample::TicksGyro, &Sample::ChecksumGyro,
+                &Sample::CalcChecksumGyro};
+    return {&Sample::HeaderInstant, &Sample::TicksInstant, &Sample::ChecksumInstant,
+            &Sample::CalcChecksumInstant};
 }
 
 namespace detail {
@@ -88,10 +89,10 @@ inline constexpr auto instVectors = Joined(instMag, instAcc, instAngRate);
 inline constexpr auto stabMatrix = As(Matrix, fields::stabMatrix);
 inline constexpr auto instMatrix = As(Matrix, fields::instMatrix);
 inline constexpr auto euler = Joined(rollPitch, As(Angle, fields::yaw));
-/// The angles of this packet run from -180 to 180 but the yaw, which runs from 0 to 360.
+/// Roll and pitch of this packet run from -180 to 180, its yaw from 0 to 360.
 inline constexpr auto eulerAccelRate =
     Joined(rollPitch, As(UnsignedAngle, fields::yaw), instAcc, compAngRate);
-/// The vectors beside the stabilized quaternion are the instantaneous ones but the rates.
+/// Next to the stabilized quaternion come instantaneous vectors, but compensated rates.
 inline constexpr auto quatCompVectors = Joined(stabQuat, instMag, instAcc, compAngRate);
 inline constexpr auto quatInstVectors = Joined(instQuat, instMag, instAcc, instAngRate);
 
@@ -131,23 +132,12 @@ constexpr const SamplePacket& PacketOf(DeviceCommand command) {
     return samplePackets.at(row);
 }
 
-/// Decodes `AppState.CommandBytes`, whose length and header the caller has checked, into
-/// `SampleState`. False for a bad checksum, and for any run-time error on the way; the payload
-/// fields then hold raw words.
-bool Decode(const SamplePacket& packet);
+/// A word times its gain scale, rounded to four decimals.
+double ScaledWord(double word, double gainScale);
 
-// One for each data command: `Decode` of its packet.
-bool DecodeRawBits();
-bool DecodeGyroVectors();
-bool DecodeInstantVectors();
-bool DecodeGyroQuaternion();
-bool DecodeInstantQuaternion();
-bool DecodeGyroMatrix();
-bool DecodeInstantMatrix();
-bool DecodeGyroEuler();
-bool DecodeInstantEuler();
-bool DecodeEulerAccelRate();
-bool DecodeGyroQuatVectors();
-bool DecodeInstantQuatVectors();
+/// Decodes `reply`, whose length and header the caller has checked, into `sample`. False for a bad
+/// checksum, and for any run-time error on the way; the payload fields then hold raw words.
+bool Decode(const SamplePacket& packet, const Bytes& reply, const GainScales& gainScales,
+            Sample& sample);
 
 }  // namespace orbkl4

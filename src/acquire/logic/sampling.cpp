@@ -2,7 +2,6 @@
 
 #include "base/arithmetic.h"
 #include "base/number_text.h"
-#include "state/app_state.h"
 
 namespace orbkl4 {
 
@@ -10,37 +9,41 @@ namespace {
 
 constexpr double ticksPerWrap = 65536;
 
-double Ticks(Side side) { return SideFields(side).ticks.In(SampleState); }
+double Ticks(const Sample& sample, Side side) { return SideFields(side).ticks.In(sample); }
 
 }  // namespace
 
-void StartSampleTime(std::int64_t count) {
-    SampleState.SampleNowCount = count;
-    SampleState.SampleStartCount = count;
-    SampleState.LastWrittenTicks = 0;
+void StartSampleTime(Sampling& sampling, std::int64_t count) {
+    sampling.SampleNowCount = count;
+    sampling.SampleStartCount = count;
+    sampling.LastWrittenTicks = 0;
 }
 
-double ElapsedSampleSeconds(std::int64_t count) {
-    SampleState.SampleNowCount = count;
-    return RoundTo(Divide(static_cast<double>(count - SampleState.SampleStartCount),
-                          static_cast<double>(AppState.CounterFrequency)),
-                   2);
+double ElapsedSampleSeconds(Sampling& sampling, std::int64_t count, std::int64_t frequency) {
+    constexpr int decimals = 2;
+    sampling.SampleNowCount = count;
+    return RoundTo(Divide(static_cast<double>(count - sampling.SampleStartCount),
+                          static_cast<double>(frequency)),
+                   decimals);
 }
 
-void StampSampleTime(std::int64_t count) {
-    SampleState.SampleTimeText = TrimmedFileText(ElapsedSampleSeconds(count));
+void StampSampleTime(Sampling& sampling, std::int64_t count, std::int64_t frequency) {
+    sampling.SampleTimeText = TrimmedFileText(ElapsedSampleSeconds(sampling, count, frequency));
 }
 
-bool TakeThrottleStep(Side side) {
-    // Either side looks at the gyro side's ticks: on the instant side they are stale, so every
-    // sample of it passes as soon as one has been written above them. That is how it is meant.
-    if (SampleState.TicksGyro < SampleState.LastWrittenTicks)
-        SampleState.LastWrittenTicks -= ticksPerWrap;
-    return Ticks(side) - SampleState.LastWrittenTicks >= SampleState.WriteIntervalTicks;
+bool TakeThrottleStep(Sampling& sampling, const Sample& sample, Side side) {
+    // Both sides compare the gyro side's ticks. On the instant side these are stale, so that every
+    // sample passes as soon as one has been written above them; that is intended.
+    if (sample.TicksGyro < sampling.LastWrittenTicks) sampling.LastWrittenTicks -= ticksPerWrap;
+    return Ticks(sample, side) - sampling.LastWrittenTicks >= sampling.WriteIntervalTicks;
 }
 
-void MarkSampleWritten(Side side) { SampleState.LastWrittenTicks = Ticks(side); }
+void MarkSampleWritten(Sampling& sampling, const Sample& sample, Side side) {
+    sampling.LastWrittenTicks = Ticks(sample, side);
+}
 
-bool ReplyOverdue(std::int64_t nowSeconds) { return nowSeconds - SampleState.LastReplyTime > 1; }
+bool ReplyOverdue(const Sampling& sampling, std::int64_t nowSeconds) {
+    return nowSeconds - sampling.LastReplyTime > 1;
+}
 
 }  // namespace orbkl4

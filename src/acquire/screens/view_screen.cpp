@@ -1,13 +1,10 @@
 #include "acquire/screens/view_screen.h"
 
-#include "acquire/watchdog.h"
 #include "base/number_text.h"
 #include "errors/trap.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/events/mscomm.h"
-#include "platform/events/timer.h"
 #include "platform/windows/common_dialog.h"
 
 #include <QGroupBox>
@@ -24,10 +21,10 @@ ViewScreen::ViewScreen(const View& view) : Screen(view.name, view.title), view_(
     new CommonDialog(this, "CommonDialog1");
     BuildLayout();
     const auto rows = ChannelsOf(view.name);
-    channels_.reserve(rows.size());  // handlers hold on to the elements
+    channels_.reserve(rows.size());  // handlers refer to the elements
     for (const SamplingChannel& row : rows) AddChannel(row, channels_.size());
     ConnectMenu();
-    // Views of few fields don't outgrow the others.
+    // Keeps the type of views with few fields as large as that of the others.
     constexpr QSize least(840, 460);
     DesignSize(sizeHint().expandedTo(least));
 }
@@ -40,7 +37,7 @@ void ViewScreen::BuildLayout() {
         panels->addWidget(BuildPanel(this, panel, panels_.emplace_back()), 1);
     }
     const bool alone = view_.panels.size() == 1 && view_.slides.empty();
-    if (alone) {  // no wider than one of two
+    if (alone) {  // as wide as one of two panels
         panels->insertStretch(0, 1);
         panels->setStretch(1, 2);
         panels->addStretch(1);
@@ -61,19 +58,11 @@ void ViewScreen::BuildLayout() {
 }
 
 void ViewScreen::AddChannel(const SamplingChannel& row, std::size_t panel) {
-    constexpr int watchdogMilliseconds = 1000;
-    new MSComm(this, row.port);
-    new Timer(this, row.timer, watchdogMilliseconds);
-    channels_.push_back(BindChannel(
-        row, *this, [this, panel] { DisplaySample(panel); }, [this] { ClearAll(); }));
+    channels_.push_back(BindChannel(row, *this,
+                                    {.show = [this, panel] { DisplaySample(panel); },
+                                     .atStart = {},
+                                     .atStop = [this] { ClearAll(); }}));
     ConnectChannel(channels_.back());
-}
-
-void ViewScreen::ConnectChannel(LiveChannel& channel) {
-    connect(&channel.entry, &MenuEntry::Click, this,
-            [this, &channel] { SampleEntry_Click(channel); });
-    connect(&channel.port, &MSComm::OnComm, this, [this, &channel] { MSComm_OnComm(channel); });
-    connect(&channel.timer, &Timer::Tick, this, [this, &channel] { TimerSampling_Timer(channel); });
 }
 
 void ViewScreen::ConnectMenu() {
@@ -103,21 +92,6 @@ void ViewScreen::ClearAll() const {
     }
     for (const auto& shown : slides_) shown.control->Value(0);
     for (const auto& shown : dials_) shown.control->Value(0);
-}
-
-void ViewScreen::SampleEntry_Click(LiveChannel& channel) {
-    Trap(channel.clickName, [&] { ClickChannel(channel); });
-}
-
-void ViewScreen::MSComm_OnComm(LiveChannel& channel) {
-    Trap(channel.onCommName, [&] { ReceiveReply(channel); });
-}
-
-void ViewScreen::TimerSampling_Timer(LiveChannel& channel) {
-    Trap(channel.timerName, [&] {
-        WatchdogTick(channel.timer, channel.lblWarning, channel.entry.Checked(),
-                     [&] { SampleEntry_Click(channel); });
-    });
 }
 
 void ViewScreen::mnuSave_Click() {

@@ -20,13 +20,9 @@ class ViewScreen : public Screen {
     void BuildLayout();
     void AddChannel(const SamplingChannel& row, std::size_t panel);
     void ConnectMenu();
-    void ConnectChannel(LiveChannel& channel);
     void DisplaySample(std::size_t panel) const;
     void ClearAll() const;
 
-    void SampleEntry_Click(LiveChannel& channel);
-    void MSComm_OnComm(LiveChannel& channel);
-    void TimerSampling_Timer(LiveChannel& channel);
     void mnuSave_Click();
     void mnuCaptureBias_Click();
     void mnuReturn_Click();

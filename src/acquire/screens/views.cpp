@@ -6,26 +6,25 @@ namespace orbkl4::views {
 
 namespace {
 
-using State = SampleStateRecord;
 using enum TextPanel::Layout;
 
-constexpr bool group = true;  // stands off from the row above
+constexpr bool group = true;  // has extra space above
 
 // Sensor bits
 
 constexpr auto bitsRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtRawMag1", "Raw Magnetometer 1", &State::RawMag1, group},
-    {"txtRawMag2", "Raw Magnetometer 2", &State::RawMag2},
-    {"txtRawMag3", "Raw Magnetometer 3", &State::RawMag3},
-    {"txtRawAcc1", "Raw Accelerometer 1", &State::RawAcc1, group},
-    {"txtRawAcc2", "Raw Accelerometer 2", &State::RawAcc2},
-    {"txtRawAcc3", "Raw Accelerometer 3", &State::RawAcc3},
-    {"txtRawAngRate1", "Raw Angular Rate 1", &State::RawAngRate1, group},
-    {"txtRawAngRate2", "Raw Angular Rate 2", &State::RawAngRate2},
-    {"txtRawAngRate3", "Raw Angular Rate 3", &State::RawAngRate3},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtRawMag1", "Raw Magnetometer 1", &Sample::RawMag1, group},
+    {"txtRawMag2", "Raw Magnetometer 2", &Sample::RawMag2},
+    {"txtRawMag3", "Raw Magnetometer 3", &Sample::RawMag3},
+    {"txtRawAcc1", "Raw Accelerometer 1", &Sample::RawAcc1, group},
+    {"txtRawAcc2", "Raw Accelerometer 2", &Sample::RawAcc2},
+    {"txtRawAcc3", "Raw Accelerometer 3", &Sample::RawAcc3},
+    {"txtRawAngRate1", "Raw Angular Rate 1", &Sample::RawAngRate1, group},
+    {"txtRawAngRate2", "Raw Angular Rate 2", &Sample::RawAngRate2},
+    {"txtRawAngRate3", "Raw Angular Rate 3", &Sample::RawAngRate3},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
 constexpr auto bitsPanels = std::to_array<TextPanel>({
@@ -33,15 +32,15 @@ constexpr auto bitsPanels = std::to_array<TextPanel>({
 });
 
 constexpr auto bitsSlides = std::to_array<SlideRow>({
-    {"SlideMag1", "Mag1", &State::RawMag1},
-    {"SlideMag2", "Mag2", &State::RawMag2},
-    {"SlideMag3", "Mag3", &State::RawMag3},
-    {"SlideAcc1", "Acc1", &State::RawAcc1},
-    {"SlideAcc2", "Acc2", &State::RawAcc2},
-    {"SlideAcc3", "Acc3", &State::RawAcc3},
-    {"SlideAR1", "AR1", &State::RawAngRate1},
-    {"SlideAR2", "AR2", &State::RawAngRate2},
-    {"SlideAR3", "AR3", &State::RawAngRate3},
+    {"SlideMag1", "Mag1", &Sample::RawMag1},
+    {"SlideMag2", "Mag2", &Sample::RawMag2},
+    {"SlideMag3", "Mag3", &Sample::RawMag3},
+    {"SlideAcc1", "Acc1", &Sample::RawAcc1},
+    {"SlideAcc2", "Acc2", &Sample::RawAcc2},
+    {"SlideAcc3", "Acc3", &Sample::RawAcc3},
+    {"SlideAR1", "AR1", &Sample::RawAngRate1},
+    {"SlideAR2", "AR2", &Sample::RawAngRate2},
+    {"SlideAR3", "AR3", &Sample::RawAngRate3},
 });
 
 constexpr auto bitsMenu = std::to_array<MenuRow>({
@@ -55,33 +54,33 @@ constexpr auto bitsMenu = std::to_array<MenuRow>({
 // Vectors
 
 constexpr auto stabVectorRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtStabMagFieldX", "Stabilized Magnetic Field X", &State::StabMagX, group},
-    {"txtStabMagFieldY", "Stabilized Magnetic Field Y", &State::StabMagY},
-    {"txtStabMagFieldZ", "Stabilized Magnetic Field Z", &State::StabMagZ},
-    {"txtStabAccelX", "Stabilized Acceleration X", &State::StabAccX, group},
-    {"txtStabAccelY", "Stabilized Acceleration Y", &State::StabAccY},
-    {"txtStabAccelZ", "Stabilized Acceleration Z", &State::StabAccZ},
-    {"txtCompAngRateX", "Compensated Angular Rate X", &State::CompAngRateX, group},
-    {"txtCompAngRateY", "Compensated Angular Rate Y", &State::CompAngRateY},
-    {"txtCompAngRateZ", "Compensated Angular Rate Z", &State::CompAngRateZ},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtStabMagFieldX", "Stabilized Magnetic Field X", &Sample::StabMagX, group},
+    {"txtStabMagFieldY", "Stabilized Magnetic Field Y", &Sample::StabMagY},
+    {"txtStabMagFieldZ", "Stabilized Magnetic Field Z", &Sample::StabMagZ},
+    {"txtStabAccelX", "Stabilized Acceleration X", &Sample::StabAccX, group},
+    {"txtStabAccelY", "Stabilized Acceleration Y", &Sample::StabAccY},
+    {"txtStabAccelZ", "Stabilized Acceleration Z", &Sample::StabAccZ},
+    {"txtCompAngRateX", "Compensated Angular Rate X", &Sample::CompAngRateX, group},
+    {"txtCompAngRateY", "Compensated Angular Rate Y", &Sample::CompAngRateY},
+    {"txtCompAngRateZ", "Compensated Angular Rate Z", &Sample::CompAngRateZ},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
 constexpr auto instVectorRows = std::to_array<TextRow>({
-    {"txtHeaderI", "Header", &State::HeaderInstant},
-    {"txtMagX", "Instantaneous Magnetic Field X", &State::InstMagX, group},
-    {"txtMagY", "Instantaneous Magnetic Field Y", &State::InstMagY},
-    {"txtMagZ", "Instantaneous Magnetic Field Z", &State::InstMagZ},
-    {"txtAccX", "Instantaneous Acceleration X", &State::InstAccX, group},
-    {"txtAccY", "Instantaneous Acceleration Y", &State::InstAccY},
-    {"txtAccZ", "Instantaneous Acceleration Z", &State::InstAccZ},
-    {"txtAngRateX", "Instantaneous Angular Rate X", &State::InstAngRateX, group},
-    {"txtAngRateY", "Instantaneous Angular Rate Y", &State::InstAngRateY},
-    {"txtAngRateZ", "Instantaneous Angular Rate Z", &State::InstAngRateZ},
-    {"txtTimerTicksI", "Timer Ticks", &State::TicksInstant, group},
-    {"txtCSI", "Check Sum", &State::ChecksumInstant},
+    {"txtHeaderI", "Header", &Sample::HeaderInstant},
+    {"txtMagX", "Instantaneous Magnetic Field X", &Sample::InstMagX, group},
+    {"txtMagY", "Instantaneous Magnetic Field Y", &Sample::InstMagY},
+    {"txtMagZ", "Instantaneous Magnetic Field Z", &Sample::InstMagZ},
+    {"txtAccX", "Instantaneous Acceleration X", &Sample::InstAccX, group},
+    {"txtAccY", "Instantaneous Acceleration Y", &Sample::InstAccY},
+    {"txtAccZ", "Instantaneous Acceleration Z", &Sample::InstAccZ},
+    {"txtAngRateX", "Instantaneous Angular Rate X", &Sample::InstAngRateX, group},
+    {"txtAngRateY", "Instantaneous Angular Rate Y", &Sample::InstAngRateY},
+    {"txtAngRateZ", "Instantaneous Angular Rate Z", &Sample::InstAngRateZ},
+    {"txtTimerTicksI", "Timer Ticks", &Sample::TicksInstant, group},
+    {"txtCSI", "Check Sum", &Sample::ChecksumInstant},
 });
 
 constexpr auto vectorPanels = std::to_array<TextPanel>({
@@ -102,23 +101,23 @@ constexpr auto twoChannelMenu = std::to_array<MenuRow>({
 // Quaternions
 
 constexpr auto stabQuatRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtStabQuat0", "Stabilized Quaternion 0", &State::StabQuat0, group},
-    {"txtStabQuat1", "Stabilized Quaternion 1", &State::StabQuat1},
-    {"txtStabQuat2", "Stabilized Quaternion 2", &State::StabQuat2},
-    {"txtStabQuat3", "Stabilized Quaternion 3", &State::StabQuat3},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtStabQuat0", "Stabilized Quaternion 0", &Sample::StabQuat0, group},
+    {"txtStabQuat1", "Stabilized Quaternion 1", &Sample::StabQuat1},
+    {"txtStabQuat2", "Stabilized Quaternion 2", &Sample::StabQuat2},
+    {"txtStabQuat3", "Stabilized Quaternion 3", &Sample::StabQuat3},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
 constexpr auto instQuatRows = std::to_array<TextRow>({
-    {"txtHeaderI", "Header", &State::HeaderInstant},
-    {"txtQuat0", "Instantaneous Quaternion 0", &State::InstQuat0, group},
-    {"txtQuat1", "Instantaneous Quaternion 1", &State::InstQuat1},
-    {"txtQuat2", "Instantaneous Quaternion 2", &State::InstQuat2},
-    {"txtQuat3", "Instantaneous Quaternion 3", &State::InstQuat3},
-    {"txtTimerTicksI", "Timer Ticks", &State::TicksInstant, group},
-    {"txtCSI", "Check Sum", &State::ChecksumInstant},
+    {"txtHeaderI", "Header", &Sample::HeaderInstant},
+    {"txtQuat0", "Instantaneous Quaternion 0", &Sample::InstQuat0, group},
+    {"txtQuat1", "Instantaneous Quaternion 1", &Sample::InstQuat1},
+    {"txtQuat2", "Instantaneous Quaternion 2", &Sample::InstQuat2},
+    {"txtQuat3", "Instantaneous Quaternion 3", &Sample::InstQuat3},
+    {"txtTimerTicksI", "Timer Ticks", &Sample::TicksInstant, group},
+    {"txtCSI", "Check Sum", &Sample::ChecksumInstant},
 });
 
 constexpr auto quaternionPanels = std::to_array<TextPanel>({
@@ -132,23 +131,23 @@ constexpr Axis fullAxis{.minimum = -179.99, .maximum = 179.99, .marks = 20, .sub
 constexpr Axis halfAxis{.minimum = -90, .maximum = 90, .marks = 20, .subMarks = 10};
 
 constexpr auto angleDials = std::to_array<DialRow>({
-    {"fraPitch", "Pitch", "dialPitch", "txtPitch", &State::Pitch, halfAxis,
+    {"fraPitch", "Pitch", "dialPitch", "txtPitch", &Sample::Pitch, halfAxis,
      CWKnob::Sweep::HalfCircle, 1},
-    {"fraYaw", "Yaw", "dialYaw", "txtYaw", &State::Yaw, fullAxis, CWKnob::Sweep::FullCircle, 2},
-    {"fraRoll", "Roll", "dialRoll", "txtRoll", &State::Roll, fullAxis, CWKnob::Sweep::FullCircle,
+    {"fraYaw", "Yaw", "dialYaw", "txtYaw", &Sample::Yaw, fullAxis, CWKnob::Sweep::FullCircle, 2},
+    {"fraRoll", "Roll", "dialRoll", "txtRoll", &Sample::Roll, fullAxis, CWKnob::Sweep::FullCircle,
      0},
 });
 
 constexpr auto hiddenInstantRows = std::to_array<TextRow>({
-    {"txtInstantPitch", "Pitch", &State::Pitch},
-    {"txtInstantYaw", "Yaw", &State::Yaw},
-    {"txtInstantRoll", "Roll", &State::Roll},
+    {"txtInstantPitch", "Pitch", &Sample::Pitch},
+    {"txtInstantYaw", "Yaw", &Sample::Yaw},
+    {"txtInstantRoll", "Roll", &Sample::Roll},
 });
 
 constexpr auto hiddenGyroRows = std::to_array<TextRow>({
-    {"txtGyroRoll", "Roll", &State::Roll},
-    {"txtGyroYaw", "Yaw", &State::Yaw},
-    {"txtGyroPitch", "Pitch", &State::Pitch},
+    {"txtGyroRoll", "Roll", &Sample::Roll},
+    {"txtGyroYaw", "Yaw", &Sample::Yaw},
+    {"txtGyroPitch", "Pitch", &Sample::Pitch},
 });
 
 constexpr auto hiddenPanels = std::to_array<TextPanel>({
@@ -159,33 +158,33 @@ constexpr auto hiddenPanels = std::to_array<TextPanel>({
 // Orientation matrix
 
 constexpr auto stabMatrixRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtS11", "M11", {&State::StabMatrix, 0}, group},
-    {"txtS21", "M21", {&State::StabMatrix, 1}},
-    {"txtS31", "M31", {&State::StabMatrix, 2}},
-    {"txtS12", "M12", {&State::StabMatrix, 3}},
-    {"txtS22", "M22", {&State::StabMatrix, 4}},
-    {"txtS32", "M32", {&State::StabMatrix, 5}},
-    {"txtS13", "M13", {&State::StabMatrix, 6}},
-    {"txtS23", "M23", {&State::StabMatrix, 7}},
-    {"txtS33", "M33", {&State::StabMatrix, 8}},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtS11", "M11", {&Sample::StabMatrix, 0}, group},
+    {"txtS21", "M21", {&Sample::StabMatrix, 1}},
+    {"txtS31", "M31", {&Sample::StabMatrix, 2}},
+    {"txtS12", "M12", {&Sample::StabMatrix, 3}},
+    {"txtS22", "M22", {&Sample::StabMatrix, 4}},
+    {"txtS32", "M32", {&Sample::StabMatrix, 5}},
+    {"txtS13", "M13", {&Sample::StabMatrix, 6}},
+    {"txtS23", "M23", {&Sample::StabMatrix, 7}},
+    {"txtS33", "M33", {&Sample::StabMatrix, 8}},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
 constexpr auto instMatrixRows = std::to_array<TextRow>({
-    {"txtHeaderI", "Header", &State::HeaderInstant},
-    {"txt11", "M11", {&State::InstMatrix, 0}, group},
-    {"txt21", "M21", {&State::InstMatrix, 1}},
-    {"txt31", "M31", {&State::InstMatrix, 2}},
-    {"txt12", "M12", {&State::InstMatrix, 3}},
-    {"txt22", "M22", {&State::InstMatrix, 4}},
-    {"txt32", "M32", {&State::InstMatrix, 5}},
-    {"txt13", "M13", {&State::InstMatrix, 6}},
-    {"txt23", "M23", {&State::InstMatrix, 7}},
-    {"txt33", "M33", {&State::InstMatrix, 8}},
-    {"txtTimerTicksI", "Timer Ticks", &State::TicksInstant, group},
-    {"txtCSI", "Check Sum", &State::ChecksumInstant},
+    {"txtHeaderI", "Header", &Sample::HeaderInstant},
+    {"txt11", "M11", {&Sample::InstMatrix, 0}, group},
+    {"txt21", "M21", {&Sample::InstMatrix, 1}},
+    {"txt31", "M31", {&Sample::InstMatrix, 2}},
+    {"txt12", "M12", {&Sample::InstMatrix, 3}},
+    {"txt22", "M22", {&Sample::InstMatrix, 4}},
+    {"txt32", "M32", {&Sample::InstMatrix, 5}},
+    {"txt13", "M13", {&Sample::InstMatrix, 6}},
+    {"txt23", "M23", {&Sample::InstMatrix, 7}},
+    {"txt33", "M33", {&Sample::InstMatrix, 8}},
+    {"txtTimerTicksI", "Timer Ticks", &Sample::TicksInstant, group},
+    {"txtCSI", "Check Sum", &Sample::ChecksumInstant},
 });
 
 constexpr auto matrixPanels = std::to_array<TextPanel>({
@@ -196,18 +195,18 @@ constexpr auto matrixPanels = std::to_array<TextPanel>({
 // Euler angles, acceleration and rate
 
 constexpr auto anglesAccRateRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtRoll", "Stabilized Roll", &State::Roll, group},
-    {"txtPitch", "Stabilized Pitch", &State::Pitch},
-    {"txtYaw", "Stabilized Yaw", &State::Yaw},
-    {"txtAccX", "Instantaneous Acceleration X", &State::InstAccX, group},
-    {"txtAccY", "Instantaneous Acceleration Y", &State::InstAccY},
-    {"txtAccZ", "Instantaneous Acceleration Z", &State::InstAccZ},
-    {"txtAngRateX", "Compensated Angular Rate X", &State::CompAngRateX, group},
-    {"txtAngRateY", "Compensated Angular Rate Y", &State::CompAngRateY},
-    {"txtAngRateZ", "Compensated Angular Rate Z", &State::CompAngRateZ},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtRoll", "Stabilized Roll", &Sample::Roll, group},
+    {"txtPitch", "Stabilized Pitch", &Sample::Pitch},
+    {"txtYaw", "Stabilized Yaw", &Sample::Yaw},
+    {"txtAccX", "Instantaneous Acceleration X", &Sample::InstAccX, group},
+    {"txtAccY", "Instantaneous Acceleration Y", &Sample::InstAccY},
+    {"txtAccZ", "Instantaneous Acceleration Z", &Sample::InstAccZ},
+    {"txtAngRateX", "Compensated Angular Rate X", &Sample::CompAngRateX, group},
+    {"txtAngRateY", "Compensated Angular Rate Y", &Sample::CompAngRateY},
+    {"txtAngRateZ", "Compensated Angular Rate Z", &Sample::CompAngRateZ},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
 constexpr auto anglesAccRatePanels = std::to_array<TextPanel>({
@@ -226,43 +225,43 @@ constexpr auto oneChannelMenu = std::to_array<MenuRow>({
 // Quaternions and vectors
 
 constexpr auto compQuatVecRows = std::to_array<TextRow>({
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtStabQuat0", "Stabilized Quaternion 0", &State::StabQuat0, group},
-    {"txtStabQuat1", "Stabilized Quaternion 1", &State::StabQuat1},
-    {"txtStabQuat2", "Stabilized Quaternion 2", &State::StabQuat2},
-    {"txtStabQuat3", "Stabilized Quaternion 3", &State::StabQuat3},
-    {"txtMagX", "Instantaneous Magnetic Field X", &State::InstMagX, group},
-    {"txtMagY", "Instantaneous Magnetic Field Y", &State::InstMagY},
-    {"txtMagZ", "Instantaneous Magnetic Field Z", &State::InstMagZ},
-    {"txtAccX", "Instantaneous Acceleration X", &State::InstAccX, group},
-    {"txtAccY", "Instantaneous Acceleration Y", &State::InstAccY},
-    {"txtAccZ", "Instantaneous Acceleration Z", &State::InstAccZ},
-    {"txtARX", "Compensated Angular Rate X", &State::CompAngRateX, group},
-    {"txtARY", "Compensated Angular Rate Y", &State::CompAngRateY},
-    {"txtARZ", "Compensated Angular Rate Z", &State::CompAngRateZ},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtStabQuat0", "Stabilized Quaternion 0", &Sample::StabQuat0, group},
+    {"txtStabQuat1", "Stabilized Quaternion 1", &Sample::StabQuat1},
+    {"txtStabQuat2", "Stabilized Quaternion 2", &Sample::StabQuat2},
+    {"txtStabQuat3", "Stabilized Quaternion 3", &Sample::StabQuat3},
+    {"txtMagX", "Instantaneous Magnetic Field X", &Sample::InstMagX, group},
+    {"txtMagY", "Instantaneous Magnetic Field Y", &Sample::InstMagY},
+    {"txtMagZ", "Instantaneous Magnetic Field Z", &Sample::InstMagZ},
+    {"txtAccX", "Instantaneous Acceleration X", &Sample::InstAccX, group},
+    {"txtAccY", "Instantaneous Acceleration Y", &Sample::InstAccY},
+    {"txtAccZ", "Instantaneous Acceleration Z", &Sample::InstAccZ},
+    {"txtARX", "Compensated Angular Rate X", &Sample::CompAngRateX, group},
+    {"txtARY", "Compensated Angular Rate Y", &Sample::CompAngRateY},
+    {"txtARZ", "Compensated Angular Rate Z", &Sample::CompAngRateZ},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
-// The sensor sends its stabilized quaternion with this packet too, so the labels say so, though it
-// goes to the fields of the instantaneous one.
+// The sensor sends its stabilized quaternion in this packet too, and the labels say so, but the
+// packet fills the fields of the instantaneous one.
 constexpr auto instQuatVecRows = std::to_array<TextRow>({
-    {"txtHeaderI", "Header", &State::HeaderInstant},
-    {"txtQuat0", "Stabilized Quaternion 0", &State::InstQuat0, group},
-    {"txtQuat1", "Stabilized Quaternion 1", &State::InstQuat1},
-    {"txtQuat2", "Stabilized Quaternion 2", &State::InstQuat2},
-    {"txtQuat3", "Stabilized Quaternion 3", &State::InstQuat3},
-    {"txtIMagX", "Instantaneous Magnetic Field X", &State::InstMagX, group},
-    {"txtIMagY", "Instantaneous Magnetic Field Y", &State::InstMagY},
-    {"txtIMagZ", "Instantaneous Magnetic Field Z", &State::InstMagZ},
-    {"txtIAccX", "Instantaneous Acceleration X", &State::InstAccX, group},
-    {"txtIAccY", "Instantaneous Acceleration Y", &State::InstAccY},
-    {"txtIAccZ", "Instantaneous Acceleration Z", &State::InstAccZ},
-    {"txtIARX", "Instantaneous Angular Rate X", &State::InstAngRateX, group},
-    {"txtIARY", "Instantaneous Angular Rate Y", &State::InstAngRateY},
-    {"txtIARZ", "Instantaneous Angular Rate Z", &State::InstAngRateZ},
-    {"txtTimerTicksI", "Timer Ticks", &State::TicksInstant, group},
-    {"txtCSI", "Check Sum", &State::ChecksumInstant},
+    {"txtHeaderI", "Header", &Sample::HeaderInstant},
+    {"txtQuat0", "Stabilized Quaternion 0", &Sample::InstQuat0, group},
+    {"txtQuat1", "Stabilized Quaternion 1", &Sample::InstQuat1},
+    {"txtQuat2", "Stabilized Quaternion 2", &Sample::InstQuat2},
+    {"txtQuat3", "Stabilized Quaternion 3", &Sample::InstQuat3},
+    {"txtIMagX", "Instantaneous Magnetic Field X", &Sample::InstMagX, group},
+    {"txtIMagY", "Instantaneous Magnetic Field Y", &Sample::InstMagY},
+    {"txtIMagZ", "Instantaneous Magnetic Field Z", &Sample::InstMagZ},
+    {"txtIAccX", "Instantaneous Acceleration X", &Sample::InstAccX, group},
+    {"txtIAccY", "Instantaneous Acceleration Y", &Sample::InstAccY},
+    {"txtIAccZ", "Instantaneous Acceleration Z", &Sample::InstAccZ},
+    {"txtIARX", "Instantaneous Angular Rate X", &Sample::InstAngRateX, group},
+    {"txtIARY", "Instantaneous Angular Rate Y", &Sample::InstAngRateY},
+    {"txtIARZ", "Instantaneous Angular Rate Z", &Sample::InstAngRateZ},
+    {"txtTimerTicksI", "Timer Ticks", &Sample::TicksInstant, group},
+    {"txtCSI", "Check Sum", &Sample::ChecksumInstant},
 });
 
 constexpr auto quatVecPanels = std::to_array<TextPanel>({

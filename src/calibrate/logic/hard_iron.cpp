@@ -1,27 +1,26 @@
 #include "calibrate/logic/hard_iron.h"
 
-#include "base/arithmetic.h"
+#include "acquire/logic/packets.h"
 #include "base/number_text.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "link/logic/words.h"
-#include "state/app_state.h"
 
 namespace orbkl4 {
 
 namespace {
 
 constexpr double milligaussPerGauss = 1000;
-constexpr double gainDivisor = 32768000;  // 32768 times 1000
 
 template <std::size_t count>
-std::optional<HardIronReply<count>> Decoded(const Bytes& reply) {
+std::optional<HardIronReply<count>> Decoded(const Bytes& reply, double magGainScale) {
     constexpr std::size_t ticks = 1 + 2 * count;
     if (!ChecksumHolds(reply, 0, ticks + 4)) return std::nullopt;
     HardIronReply<count> numbers{.header = static_cast<double>(reply[0]),
                                  .ticks = WordAt(reply, ticks),
                                  .checksum = WordAt(reply, ticks + 2)};
-    for (std::size_t i = 0; i < count; ++i) numbers.gauss[i] = GaussOf(WordAt(reply, 1 + 2 * i));
+    for (std::size_t i = 0; i < count; ++i)
+        numbers.gauss[i] = ScaledWord(WordAt(reply, 1 + 2 * i), magGainScale);
     return numbers;
 }
 
@@ -38,21 +37,14 @@ Bytes HardIronComputeRequest(std::string_view type, double magnitude) {
                     ValueToLSB(word)});
 }
 
-double GaussOf(double word) {
-    return RoundTo(ToSigned16(word) * AppState.MagGainScale / gainDivisor, 4);
+std::optional<HardIronCollected> DecodeHardIronCollectReply(const Bytes& reply,
+                                                            double magGainScale) {
+    return Decoded<9>(reply, magGainScale);
 }
 
-bool CheckHardIronInitReply() {
-    const Bytes& reply = AppState.CommandBytes;
-    return ChecksumHolds(reply, 0, ReplyLength(DeviceCommand::CmdHardIronInit));
-}
-
-std::optional<HardIronCollected> DecodeHardIronCollectReply() {
-    return Decoded<9>(AppState.CommandBytes);
-}
-
-std::optional<HardIronComputed> DecodeHardIronComputeReply() {
-    return Decoded<3>(AppState.CommandBytes);
+std::optional<HardIronComputed> DecodeHardIronComputeReply(const Bytes& reply,
+                                                           double magGainScale) {
+    return Decoded<3>(reply, magGainScale);
 }
 
 }  // namespace orbkl4

@@ -37,16 +37,12 @@ bool IsBelowHardIronFirmware(double firmwareNumber);
 /// magnitude in gauss; error 6 (overflow) beyond 16 bits of milligauss.
 Bytes HardIronComputeRequest(std::string_view type, double magnitude);
 
-/// A field or offset word in gauss, by `MagGainScale`, four decimals.
-double GaussOf(double word);
+/// The numbers of the 23-byte `reply` to a collection, with the gain scale of EEPROM word 232;
+/// nothing for a bad checksum.
+std::optional<HardIronCollected> DecodeHardIronCollectReply(const Bytes& reply,
+                                                            double magGainScale);
 
-/// Whether the checksum of the 5-byte reply in `AppState.CommandBytes` holds.
-bool CheckHardIronInitReply();
-
-/// The numbers of the 23-byte reply in `AppState.CommandBytes`, nothing for a bad checksum.
-std::optional<HardIronCollected> DecodeHardIronCollectReply();
-
-/// The numbers of the 11-byte reply in `AppState.CommandBytes`, nothing for a bad checksum.
-std::optional<HardIronComputed> DecodeHardIronComputeReply();
+/// The numbers of the 11-byte `reply` to a computation, likewise.
+std::optional<HardIronComputed> DecodeHardIronComputeReply(const Bytes& reply, double magGainScale);
 
 }  // namespace orbkl4

@@ -1,20 +1,13 @@
 #include "calibrate/screens/self_test.h"
 
-#include "acquire/closed_port.h"
-#include "acquire/logic/packets.h"
-#include "acquire/logic/sampling.h"
-#include "acquire/watchdog.h"
 #include "base/number_text.h"
 #include "errors/trap.h"
 #include "link/communication.h"
-#include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
-#include "platform/controls/cw_button.h"
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/system/clock.h"
-#include "platform/windows/boxes.h"
+#include "platform/events/mscomm.h"
 #include "platform/windows/resize_tracking.h"
 #include "state/app_state.h"
 
@@ -30,8 +23,6 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr auto command = DeviceCommand::CmdRawSensorBits;
-
 constexpr MenuRow menuTree[] = {
     {"mnuFile", "&File"},
     {"mnuSample", "&Sample", "mnuFile"},
@@ -39,23 +30,22 @@ constexpr MenuRow menuTree[] = {
     {"mnuReturn", "&Return", "mnuFile"},
 };
 
-using State = SampleStateRecord;
-constexpr bool group = true;  // stands off from the row above
+constexpr bool group = true;  // has extra space above
 
-/// The first and the last two are no plots.
+/// The first row and the last two have no plot.
 constexpr TextRow rows[] = {
-    {"txtHeader", "Header", &State::HeaderGyro},
-    {"txtRawMag1", "Mag 1 (solid)", &State::RawMag1, group},
-    {"txtRawMag2", "Mag 2 (dash)", &State::RawMag2},
-    {"txtRawMag3", "Mag 3 (dot)", &State::RawMag3},
-    {"txtRawAcc1", "Acc 1 (solid)", &State::RawAcc1, group},
-    {"txtRawAcc2", "Acc 2 (dash)", &State::RawAcc2},
-    {"txtRawAcc3", "Acc 3 (dot)", &State::RawAcc3},
-    {"txtRawAngRate1", "Ang Rate 1 (solid)", &State::RawAngRate1, group},
-    {"txtRawAngRate2", "Ang Rate 2 (dash)", &State::RawAngRate2},
-    {"txtRawAngRate3", "Ang Rate 3 (dot)", &State::RawAngRate3},
-    {"txtTimerTicks", "Timer Ticks", &State::TicksGyro, group},
-    {"txtCS", "Check Sum", &State::ChecksumGyro},
+    {"txtHeader", "Header", &Sample::HeaderGyro},
+    {"txtRawMag1", "Mag 1 (solid)", &Sample::RawMag1, group},
+    {"txtRawMag2", "Mag 2 (dash)", &Sample::RawMag2},
+    {"txtRawMag3", "Mag 3 (dot)", &Sample::RawMag3},
+    {"txtRawAcc1", "Acc 1 (solid)", &Sample::RawAcc1, group},
+    {"txtRawAcc2", "Acc 2 (dash)", &Sample::RawAcc2},
+    {"txtRawAcc3", "Acc 3 (dot)", &Sample::RawAcc3},
+    {"txtRawAngRate1", "Ang Rate 1 (solid)", &Sample::RawAngRate1, group},
+    {"txtRawAngRate2", "Ang Rate 2 (dash)", &Sample::RawAngRate2},
+    {"txtRawAngRate3", "Ang Rate 3 (dot)", &Sample::RawAngRate3},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 };
 
 constexpr TextPanel panel{"fraBits", "Raw Sensor Bits", "LED", 0, rows};
@@ -73,10 +63,11 @@ constexpr QSize designSize(1060, 560);
 SelfTest::SelfTest() : Screen("SelfTest", "Self Test") {
     BuildMenu(menuTree);
     BuildLayout();
-    connect(&Menu("mnuSample"), &MenuEntry::Click, this, &SelfTest::mnuSample_Click);
+    channel_.emplace(BindChannel(
+        ChannelsOf("SelfTest").front(), *this,
+        {.show = [this] { ShowSample(); }, .atStart = [this] { ClearAll(); }, .atStop = {}}));
+    ConnectChannel(*channel_);
     connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &SelfTest::mnuReturn_Click);
-    connect(&port_, &MSComm::OnComm, this, &SelfTest::MSComm1_OnComm);
-    connect(&timer_, &Timer::Tick, this, &SelfTest::TimerSampling_Timer);
     ConnectShifts();
 }
 
@@ -84,31 +75,29 @@ void SelfTest::BuildLayout() {
     auto* left = new QVBoxLayout;
     left->addWidget(BuildPanel(this, panel, fields_), 1);
     left->addWidget(BuildShift());
-    led_ = findChild<CWButton*>(QLatin1String(panel.led));
     auto* panels = new QHBoxLayout;
     panels->addLayout(left, 1);
     panels->addWidget(BuildGraph(), 2);
-    lblWarning_ = MakeWarning(this);
     auto* column = new QVBoxLayout(this);
     column->addLayout(panels, 1);
-    column->addWidget(lblWarning_, 0, Qt::AlignRight);
+    column->addWidget(MakeWarning(this), 0, Qt::AlignRight);
     DesignSize(designSize);
 }
 
 QGroupBox* SelfTest::BuildShift() {
-    fraShift_ = MakeFrame(this, "fraShift", "Shift");
-    auto* column = new QVBoxLayout(fraShift_);
+    auto* frame = MakeFrame(this, "fraShift", "Shift");
+    auto* column = new QVBoxLayout(frame);
     for (std::size_t i = 0; const SelfTestShift& shift : selfTestShifts) {
-        auto* check = new QCheckBox(ToQString(shift.caption), fraShift_);
+        auto* check = new QCheckBox(ToQString(shift.caption), frame);
         check->setObjectName(ToQString(shift.control));
         column->addWidget(check);
         checks_.at(i++) = check;
     }
-    lblSelfTestByte_ = MakeLabel(fraShift_, "lblSelfTestByte", "0");
+    lblSelfTestByte_ = MakeLabel(frame, "lblSelfTestByte", "0");
     column->addWidget(lblSelfTestByte_, 0, Qt::AlignRight);
-    KeepLarger(*lblSelfTestByte_, readoutGrowth);
-    fraShift_->setEnabled(false);
-    return fraShift_;
+    KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
+    frame->setEnabled(false);
+    return frame;
 }
 
 QGroupBox* SelfTest::BuildGraph() {
@@ -129,68 +118,6 @@ void SelfTest::ConnectShifts() {
     }
 }
 
-void SelfTest::mnuSample_Click() {
-    Trap("mnuSample_Click", [this] {
-        if (Menu("mnuSample").Checked()) {
-            Stop();
-        } else {
-            Start();
-        }
-    });
-}
-
-void SelfTest::Start() {
-    Menu("mnuSample").Checked(true);
-    ClearSelfTestFields();
-    graph_->Clear();
-    led_->Value(false);
-    port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
-    OpenCommPort(port_, *this);
-    timer_.Enabled(true);
-    StartSampleTime(PerformanceCounter());
-    fraShift_->setEnabled(true);
-    AppState.CommandBytes = Request(command);
-    port_.Output(AppState.CommandBytes);
-}
-
-void SelfTest::Stop() {
-    timer_.Enabled(false);
-    CloseCommPort(port_, *this);
-    fraShift_->setEnabled(false);
-    Menu("mnuSample").Checked(false);
-    led_->Value(false);
-    SampleState.LastWrittenTicks = 0;
-}
-
-void SelfTest::MSComm1_OnComm() {
-    Trap("MSComm1_OnComm", [this] {
-        NoteReply(*lblWarning_);
-        InputUnlessClosed(port_, AppState.CommandBytes);
-        TakeSample();
-    });
-}
-
-void SelfTest::TakeSample() {
-    if (!HasFrames(AppState.CommandBytes, command)) {
-        RequestSample();
-        return;
-    }
-    StampSampleTime(PerformanceCounter());
-    if (!DecodeRawBits()) {
-        RequestSample();
-        led_->Value(false);
-        return;
-    }
-    led_->Value(true);
-    ShowSample();
-    RequestSample();
-}
-
-void SelfTest::RequestSample() {
-    AppState.CommandBytes.assign(1, ByteOf(command));
-    OutputUnlessClosed(port_, AppState.CommandBytes);
-}
-
 void SelfTest::ShowSample() const {
     for (const auto& [field, text] : fields_) text->Text(ScreenText(field.In(SampleState)));
     std::array<double, plots> words{};
@@ -203,36 +130,29 @@ void SelfTest::ClearSelfTestFields() const {
     for (const auto& shown : fields_) shown.control->Text("");
 }
 
-void SelfTest::TimerSampling_Timer() {
-    Trap("TimerSampling_Timer", [this] {
-        WatchdogTick(timer_, *lblWarning_, Menu("mnuSample").Checked(),
-                     [this] { mnuSample_Click(); });
-    });
+void SelfTest::ClearAll() const {
+    ClearSelfTestFields();
+    graph_->Clear();
 }
 
 void SelfTest::Shift_Click(const SelfTestShift& shift) {
     Trap(std::string(shift.control) + "_Click", [this] { SendSelfTestByte(); });
 }
 
-/// The request goes out in between those for samples; what comes back for it spoils a sample.
+/// The request goes out between those for samples; bytes that come back for it spoil a sample.
 void SelfTest::SendSelfTestByte() {
     try {
         std::array<bool, selfTestShifts.size()> ticked{};
         for (std::size_t i = 0; i < ticked.size(); ++i) ticked.at(i) = checks_.at(i)->isChecked();
         const std::uint8_t sum = SelfTestByte(ticked);
         lblSelfTestByte_->setText(QString::number(sum));
-        AppState.CommandBytes = Request(DeviceCommand::CmdSelfTest, {sum});
-        port_.Output(AppState.CommandBytes);
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): it is to end without a word
+        Send(channel_->port, Request(DeviceCommand::CmdSelfTest, {sum}));
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): it ends silently
     }
 }
 
 void SelfTest::mnuReturn_Click() {
-    Trap("mnuReturn_Click", [this] {
-        MousePointer(Pointer::Default);
-        SampleState.LastWrittenTicks = 0;
-        Unload();
-    });
+    Trap("mnuReturn_Click", [this] { ReturnToMain(*this); });
 }
 
 }  // namespace orbkl4

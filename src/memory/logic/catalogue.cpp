@@ -1,7 +1,5 @@
 #include "memory/logic/catalogue.h"
 
-#include "link/logic/words.h"
-
 #include <algorithm>
 
 namespace orbkl4 {
@@ -11,7 +9,7 @@ namespace {
 using enum EepromAccess;
 
 // The name at 166 ends in M12 like that at 160, and long names are cut short: so they are shown.
-constexpr std::array<EepromWord, eepromWordCount> words{{
+constexpr auto words = std::to_array<EepromWord>({
     {0, "Unused", 0, 0, Advanced},
     {2, "X Accelerometer Offset", 0, 65535, Advanced},
     {4, "Y Accelerometer Offset", 0, 65535, Advanced},
@@ -140,7 +138,7 @@ constexpr std::array<EepromWord, eepromWordCount> words{{
     {250, "Unused", 0, 0, Advanced},
     {252, "Unused", 0, 0, Advanced},
     {254, "Unused", 0, 0, Advanced},
-}};
+});
 
 constexpr auto CountOf(EepromAccess access) {
     return std::ranges::count(words, access, &EepromWord::access);
@@ -164,14 +162,6 @@ static_assert(
 }  // namespace
 
 constexpr std::array<EepromWord, eepromWordCount> eepromCatalogue = words;
-
-double NumberOfWord(eeprom::Address address, double word) {
-    return IsSignedAddress(address) ? ToSigned16(word) : word;
-}
-
-double WordOfNumber(eeprom::Address address, double number) {
-    return IsSignedAddress(address) ? ToUnsigned16(number) : number;
-}
 
 std::string_view RemarkOf(EepromAccess access) {
     return access == User ? "User may modify." : "User may not modify.";

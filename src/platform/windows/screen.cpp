@@ -1,6 +1,6 @@
 #include "platform/windows/screen.h"
 
-#include "platform/controls/cw_num_edit.h"
+#include "platform/windows/pending_input.h"
 #include "platform/windows/resize.h"
 #include "platform/windows/screen_registry.h"
 
@@ -41,9 +41,7 @@ void Screen::BuildMenu(std::span<const MenuRow> rows) {
             return std::string_view(other.menu) == row.name;
         };
         if (std::ranges::none_of(rows, isEntryOfIt)) continue;
-        // A menu takes no focus from the field that is being typed in.
-        connect(entry->MakeMenu(this), &QMenu::aboutToShow, this,
-                [] { CWNumEdit::CommitPending(); });
+        connect(entry->MakeMenu(this), &QMenu::aboutToShow, this, CommitPendingInput);
     }
 }
 

@@ -2,22 +2,19 @@
 
 #include "base/arithmetic.h"
 #include "link/logic/frame_check.h"
-#include "state/app_state.h"
-#include "state/sample_state.h"
 
 #include <cmath>
 
 namespace orbkl4 {
 
-bool CheckTemperatureReply(double& word) {
+bool CheckTemperatureReply(const Bytes& reply, Sample& sample, double& word) {
     constexpr double wordValues = 65536;
-    const Bytes& reply = AppState.CommandBytes;
     word = WordAt(reply, 1);
-    SampleState.HeaderGyro = ByteAt(reply, 0);
-    SampleState.TicksGyro = WordAt(reply, 3);
-    SampleState.ChecksumGyro = WordAt(reply, 5);
-    SampleState.CalcChecksumGyro = std::fmod(FrameSum(reply, 0, reply.size()), wordValues);
-    return SampleState.CalcChecksumGyro == SampleState.ChecksumGyro;
+    sample.HeaderGyro = ByteAt(reply, 0);
+    sample.TicksGyro = WordAt(reply, 3);
+    sample.ChecksumGyro = WordAt(reply, 5);
+    sample.CalcChecksumGyro = std::fmod(FrameSum(reply, 0, reply.size()), wordValues);
+    return sample.CalcChecksumGyro == sample.ChecksumGyro;
 }
 
 double CelsiusOf(double word) { return RoundTo((word * 5 / 65536 - 0.5) * 100, 1); }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "base/bytes.h"
+#include "state/sample_state.h"
+
 namespace orbkl4 {
 
-/// Takes the 7-byte reply in `AppState.CommandBytes` apart: its temperature word goes to `word`,
-/// the rest into `SampleState`. Whether its checksum holds.
-bool CheckTemperatureReply(double& word);
+/// Whether the checksum of the 7-byte `reply` holds; its temperature word goes to `word`, header,
+/// ticks and checksums to the gyro side of `sample`, in either case.
+bool CheckTemperatureReply(const Bytes& reply, Sample& sample, double& word);
 
 /// Degrees Celsius of a raw temperature word, one decimal; 5 V full scale, 0.5 V at 0, 10 mV each.
 double CelsiusOf(double word);

@@ -4,7 +4,6 @@
 #include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/frame_check.h"
-#include "link/logic/requests.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
@@ -85,7 +84,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     constexpr int digits = 7;
     auto* field = Named(new TextField(this), name);
     field->Decimals(1);
-    KeepLarger(*field, readoutGrowth);
+    KeepFontScaled(*field, readoutGrowth);
     field->Characters(digits);
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
@@ -108,23 +107,22 @@ void GetTemperature::cmdGet_Click() {
         slide_->Value(0);
         port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
         OpenCommPort(port_, *this);
-        AppState.CommandBytes = Request(command);
-        port_.Output(AppState.CommandBytes);
+        Send(port_, command);
     });
 }
 
 void GetTemperature::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         port_.Input(AppState.CommandBytes);
-        TakeReply();
+        ShowReply();
         CloseCommPort(port_, *this);
     });
 }
 
-void GetTemperature::TakeReply() {
+void GetTemperature::ShowReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
-    } else if (!CheckTemperatureReply(degreesCelsius_)) {
+    } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {
         ShowMessage("Temperature return failed!");
     } else {
         degreesCelsius_ = CelsiusOf(degreesCelsius_);

@@ -1,7 +1,6 @@
 #include "acquire/logic/sampling.h"
 
 #include "base/run_time_error.h"
-#include "state/app_state.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +10,9 @@
 namespace orbkl4 {
 namespace {
 
-class Sampling : public testing::Test {
-  protected:
-    void SetUp() override {
-        AppState = {};
-        SampleState = {};
-    }
-};
-
-TEST_F(Sampling, TimeTextHasTwoDecimalsAndNoBlank) {
-    AppState.CounterFrequency = 1000000000;
+TEST(SampleTime, TimeTextHasTwoDecimalsAndNoBlank) {
+    constexpr std::int64_t frequency = 1'000'000'000;
+    Sampling sampling;
     struct Case {
         std::int64_t nanoseconds;
         const char* text;
@@ -35,13 +27,12 @@ TEST_F(Sampling, TimeTextHasTwoDecimalsAndNoBlank) {
                               {1'500'000'000, "1.5"},
                               {60'000'000'000, "60"},
                               {86'400'010'000'000, "86400.01"}})) {
-        StartSampleTime(-7);
-        StampSampleTime(nanoseconds - 7);
-        EXPECT_EQ(SampleState.SampleTimeText, text);
-        EXPECT_EQ(SampleState.SampleNowCount, nanoseconds - 7);
+        StartSampleTime(sampling, -7);
+        StampSampleTime(sampling, nanoseconds - 7, frequency);
+        EXPECT_EQ(sampling.SampleTimeText, text);
+        EXPECT_EQ(sampling.SampleNowCount, nanoseconds - 7);
     }
-    AppState.CounterFrequency = 0;
-    EXPECT_THROW(StampSampleTime(1), RuntimeError);
+    EXPECT_THROW(StampSampleTime(sampling, 1, 0), RuntimeError);
 }
 
 /// One sample's ticks, whether it is to be written, and `LastWrittenTicks` after the step.
@@ -51,18 +42,20 @@ struct Step {
     double lastWritten;
 };
 
-void ExpectSteps(Side side, double& sideTicks, const std::vector<Step>& steps) {
+void ExpectSteps(Sampling& sampling, Sample& sample, Side side, const std::vector<Step>& steps) {
     for (const auto& [ticks, due, lastWritten] : steps) {
-        sideTicks = ticks;
-        EXPECT_EQ(TakeThrottleStep(side), due) << ticks;
-        if (due) MarkSampleWritten(side);
-        EXPECT_EQ(SampleState.LastWrittenTicks, lastWritten) << ticks;
+        (side == Side::Gyro ? sample.TicksGyro : sample.TicksInstant) = ticks;
+        EXPECT_EQ(TakeThrottleStep(sampling, sample, side), due) << ticks;
+        if (due) MarkSampleWritten(sampling, sample, side);
+        EXPECT_EQ(sampling.LastWrittenTicks, lastWritten) << ticks;
     }
 }
 
-TEST_F(Sampling, ThrottleOfTheGyroSideCarriesTheWrapOnce) {
-    SampleState.WriteIntervalTicks = 153;
-    ExpectSteps(Side::Gyro, SampleState.TicksGyro,
+TEST(WriteThrottle, TheGyroSideCarriesTheWrapOnce) {
+    Sample sample;
+    Sampling sampling;
+    sampling.WriteIntervalTicks = 153;
+    ExpectSteps(sampling, sample, Side::Gyro,
                 {{152, false, 0},
                  {153, true, 153},
                  {305, false, 153},
@@ -73,22 +66,25 @@ TEST_F(Sampling, ThrottleOfTheGyroSideCarriesTheWrapOnce) {
                  {117, true, 117}});
 }
 
-TEST_F(Sampling, ThrottleOfTheInstantSideLooksAtTheStaleGyroTicks) {
-    SampleState.WriteIntervalTicks = 1000;
+TEST(WriteThrottle, TheInstantSideLooksAtTheStaleGyroTicks) {
+    Sample sample;
+    Sampling sampling;
+    sampling.WriteIntervalTicks = 1000;
     // No gyro packet yet, its ticks are 0: from the first written sample on, all are due.
-    ExpectSteps(Side::Instant, SampleState.TicksInstant,
+    ExpectSteps(sampling, sample, Side::Instant,
                 {{999, false, 0}, {1000, true, 1000}, {1001, true, 1001}, {5, true, 5}});
-    SampleState.TicksGyro = 60000;  // stale but above: the interval holds
-    SampleState.LastWrittenTicks = 2000;
-    ExpectSteps(Side::Instant, SampleState.TicksInstant, {{2999, false, 2000}});
+    sample.TicksGyro = 60000;  // stale but above: the interval holds
+    sampling.LastWrittenTicks = 2000;
+    ExpectSteps(sampling, sample, Side::Instant, {{2999, false, 2000}});
 }
 
-TEST_F(Sampling, AReplyIsOverdueBeyondOneWholeSecond) {
-    EXPECT_TRUE(ReplyOverdue(1000));  // none has ever come
-    SampleState.LastReplyTime = 1000;
-    EXPECT_FALSE(ReplyOverdue(1000));
-    EXPECT_FALSE(ReplyOverdue(1001));
-    EXPECT_TRUE(ReplyOverdue(1002));
+TEST(Watchdog, AReplyIsOverdueBeyondOneWholeSecond) {
+    Sampling sampling;
+    EXPECT_TRUE(ReplyOverdue(sampling, 1000));  // none has ever come
+    sampling.LastReplyTime = 1000;
+    EXPECT_FALSE(ReplyOverdue(sampling, 1000));
+    EXPECT_FALSE(ReplyOverdue(sampling, 1001));
+    EXPECT_TRUE(ReplyOverdue(sampling, 1002));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/screen_registry.h"
-#include "simulator/surroundings.h"
+#include "simulator/environment.h"
 #include "state/app_state.h"
 #include "support/box_answerer.h"
 #include "support/frames.h"

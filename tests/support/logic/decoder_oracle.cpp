@@ -1,11 +1,9 @@
 #include "support/logic/decoder_oracle.h"
 
-#include "acquire/logic/packets.h"
 #include "state/app_state.h"
 #include "state/sample_state.h"
 
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -17,7 +15,7 @@ SampleStateRecord& s = SampleState;
 
 using Fields = std::vector<double*>;
 
-Fields Elements(SampleStateRecord::Matrix& matrix) {
+Fields Elements(Sample::Matrix& matrix) {
     Fields elements;
     for (double& element : matrix) elements.push_back(&element);
     return elements;
@@ -85,12 +83,10 @@ long double ScaleOf(char kind) {
     return kind == 'e' || kind == 'u' ? 10 : 10000;
 }
 
-/// All numbers of `state`: they stand in one row, from the first header to the yaw.
-std::vector<double> NumbersOf(const SampleStateRecord& state) {
-    const std::size_t offset = offsetof(SampleStateRecord, HeaderGyro);
-    const std::size_t end = offsetof(SampleStateRecord, Yaw) + sizeof(double);
-    std::vector<double> numbers((end - offset) / sizeof(double));
-    std::memcpy(numbers.data(), reinterpret_cast<const char*>(&state) + offset, end - offset);
+/// All numbers of `sample`, which holds nothing else.
+std::vector<double> NumbersOf(const Sample& sample) {
+    std::vector<double> numbers(sizeof sample / sizeof(double));
+    std::memcpy(numbers.data(), &sample, sizeof sample);
     return numbers;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquire/logic/decoders.h"
 #include "base/bytes.h"
 
 #include <string>
@@ -8,11 +9,11 @@
 
 namespace orbkl4 {
 
-/// What a decoder must do, told without the packet table: where each word goes, and its kind as a
+/// What a decoder must do, independent of the packet table: where each word goes, and its kind as a
 /// letter: r raw, m magnetic, a acceleration, g angular rate, q quaternion, e angle, u angle
 /// without sign, x matrix.
 struct DecoderRow {
-    bool (*decode)();
+    Decoder decode;
     unsigned command;
     bool isGyro;
     std::string_view kinds;

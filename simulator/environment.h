@@ -11,29 +11,29 @@ namespace orbkl4sim {
 inline constexpr Vector3 kEarthField{0.18, 0, 0.52};
 /// Gravity in g; a level sensor at rest reads 0, 0, 1.
 inline constexpr Vector3 kGravity{0, 0, 1};
-/// What the iron that turns with the sensor adds to the field, in gauss.
+/// Constant field of the iron fixed to the sensor, in gauss, body axes.
 inline constexpr Vector3 kHardIron{0.06, -0.04, 0.08};
-/// What the gyros read when nothing turns, in rad/s.
+/// What the gyros measure at rest, in rad/s.
 inline constexpr Vector3 kGyroBias{0.02, -0.015, 0.01};
 
-/// What the sensing elements give at one moment, body axes, before any correction.
+/// The physical quantities at one moment, in body axes, as the sensing elements measure them.
 struct Reading {
     Vector3 field;          // gauss
     Vector3 acceleration;   // g
     Vector3 rate;           // rad/s
     Quaternion attitude;    // the true one
-    Quaternion unfiltered;  // the attitude without the gyros' help: it trembles
+    Quaternion unfiltered;  // the attitude without gyro stabilization: it is noisy
 };
 
-/// The place that the sensor is in: its motion, the fields round it, and noise.
-class Surroundings {
+/// The physical quantities around the sensor: its motion, earth field, gravity and noise.
+class Environment {
   public:
-    Surroundings(Motion motion, bool noisy, std::uint64_t seed);
+    Environment(Motion motion, bool noisy, std::uint64_t seed);
 
-    /// What the elements give at `time`.
+    /// The quantities at `time`.
     Reading Read(Time time);
 
-    /// Moves the sensor by `motion` from now on.
+    /// Sets how the sensor moves from now on.
     void SetMotion(Motion motion) { motion_ = std::move(motion); }
 
   private:

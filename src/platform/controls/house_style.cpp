@@ -1,12 +1,12 @@
-#include "platform/windows/look.h"
+#include "platform/controls/house_style.h"
 
 #include "platform/controls/accessible_controls.h"
+#include "platform/windows/colours.h"
 #include "platform/windows/painted_icon.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
-#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QPolygonF>
@@ -35,7 +35,7 @@ bool HasTabularDigits(const QFont& font) {
 void PaintMoreArrows(QPainter& painter, const QRectF& box) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look::ink, box.height() / 10));
+    painter.setPen(QPen(colours::ink, box.height() / 10));
     const double half = box.height() / 5;
     for (const double left : {-half, half / 2}) {
         const QPointF tip = box.center() + QPointF(left + half, 0);
@@ -128,52 +128,36 @@ QFont HouseFont(QFont font) {
 }
 
 QPalette HousePalette() {
-    QPalette palette(look::window);
-    palette.setColor(QPalette::Window, look::window);
-    palette.setColor(QPalette::WindowText, look::ink);
+    QPalette palette(colours::window);
+    palette.setColor(QPalette::Window, colours::window);
+    palette.setColor(QPalette::WindowText, colours::ink);
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xF6, 0xF8, 0xFA));
-    palette.setColor(QPalette::Text, look::ink);
-    palette.setColor(QPalette::PlaceholderText, look::disabledInk);
+    palette.setColor(QPalette::Text, colours::ink);
+    palette.setColor(QPalette::PlaceholderText, colours::disabledInk);
     palette.setColor(QPalette::Button, QColor(0xF4, 0xF6, 0xF9));
-    palette.setColor(QPalette::ButtonText, look::ink);
-    palette.setColor(QPalette::Highlight, look::accent);
+    palette.setColor(QPalette::ButtonText, colours::ink);
+    palette.setColor(QPalette::Highlight, colours::accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::ToolTipBase, Qt::white);
-    palette.setColor(QPalette::ToolTipText, look::ink);
-    palette.setColor(QPalette::Link, look::accent);
-    palette.setColor(QPalette::Mid, look::line);
+    palette.setColor(QPalette::ToolTipText, colours::ink);
+    palette.setColor(QPalette::Link, colours::accent);
+    palette.setColor(QPalette::Mid, colours::line);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, look::disabledInk);
+        palette.setColor(QPalette::Disabled, role, colours::disabledInk);
     }
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF1, 0xF3, 0xF6));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, look::line);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours::line);
     return palette;
 }
 
 }  // namespace
 
-void ApplyHouseLook() {
+void ApplyHouseStyle() {
     InstallAccessibleControls();
     QApplication::setStyle(new HouseStyle);
     QApplication::setPalette(HousePalette());
     QApplication::setFont(HouseFont(QApplication::font()));
-}
-
-void MakeWarning(QLabel& label) {
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, look::warning);
-    label.setPalette(palette);
-    QFont bold;  // only the weight is the label's own, the size stays its screen's
-    bold.setBold(true);
-    label.setFont(bold);
-}
-
-void KeepReadableDisabled(QWidget& frame) {
-    QPalette palette = frame.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, look::paleInk);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, look::paleInk);
-    frame.setPalette(palette);
 }
 
 }  // namespace orbkl4

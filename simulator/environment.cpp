@@ -1,4 +1,4 @@
-#include "simulator/surroundings.h"
+#include "simulator/environment.h"
 
 #include <numbers>
 #include <utility>
@@ -15,10 +15,10 @@ constexpr double kAttitudeNoise = 0.005 * std::numbers::pi / 180;  // rad
 
 }  // namespace
 
-Surroundings::Surroundings(Motion motion, bool noisy, std::uint64_t seed)
+Environment::Environment(Motion motion, bool noisy, std::uint64_t seed)
     : motion_(std::move(motion)), noisy_(noisy), random_(seed) {}
 
-Reading Surroundings::Read(Time time) {
+Reading Environment::Read(Time time) {
     const Pose pose = motion_(time);
     const Quaternion earthToBody = Conjugate(pose.attitude);
     return {Rotate(earthToBody, kEarthField) + kHardIron + Noise(kFieldNoise),
@@ -27,7 +27,7 @@ Reading Surroundings::Read(Time time) {
             pose.attitude * FromRotationVector(Noise(kAttitudeNoise))};
 }
 
-Vector3 Surroundings::Noise(double deviation) {
+Vector3 Environment::Noise(double deviation) {
     if (!noisy_) return {};
     std::normal_distribution<double> noise(0, deviation);
     const double x = noise(random_);

@@ -1,4 +1,4 @@
-#include "link/reply_question.h"
+#include "link/checked_reply.h"
 
 #include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
@@ -8,7 +8,7 @@
 
 namespace orbkl4 {
 
-ReplyVerdict TakeReply(MSComm& port, DeviceCommand command) {
+ReplyVerdict TakeCheckedReply(MSComm& port, DeviceCommand command) {
     port.Input(AppState.CommandBytes);
     const ReplyFault fault = CheckReply(AppState.CommandBytes, command);
     if (fault == ReplyFault::None) return ReplyVerdict::Good;

@@ -1,4 +1,4 @@
-#include "platform/windows/look.h"
+#include "platform/controls/house_style.h"
 
 #include "platform/controls/cw_knob.h"
 #include "platform/controls/cw_slide.h"
@@ -14,7 +14,7 @@ namespace orbkl4 {
 namespace {
 
 TEST(Look, LetsAssistiveTechnologyReadTheControls) {
-    ApplyHouseLook();
+    ApplyHouseStyle();
     TextField field;
     field.Text("-179.9");
     CWKnob knob;
@@ -39,7 +39,7 @@ TEST(Look, LetsAssistiveTechnologyReadTheControls) {
 }
 
 TEST(Look, ShowsWhatIsDisabled) {
-    ApplyHouseLook();
+    ApplyHouseStyle();
     const QPalette palette = QApplication::palette();
     EXPECT_NE(palette.color(QPalette::Disabled, QPalette::Text),
               palette.color(QPalette::Active, QPalette::Text));
