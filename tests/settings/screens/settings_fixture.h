@@ -36,10 +36,10 @@ class SettingsTest : public ScreenTest {
     }
     ~SettingsTest() override { ReplaceTickCount(nullptr); }
 
-    /// Opens `name`, whose reads tick as soon as a reply is in.
-    Screen& OpenReading(const char* name) {
+    /// Opens `name`, whose reads tick as soon as a reply is in, or after `patience` milliseconds.
+    Screen& OpenReading(const char* name, int patience = 1500) {
         Screen& screen = Open(name);
-        new TickOnReply(Get<Timer>(screen, "TimerRead"), Get<MSComm>(screen, "MSComm3"));
+        new TickOnReply(Get<Timer>(screen, "TimerRead"), Get<MSComm>(screen, "MSComm3"), patience);
         return screen;
     }
 

@@ -5,6 +5,7 @@
 #include "platform/windows/menu_entry.h"
 #include "platform/windows/screen.h"
 #include "simulator/simulator.h"
+#include "support/patient_clock.h"
 #include "support/temporary_folders.h"
 
 #include <QAbstractButton>
@@ -58,6 +59,7 @@ class ScreenTest : public testing::Test {
     std::vector<Bytes> Heard(std::size_t least = 0) const;
 
     TemporaryFolders folders;
+    PatientClock clock;
     orbkl4sim::Simulator sensor;
     MdiFrame frame{"MDIForm1", "Frame"};
 };
