@@ -25,8 +25,8 @@ constexpr int bitsPerByte = 10;  // start bit, 8 data bits, stop bit
 
 int HandleOf(const QSerialPort& line) { return static_cast<int>(line.handle()); }
 
-/// Lets a USB adapter hand over each reply at once instead of after up to 16 ms; drivers that know
-/// no such flag refuse, which does no harm.
+/// Makes a USB adapter deliver each reply at once instead of after up to 16 ms. Drivers without
+/// this flag refuse, which does no harm.
 void SetLowLatency([[maybe_unused]] int handle) {
 #ifdef Q_OS_LINUX
     serial_struct serial{};
@@ -118,8 +118,8 @@ bool HasSomethingToRead(const QSerialPort& line) {
 }
 
 void SendAtOnce(QSerialPort& line, const Bytes& bytes) {
-    // Straight to the system: the port object's own write would have the event loop wake twice more
-    // for each request. It takes what the line has no room for, and reports a line that is gone.
+    // Straight to the system, as QSerialPort's own write would wake the event loop twice more for
+    // each request. QSerialPort takes what the line has no room for, and reports a dead line.
     const auto* data = reinterpret_cast<const char*>(bytes.data());
     const auto count = static_cast<qint64>(bytes.size());
     const bool inOrder = line.bytesToWrite() == 0;

@@ -18,7 +18,7 @@ constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
 constexpr double twipsPerInch = 1440;
 
-/// The strip that bears the title of the child on show.
+/// The strip that shows the title of the visible child.
 QLabel* MakeHeading() {
     auto* heading = new QLabel;
     heading->setObjectName(QStringLiteral("lblHeading"));

@@ -4,10 +4,10 @@
 #include "platform/windows/resize.h"
 #include "platform/windows/screen_registry.h"
 
-#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPushButton>
 
 #include <algorithm>
 #include <string_view>
@@ -62,8 +62,8 @@ void Screen::keyPressEvent(QKeyEvent* event) {
 }
 
 void Screen::PressEnter() {
-    auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
-    QAbstractButton* pressed = focused != nullptr ? focused : defaultButton_;
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    QPushButton* pressed = focused != nullptr ? focused : defaultButton_;
     if (pressed != nullptr) pressed->animateClick();
 }
 

@@ -1,6 +1,7 @@
 #include "driver_plugin.h"
 
 #include "end_to_end/wire_text.h"
+#include "support/offscreen_noise.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -27,16 +28,16 @@ namespace orbkl4::test {
 
 namespace {
 
-// An order is its name and what it is about; what it returns is the answer.
+// A command is its name and arguments; it returns its answer.
 using Words = std::vector<std::string>;
 
 constexpr const char* answeredMark = "answeredByDriver";
 
 [[noreturn]] void Refuse(const std::string& why) { throw std::runtime_error(why); }
 
-/// Does `deed` after the answer: it may open a box and last until that is answered.
-void DoSoon(std::function<void()> deed) {
-    QMetaObject::invokeMethod(qApp, std::move(deed), Qt::QueuedConnection);
+/// Runs `action` after the answer, as it may open a box and block until that is answered.
+void RunLater(std::function<void()> action) {
+    QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection);
 }
 
 bool IsScreen(const QWidget* widget) {
@@ -50,8 +51,7 @@ QWidget& ScreenCalled(const std::string& name) {
     Refuse("no screen " + name);
 }
 
-/// The object that the order is about: that of the name words[2] on the screen words[1], or the
-/// screen itself where the name is empty.
+/// The object named words[2] on the screen words[1], or the screen itself if that name is empty.
 template <typename Kind = QObject>
 Kind& Called(const Words& words) {
     QObject* object = &ScreenCalled(words[1]);
@@ -61,7 +61,7 @@ Kind& Called(const Words& words) {
     return *found;
 }
 
-/// A person reaches what is shown and enabled.
+/// A user reaches what is shown and enabled.
 template <typename Kind>
 void RequireUse(const Kind& object) {
     const std::string name = object.objectName().toStdString();
@@ -69,16 +69,16 @@ void RequireUse(const Kind& object) {
     if (!object.isEnabled()) Refuse(name + " is disabled");
 }
 
-/// A person reaches what lies under no modal window.
+/// A user reaches what no modal window covers.
 void RequireReach(const QWidget& widget) {
     RequireUse(widget);
     const QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr && modal != &widget && !modal->isAncestorOf(&widget)) {
-        Refuse(widget.objectName().toStdString() + " lies under a window");
+        Refuse(widget.objectName().toStdString() + " is covered by a window");
     }
 }
 
-/// The window of kind `Dialog` that is up and waits for an answer, none where there is none.
+/// The window of kind `Dialog` that waits for an answer, null if there is none.
 template <typename Dialog>
 Dialog* DialogUp() {
     auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
@@ -121,7 +121,7 @@ Words Choose(const Words& words) {
     RequireReach(*bar);
     RequireUse(*menu->menuAction());
     RequireUse(entry);
-    DoSoon([bar, menu, &entry] {
+    RunLater([bar, menu, &entry] {
         bar->setActiveAction(menu->menuAction());
         menu->setActiveAction(&entry);
         for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
@@ -142,11 +142,11 @@ Words Unlock(const Words& words) {
 Words Press(const Words& words) {
     auto& button = Called<QAbstractButton>(words);
     RequireReach(button);
-    DoSoon([&button] { button.click(); });
+    RunLater([&button] { button.click(); });
     return {};
 }
 
-/// Title, text and buttons of the message box that is up; nothing where there is none.
+/// Title, text and buttons of the message box that is up; nothing if there is none.
 Words Box(const Words& /*words*/) {
     const auto* box = DialogUp<QMessageBox>();
     if (box == nullptr) return {};
@@ -163,19 +163,19 @@ Words Answer(const Words& words) {
     for (QAbstractButton* button : box->buttons()) {
         if (PlainText(button->text()) != words[1]) continue;
         box->setProperty(answeredMark, true);
-        DoSoon([button] { button->click(); });
+        RunLater([button] { button->click(); });
         return {};
     }
     Refuse("the box has no button " + words[1]);
 }
 
-/// Types a path into the file dialog that is up and presses Save; nothing where there is none.
+/// Types a path into the file dialog that is up and presses Save; nothing if there is none.
 Words File(const Words& words) {
     auto* dialog = DialogUp<QFileDialog>();
     if (dialog == nullptr) return {};
     auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     auto* buttons = dialog->findChild<QDialogButtonBox*>();
-    DoSoon([name, buttons, path = QString::fromStdString(words[1])] {
+    RunLater([name, buttons, path = QString::fromStdString(words[1])] {
         name->setText(path);
         buttons->button(QDialogButtonBox::Save)->click();
     });
@@ -185,17 +185,17 @@ Words File(const Words& words) {
 Words CloseFrame(const Words& /*words*/) {
     QWidget& frame = ScreenCalled("MDIForm1");
     RequireReach(frame);
-    DoSoon([&frame] { frame.close(); });
+    RunLater([&frame] { frame.close(); });
     return {};
 }
 
-Words Obey(const Words& words) {
-    static const std::map<std::string, Words (*)(const Words&)> orders{
+Words Execute(const Words& words) {
+    static const std::map<std::string, Words (*)(const Words&)> commands{
         {"screens", Screens}, {"get", Get},     {"choose", Choose},
         {"unlock", Unlock},   {"press", Press}, {"box", Box},
         {"answer", Answer},   {"file", File},   {"close", CloseFrame}};
     try {
-        Words answer = orders.at(words.front())(words);
+        Words answer = commands.at(words.front())(words);
         answer.insert(answer.begin(), "ok");
         return answer;
     } catch (const std::runtime_error& error) {
@@ -203,26 +203,27 @@ Words Obey(const Words& words) {
     }
 }
 
-/// Orders come one at a time: the next one waits for the answer.
-void Hear() {
-    static std::string heard;
+/// Commands come one at a time: the next one waits for the answer.
+void ReadCommand() {
+    static std::string received;
     std::array<char, 4096> chunk{};
     const auto count = ::read(STDIN_FILENO, chunk.data(), chunk.size());
     if (count <= 0) std::_Exit(EXIT_FAILURE);
-    heard.append(chunk.data(), static_cast<std::size_t>(count));
-    if (!heard.ends_with(messageEnd)) return;
-    heard.pop_back();
-    const std::string answer = MessageOf(Obey(FieldsOf(heard)));
-    heard.clear();
+    received.append(chunk.data(), static_cast<std::size_t>(count));
+    if (!received.ends_with(messageEnd)) return;
+    received.pop_back();
+    const std::string answer = MessageOf(Execute(FieldsOf(received)));
+    received.clear();
     if (::write(STDOUT_FILENO, answer.data(), answer.size()) < 0) std::_Exit(EXIT_FAILURE);
 }
 
 }  // namespace
 
 QObject* DriverPlugin::create(const QString& /*key*/, const QString& /*spec*/) {
-    auto* ear = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read);
-    connect(ear, &QSocketNotifier::activated, ear, Hear);
-    return ear;
+    auto* input = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read);
+    connect(input, &QSocketNotifier::activated, input, ReadCommand);
+    SilenceOffscreenPlugin();
+    return input;
 }
 
 }  // namespace orbkl4::test

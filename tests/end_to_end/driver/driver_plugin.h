@@ -4,9 +4,9 @@
 
 namespace orbkl4::test {
 
-/// Makes the hand inside the program, which has no command line: it takes orders over standard
-/// input and answers there, and only does what a person at the screen could do just then. It ends
-/// the program when whoever gives the orders is gone. QT_QPA_GENERIC_PLUGINS=hand loads it.
+/// Drives the program from inside, as it has no command line: takes commands from standard input,
+/// answers on standard output, and only does what a user could do at that moment. It ends the
+/// program when its input ends. QT_QPA_GENERIC_PLUGINS=driver loads it.
 class DriverPlugin : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "driver_plugin.json")

@@ -13,14 +13,13 @@ namespace orbkl4::test {
 TEST(PortDevice, OfANumberIsTheOneOfTheTableWhereNoLinkIs) {
     const TemporaryFolders folders;
     folders.LinkPort(3, folders.ConfigFolder() + QStringLiteral("/gone"));
-    const char* const devices[] = {
-        "",             "/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyUSB2", "/dev/ttyUSB3",
-        "/dev/ttyACM0", "/dev/ttyACM1", "/dev/ttyACM2", "/dev/ttyACM3", "/dev/ttyS0",
-        "/dev/ttyS1",   "/dev/ttyS2",   "/dev/ttyS3",   "/dev/ttyUSB4", "/dev/ttyUSB5",
-        "/dev/ttyUSB6", "/dev/ttyUSB7", ""};
-    int number = 0;
-    for (const char* device : devices) EXPECT_EQ(DeviceOfPort(number++).name, device);
-    EXPECT_EQ(DeviceOfPort(-1).name, "");
+    const char* const devices[] = {"none",    "ttyUSB0", "ttyUSB1", "ttyUSB2", "ttyUSB3", "ttyACM0",
+                                   "ttyACM1", "ttyACM2", "ttyACM3", "ttyS0",   "ttyS1",   "ttyS2",
+                                   "ttyS3",   "ttyUSB4", "ttyUSB5", "ttyUSB6", "ttyUSB7"};
+    for (int number = 1; number <= 16; ++number) {
+        EXPECT_EQ(DeviceOfPort(number).name, QStringLiteral("/dev/") + devices[number]);
+    }
+    for (const int number : {-1, 0, 17}) EXPECT_EQ(DeviceOfPort(number).name, "");
 }
 
 TEST(PortDevice, IsPresentWhereItIsATerminal) {
