@@ -11,7 +11,7 @@ namespace {
 
 constexpr double unsetScale = 65535;
 
-// Offsets of the five replies in the one read: two of 5 bytes, three of 7.
+// Offsets of the five replies, two of 5 bytes and three of 7, which are read together.
 constexpr std::size_t firmwareReply = 0;
 constexpr std::size_t serialReply = 5;
 constexpr std::size_t gyroScaleReply = 10;

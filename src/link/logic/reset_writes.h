@@ -6,13 +6,13 @@
 
 namespace orbkl4 {
 
-/// One word of the sensor's EEPROM and what it is to hold.
+/// A word to write to the sensor's EEPROM.
 struct EepromWrite {
     eeprom::Address address;
     double word;
 };
 
-/// Polled mode and the default calculation cycle of 6.5536 ms, in the order of writing.
+/// The default settings, in the order of writing: polled mode and a calculation cycle of 6.5536 ms.
 inline constexpr auto resetWrites = std::to_array<EepromWrite>({
     {eeprom::continuousMode, 0},
     {eeprom::timer2Prescaler, 16},

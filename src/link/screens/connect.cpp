@@ -38,7 +38,7 @@ constexpr const char* autoFailureText =
 
 constexpr const char* successText = "ORB-KL4 connection successful!";
 
-/// "<what> on comm port <port> at <baud> baud rate!", by `AppState`'s port.
+/// "<what> on comm port <port> at <baud> baud rate!", with the port number of `AppState`.
 std::string AtPortText(const char* what, std::string_view baud) {
     return std::string(what) + " on comm port " + std::to_string(AppState.CommPort) + " at " +
            std::string(baud) + " baud rate!";
@@ -50,20 +50,13 @@ std::string ManualFailureText(std::string_view baud) {
            "power. Click Retry to attempt re-connect or Cancel to stop.";
 }
 
-/// Shows the hourglass and keeps the screen from being closed by hand; both end with it, so that an
-/// error is reported under the normal pointer.
-class Busy {
+/// Keeps the user from closing the screen while it exists.
+class KeepOpen {
   public:
-    explicit Busy(Screen& screen) : screen_(screen) {
-        MousePointer(Pointer::Hourglass);
-        screen_.CloseAllowed(false);
-    }
-    ~Busy() {
-        MousePointer(Pointer::Default);
-        screen_.CloseAllowed(true);
-    }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    explicit KeepOpen(Screen& screen) : screen_(screen) { screen_.CloseAllowed(false); }
+    ~KeepOpen() { screen_.CloseAllowed(true); }
+    KeepOpen(const KeepOpen&) = delete;
+    KeepOpen& operator=(const KeepOpen&) = delete;
 
   private:
     Screen& screen_;
@@ -86,7 +79,7 @@ void Connect::Form_Load() {
     ShowDevice();
 }
 
-/// The tabs come first, so that the focus finds no other control to settle on.
+/// The tabs are disabled first, so that the focus doesn't move to another control in them.
 void Connect::Enable(bool enabled, std::initializer_list<QWidget*> controls) {
     SSTab1_->setEnabled(enabled);
     for (QWidget* control : controls) control->setEnabled(enabled);
@@ -101,8 +94,8 @@ void Connect::EnableManual(bool enabled) {
 void Connect::EnableReset(bool enabled) { Enable(enabled, {cmdReset_, cmdQuitReset_}); }
 
 void Connect::cmdConnectAuto_Click() {
-    Trap("cmdConnectAuto_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdConnectAuto_Click", [this] {
+        const KeepOpen keepOpen(*this);
         EnableAuto(false);
         const bool found = SearchAllPorts();
         MousePointer(Pointer::Default);
@@ -121,7 +114,7 @@ void Connect::cmdConnectAuto_Click() {
     });
 }
 
-/// A fresh run inside the one that failed, which does nothing more when that has ended.
+/// Runs the search anew inside the run that failed, which does nothing more afterwards.
 void Connect::RetryAuto() {
     EnableAuto(true);
     cmdConnectAuto_Click();
@@ -144,8 +137,8 @@ void Connect::UseFoundPort() {
 }
 
 void Connect::cmdConnectManual_Click() {
-    Trap("cmdConnectManual_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdConnectManual_Click", [this] {
+        const KeepOpen keepOpen(*this);
         const std::string baud = SelectedBaud();
         AppState.CommPort = ToInt16(NumEditCommPort_->Value());
         AppState.CommSettings = LineSettingsAt(baud);
@@ -156,7 +149,7 @@ void Connect::cmdConnectManual_Click() {
         if (!found) return AskManualRetry(baud);
         UseFoundPort();
         if (!search_.ResetDeviceSettings(search_.FoundPort(), search_.FoundBaud())) {
-            // This one answer is taken as the "Auto" tab takes it.
+            // Only here is the answer treated as on the "Auto" tab.
             if (AskRetryCancel(ManualFailureText(baud)) == Answer::Cancel) return Unload();
             return RetryAuto();
         }
@@ -164,7 +157,7 @@ void Connect::cmdConnectManual_Click() {
         ShowParameters("1");
         ShowMessage(successText);
         StoreCommPort(std::to_string(AppState.CommPort));
-        StoreCommSettings("");  // the next connection sets them anew
+        StoreCommSettings("");  // empty until the next connection sets them
         EnableMainMenus();
         Unload();
     });
@@ -184,8 +177,8 @@ std::string Connect::SelectedBaud() const {
 }
 
 void Connect::cmdReset_Click() {
-    Trap("cmdReset_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdReset_Click", [this] {
+        const KeepOpen keepOpen(*this);
         EnableReset(false);
         const bool completed = ResetAllPorts();
         MousePointer(Pointer::Default);
@@ -206,7 +199,7 @@ bool Connect::ResetAllPorts() {
     return true;
 }
 
-/// False where the user has had enough.
+/// False where the user cancels.
 bool Connect::ResetPort(std::int16_t number) {
     return std::ranges::all_of(baudRates, [&](const BaudRate& rate) {
         return search_.ResetDeviceSettings(number, rate.text) ||

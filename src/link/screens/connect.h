@@ -21,8 +21,8 @@ namespace orbkl4 {
 class CWNumEdit;
 class OptionButton;
 
-/// Finds the sensor on a serial port, sets it to its default cycle, reads its identity and then
-/// lets the main window's menus be used; or resets a sensor that can't be found.
+/// Finds the sensor on a serial port, sets it to its default cycle, reads its identity and enables
+/// the main window's menus; or resets a sensor that can't be found.
 class Connect : public Screen {
     Q_OBJECT
 

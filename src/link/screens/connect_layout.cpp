@@ -20,8 +20,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// One thing told of a sensor that has been found; the fields of the "Manual" tab bear the name
-/// with a "1" behind it.
+/// A text field about the sensor that was found; on the "Manual" tab its name ends in "1".
 struct ParameterRow {
     const char* name;
     const char* caption;
@@ -43,7 +42,7 @@ constexpr auto parameterRows = std::to_array<ParameterRow>({
      [](const DeviceSearch&) { return ScreenText(AppState.MagGainScale); }},
 });
 
-/// The rows in two columns, which stand alike on both tabs.
+/// The rows in two columns, the same on both tabs.
 QGroupBox* MakeParameters(QWidget* tab, const char* name, const std::string& suffix) {
     constexpr int firstColumnRows = 4;
     constexpr int columnGap = 24;
@@ -74,7 +73,7 @@ QGroupBox* MakeProgress(QWidget* tab, const char* name, QProgressBar* bar) {
     return frame;
 }
 
-/// A button row that ends at the right.
+/// A row of buttons, aligned at the right.
 QHBoxLayout* MakeButtonRow(std::initializer_list<QPushButton*> buttons) {
     auto* row = new QHBoxLayout;
     row->addStretch(1);
@@ -101,7 +100,7 @@ Connect::Connect()
 
 void Connect::ShowStep(const std::string& step) {
     fraProgress_->setTitle(QString::fromStdString(step));
-    fraProgress_->repaint();  // the waits that follow let no event run
+    fraProgress_->repaint();  // no event runs during the waits that follow
 }
 
 QWidget* Connect::MakeAutoTab() {
@@ -143,7 +142,7 @@ QGroupBox* Connect::MakePortFrame(QWidget* tab) {
     lblDevice_ = MakeLabel(fraPort_, "lblDevice", "");
     lblDevice_->setWordWrap(true);
     lblDevice_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    // Room for the longest text, so that nothing moves as the numbers are stepped through.
+    // Room for the longest text, so that no control moves when the number changes.
     constexpr int lines = 4;
     constexpr int characters = 30;
     const QFontMetrics metrics = lblDevice_->fontMetrics();
@@ -168,7 +167,7 @@ QGroupBox* Connect::MakeBaudFrame(QWidget* tab) {
         auto* option = new OptionButton(isDefault ? baud + " (Default)" : baud, fraBaud_);
         option->setObjectName("optBaud" + baud);
         option->Value(isDefault);
-        column->insertWidget(0, option);  // the fastest stands first
+        column->insertWidget(0, option);  // the fastest on top
         baudOptions_.at(i) = option;
     }
     return fraBaud_;
@@ -192,7 +191,7 @@ QWidget* Connect::MakeResetTab() {
     return tab;
 }
 
-/// Enter does what the tab is for, but nothing is reset by a stray key.
+/// Enter runs the search or the connection of the tab, but never the reset.
 void Connect::TabTurned(int index) {
     const std::array<QPushButton*, 3> defaults{cmdConnectAuto_, cmdConnectManual_, cmdQuitReset_};
     DefaultButton(*defaults.at(static_cast<std::size_t>(index)));

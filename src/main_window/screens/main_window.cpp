@@ -76,7 +76,7 @@ struct OpenRow {
     const char* entry;
     const char* screen;
     Shower show;
-    bool polledFirst;  ///< the sensor must not flood the screen with continuous output
+    bool polledFirst;  ///< whether continuous output is stopped first
 };
 
 constexpr auto openTable = std::to_array<OpenRow>({

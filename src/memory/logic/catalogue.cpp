@@ -8,7 +8,7 @@ namespace {
 
 using enum EepromAccess;
 
-// The name at 166 ends in M12 like that at 160, and long names are cut short: so they are shown.
+// The name at 166 ends in M12 like that at 160, and long names are cut off: both on purpose.
 constexpr auto words = std::to_array<EepromWord>({
     {0, "Unused", 0, 0, Advanced},
     {2, "X Accelerometer Offset", 0, 65535, Advanced},

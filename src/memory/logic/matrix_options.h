@@ -7,7 +7,7 @@
 
 namespace orbkl4 {
 
-/// One of the EEPROM's matrices: nine words in a row, column by column.
+/// A matrix in the EEPROM: nine successive words, column by column.
 struct MatrixOption {
     std::string_view caption;
     eeprom::Address base;  ///< address of M11

@@ -152,7 +152,6 @@ void Analog::EnableControls(bool enabled) {
 }
 
 void Analog::BeginRun(const char* caption) {
-    MousePointer(Pointer::Hourglass);
     EnableControls(false);
     progress_.Start(first, caption);
 }
@@ -164,7 +163,7 @@ void Analog::EndRun(const char* message) {
 }
 
 void Analog::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
+    TrapUnderHourglass("mnuRead_Click", [this] {
         BeginRun("Reading");
         StartEepromRead(readRun_);
     });
@@ -174,14 +173,14 @@ void Analog::TimerRead_Timer() {
     Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
-/// A command byte without a row in the list is an error, though its field has taken it already.
+/// A command byte without a row in the list is an error, raised after its field has changed.
 void Analog::TakeWord(eeprom::Address address, double number) {
     FieldOf(address).Value(number);
     if (address == eeprom::analogCommand) cmbFunction_->ListIndex(static_cast<int>(number));
 }
 
 void Analog::mnuWrite_Click() {
-    Trap("mnuWrite_Click", [this] {
+    TrapUnderHourglass("mnuWrite_Click", [this] {
         BeginRun("Writing");
         std::vector<eeprom::Address> addresses;
         for (const AnalogWord& word : analogWords) addresses.push_back(word.address);

@@ -26,16 +26,16 @@ namespace {
 
 constexpr int tickMilliseconds = 100;
 constexpr int fullBar = 256;
-constexpr eeprom::Address firstRead = 2;  // the word at 0 is never read
+constexpr eeprom::Address firstRead = 2;  // address 0 is never read
 
 constexpr std::string_view standardLevel = "Standard";
 constexpr std::string_view advancedLevel = "Advanced";
 
-/// The entries that can't be chosen during a run.
+/// The entries that are disabled during a run.
 constexpr auto runEntries = std::to_array<const char*>(
     {"mnuRead", "mnuWrite", "mnuViewMatrix", "mnuLog", "mnuShowMin", "mnuShowMax"});
 
-/// A field that takes the nearest legal code when it is left.
+/// A field that changes to a legal code when it loses the focus.
 struct CodeField {
     eeprom::Address address;
     double (*snapped)(double value);
@@ -187,8 +187,7 @@ CWNumEdit& EEPROMmap::FieldOf(eeprom::Address address) const {
 }
 
 void EEPROMmap::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableControls(false);
         ClearModifiedMarks();
         readInProgress_ = true;
@@ -234,8 +233,7 @@ void EEPROMmap::Logger() {
 }
 
 void EEPROMmap::mnuWrite_Click() {
-    Trap("mnuWrite_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuWrite_Click", [this] {
         EnableControls(false);
         progress_.Start(0, "Writing");
         std::array<bool, eepromWordCount> modified{};

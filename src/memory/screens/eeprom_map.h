@@ -20,11 +20,10 @@ namespace orbkl4 {
 
 class CWNumEdit;
 
-/// The background of a field whose number isn't in the sensor yet; a write run goes by it alone.
+/// The background of a modified field; a write run writes the fields that have it.
 inline constexpr std::uint32_t ModifiedColor = 0xC0C0FF;
 
-/// Shows all words of the sensor's EEPROM, reads them, writes those that were changed, and logs
-/// them.
+/// Shows all words of the sensor's EEPROM, reads them, writes the modified ones, and logs them.
 class EEPROMmap : public Screen {
     Q_OBJECT
 
@@ -33,10 +32,10 @@ class EEPROMmap : public Screen {
 
     void Form_Load() override;
 
-    /// Gives every field its lower limit.
+    /// Sets the lower limit of every field.
     void PopulateNumEditMinimum();
 
-    /// Gives every field its upper limit.
+    /// Sets the upper limit of every field.
     void PopulateNumEditMaximum();
 
   protected:

@@ -1,4 +1,4 @@
-// The look and the wiring of `EEPROMmap`; what it does stands in eeprom_map.cpp.
+// Layout and menu of `EEPROMmap`; its handlers are in eeprom_map.cpp.
 
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
@@ -35,7 +35,7 @@ constexpr std::size_t firstFrameFields = 8;
 constexpr int firstFrameRows = 4;
 constexpr int secondFrameRows = 12;
 
-// How a column's width is shared: room before a label parts it from the field on its left.
+// The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
 

@@ -102,7 +102,7 @@ void Gains::EnableControls(bool enabled) {
 }
 
 void Gains::BeginRun(const char* caption) {
-    MousePointer(Pointer::Hourglass);
+    MousePointer(Pointer::Hourglass);  // stays where the run can't start, unlike on other screens
     EnableControls(false);
     progress_.Start(1, caption);
 }
@@ -135,7 +135,7 @@ void Gains::mnuRead_Click() {
         BeginRun("Reading");
         ShowGains({0, 0, 0});
         OpenCommPort(port_, *this);
-        port_.Input(AppState.CommandBytes);  // what stands there answers nothing of ours
+        port_.Input(AppState.CommandBytes);  // discards stale bytes
         SendRead();
         timerRead_.Enabled(true);
     });

@@ -19,7 +19,7 @@ inline constexpr auto prescalerRows = std::to_array<PrescalerRow>({
     {"opt16", "16", 16},
 });
 
-/// A factor of the calculation cycle, 1 to `maximum`, that is entered as a number.
+/// A factor of the calculation cycle, 1 to `maximum`, with its number field.
 struct FactorRow {
     const char* name;
     eeprom::Address address;

@@ -25,14 +25,14 @@ namespace orbkl4 {
 
 namespace {
 
-/// The replies to the second and third write pass whatever their checksums.
+/// The checksums of the second and third reply are not compared, on purpose.
 constexpr auto mustPass = std::to_array<bool>({true, false, false, true});
 
 }  // namespace
 
 CalcCycle::CalcCycle()
     : Screen("CalcCycle", "Set Timer Tick Interval"),
-      // The word at 244 is read too, and dropped.
+      // The word at 244 is read too, and not used.
       readRun_{.screen = *this,
                .port = readPort_,
                .timer = timer_,
@@ -144,8 +144,7 @@ void CalcCycle::WriteAll() {
 }
 
 void CalcCycle::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableEntries(false);
         StartEepromRead(readRun_);
     });

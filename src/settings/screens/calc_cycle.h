@@ -21,8 +21,8 @@ class CWSlide;
 class OptionButton;
 class TextField;
 
-/// Sets the interval of the sensor's calculation cycle, by its four words or by a slider that picks
-/// them from a table.
+/// Sets the interval of the sensor's calculation cycle: its four words one by one, or by a slider
+/// that takes them from a table.
 class CalcCycle : public Screen {
     Q_OBJECT
 

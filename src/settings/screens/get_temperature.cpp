@@ -101,7 +101,7 @@ void GetTemperature::Form_Load() {
 
 void GetTemperature::cmdGet_Click() {
     Trap("cmdGet_Click", [this] {
-        // Emptying the first fills the others once more.
+        // Emptying the first field fills the others again.
         for (TextField* field : {celsius_, fahrenheit_, reaumur_, kelvin_, rankine_})
             field->Text("");
         slide_->Value(0);
@@ -131,7 +131,7 @@ void GetTemperature::ShowReply() {
     }
 }
 
-/// Runs inside whatever changes the text, and its errors are that procedure's.
+/// Without a trap of its own: its errors are those of the handler that changes the text.
 void GetTemperature::txtC_Change() {
     fahrenheit_->Text(ScreenText(FahrenheitOf(degreesCelsius_)));
     reaumur_->Text(ScreenText(ReaumurOf(degreesCelsius_)));

@@ -17,7 +17,7 @@
 
 namespace orbkl4 {
 
-/// How the sensor is set to one of the two modes, and what is told of it.
+/// How the sensor is set to one of the two modes, with the messages about it.
 struct ModeSetting {
     const char* entry;
     const char* otherEntry;
@@ -133,8 +133,7 @@ void Vertical::ClearOptions() const {
 }
 
 void Vertical::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableEntries(false);
         StartEepromRead(readRun_);
     });
