@@ -66,11 +66,8 @@ class MSComm : public QObject, private EventSource {
     void DeliverEvent() override { emit OnComm(); }
     QString SettingsProperty() const { return QString::fromStdString(settings_); }
     void RequireOpen() const;
-    void OpenLine();
-    void ApplySettings();
-    void CloseLine();
-    void Drain();
-    void Send(const char* bytes, qint64 count);
+    void OpenPort();
+    void ClosePort();
     void TakeIn();
     void OnLineError();
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/bytes.h"
+#include "platform/system/line_settings.h"
+
+#include <QDeadlineTimer>
+#include <QSerialPort>
+
+#include <string>
+
+namespace orbkl4 {
+
+struct PortDevice;
+
+/// How messages name the port `number`: "port 2 (/dev/ttyUSB1)", or "port 2" without a device.
+std::string PortText(int number, const QString& device);
+
+/// Opens `device` for this program alone and discards what it had received before; `port` names it
+/// in error texts. Error 8002 where it is absent or can't be opened, 70 where this user lacks
+/// permission, and 8005 where the line is in use.
+void OpenLine(QSerialPort& line, const PortDevice& device, const std::string& port,
+              const LineSettings& settings);
+
+/// Whether the line is closed, or its device is gone.
+bool LineIsDead(const QSerialPort& line);
+
+/// Whether a read would find bytes or an error.
+bool HasSomethingToRead(const QSerialPort& line);
+
+/// Hands `bytes` to the operating system at once; of a line that is gone, `errorOccurred` tells.
+void SendAtOnce(QSerialPort& line, const Bytes& bytes);
+
+/// When `count` bytes, handed over now, have had their time on the line, if those handed over
+/// before have had theirs at `before`.
+QDeadlineTimer SentAt(const QSerialPort& line, std::size_t count, const QDeadlineTimer& before);
+
+/// Waits until `sent`, and up to 5 ms more while the device holds unsent bytes; returns at once
+/// where the line is dead.
+void AwaitSent(QSerialPort& line, const QDeadlineTimer& sent);
+
+}  // namespace orbkl4
