@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "errors/trap.h"
+#include "link/logic/requests.h"
 #include "platform/events/mscomm.h"
 #include "platform/system/clock.h"
 #include "platform/windows/screen.h"
@@ -36,6 +37,16 @@ void CloseCommPort(MSComm& port, const Screen& screen) {
     TrapAs(screen.objectName().toStdString(), "CloseCommPort", [&] {
         if (port.PortOpen()) port.PortOpen(false);
     });
+}
+
+void Send(MSComm& port, const Bytes& request) {
+    AppState.CommandBytes = request;
+    port.Output(AppState.CommandBytes);
+}
+
+void Send(MSComm& port, DeviceCommand command) {
+    BuildRequest(AppState.CommandBytes, command);
+    port.Output(AppState.CommandBytes);
 }
 
 void WaitMilliseconds(std::int32_t milliseconds) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/bytes.h"
+#include "link/logic/device_command.h"
+
 #include <cstdint>
 
 namespace orbkl4 {
@@ -13,6 +16,13 @@ void OpenCommPort(MSComm& port, const Screen& screen);
 
 /// Closes `port`, unless it is closed; an error is reported as by `OpenCommPort`.
 void CloseCommPort(MSComm& port, const Screen& screen);
+
+/// Sends `request` by way of `AppState.CommandBytes`; errors of `MSComm::Output`.
+void Send(MSComm& port, const Bytes& request);
+
+/// Sends the request of `command`, which takes no parameters (else error 9), in the same way; it
+/// allocates nothing once `AppState.CommandBytes` has held as many bytes.
+void Send(MSComm& port, DeviceCommand command);
 
 /// Holds the thread for `milliseconds` (0 or less: not at all) without letting any event run; error
 /// 6 (overflow) where the difference of two tick counts leaves the signed 32-bit range.

@@ -111,8 +111,7 @@ void DeviceSearch::OpenAt(std::int16_t port, std::string_view baud) {
 
 void DeviceSearch::SendAndWait(const Bytes& request) {
     constexpr std::int32_t replyMilliseconds = 100;
-    AppState.CommandBytes = request;
-    port_.Output(AppState.CommandBytes);
+    Send(port_, request);
     WaitMilliseconds(replyMilliseconds);
 }
 

@@ -3,7 +3,6 @@
 #include "link/communication.h"
 #include "link/logic/requests.h"
 #include "link/reply_question.h"
-#include "memory/logic/catalogue.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"
@@ -13,10 +12,7 @@ namespace orbkl4 {
 
 namespace {
 
-void AskForWord(MSComm& port) {
-    AppState.CommandBytes = ReadEepromRequest(AppState.CurrentEEPROMAddress);
-    port.Output(AppState.CommandBytes);
-}
+void AskForWord(MSComm& port) { Send(port, ReadEepromRequest(AppState.CurrentEEPROMAddress)); }
 
 void TakeWord(const EepromReadRun& run) {
     constexpr std::size_t wordOffset = 1;

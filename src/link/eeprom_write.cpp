@@ -1,8 +1,8 @@
 #include "link/eeprom_write.h"
 
+#include "link/communication.h"
+#include "link/logic/eeprom_address.h"
 #include "link/logic/requests.h"
-#include "memory/logic/catalogue.h"
-#include "platform/events/mscomm.h"
 #include "state/app_state.h"
 
 namespace orbkl4 {
@@ -10,8 +10,7 @@ namespace orbkl4 {
 void SendEepromWrite(MSComm& port, double number) {
     const eeprom::Address address = AppState.CurrentEEPROMAddress;
     AppState.EEPROMWriteValue = WordOfNumber(address, number);
-    AppState.CommandBytes = WriteEepromRequest(address, AppState.EEPROMWriteValue);
-    port.Output(AppState.CommandBytes);
+    Send(port, WriteEepromRequest(address, AppState.EEPROMWriteValue));
 }
 
 }  // namespace orbkl4

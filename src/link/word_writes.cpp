@@ -2,8 +2,6 @@
 
 #include "link/communication.h"
 #include "link/logic/requests.h"
-#include "platform/events/mscomm.h"
-#include "state/app_state.h"
 
 namespace orbkl4 {
 
@@ -13,8 +11,7 @@ void WriteWords(MSComm& port, std::span<const EepromWrite> writes) {
     for (const auto& [address, word] : writes) {
         if (!first) WaitMilliseconds(gapMilliseconds);
         first = false;
-        AppState.CommandBytes = WriteEepromRequest(address, word);
-        port.Output(AppState.CommandBytes);
+        Send(port, WriteEepromRequest(address, word));
     }
 }
 

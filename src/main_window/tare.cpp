@@ -2,7 +2,6 @@
 
 #include "calibrate/logic/tare.h"
 #include "link/communication.h"
-#include "link/logic/requests.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/boxes.h"
@@ -66,8 +65,7 @@ void Start(const Screen& main, const TareOperation& operation) {
     }
     OpenCommPort(port, main);
     port.Input(AppState.CommandBytes);  // stale bytes must not be taken for the reply
-    AppState.CommandBytes = Request(operation.command);
-    port.Output(AppState.CommandBytes);
+    Send(port, operation.command);
     Find<Timer>(main, operation.timer).Enabled(true);
 }
 

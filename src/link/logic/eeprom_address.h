@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/logic/words.h"
+
 #include <cstdint>
 
 /// Addresses of those EEPROM words that the program itself knows a use for.
@@ -25,3 +27,22 @@ inline constexpr Address timerTicksInterval = 246;
 inline constexpr Address last = 254;
 
 }  // namespace orbkl4::eeprom
+
+namespace orbkl4 {
+
+/// Whether the word at `address` is a signed number; its band of addresses decides.
+constexpr bool IsSignedAddress(eeprom::Address address) {
+    return (address >= 66 && address <= 118) || (address >= 136 && address <= 194);
+}
+
+/// The number that `word` (0 to 65535) stands for at `address`.
+constexpr double NumberOfWord(eeprom::Address address, double word) {
+    return IsSignedAddress(address) ? ToSigned16(word) : word;
+}
+
+/// The word (0 to 65535) for `number` at `address`; the range isn't checked.
+constexpr double WordOfNumber(eeprom::Address address, double number) {
+    return IsSignedAddress(address) ? ToUnsigned16(number) : number;
+}
+
+}  // namespace orbkl4

@@ -15,15 +15,19 @@ std::uint8_t AddressByte(int address) {
 }  // namespace
 
 Bytes Request(DeviceCommand command, std::initializer_list<std::uint8_t> parameters) {
+    Bytes request;
+    BuildRequest(request, command, parameters);
+    return request;
+}
+
+void BuildRequest(Bytes& request, DeviceCommand command,
+                  std::initializer_list<std::uint8_t> parameters) {
     const CommandFormat& format = FormatOf(command);
     if (parameters.size() != format.parameters) Raise(ErrorNumber::SubscriptOutOfRange);
-    Bytes request;
-    request.reserve(1 + format.fixed.size() + parameters.size() + format.closing.size());
-    request.push_back(ByteOf(command));
+    request.assign(1, ByteOf(command));
     request.insert(request.end(), format.fixed.begin(), format.fixed.end());
     request.insert(request.end(), parameters);
     request.insert(request.end(), format.closing.begin(), format.closing.end());
-    return request;
 }
 
 Bytes ReadEepromRequest(int address) {

@@ -12,6 +12,10 @@ namespace orbkl4 {
 /// 9 (subscript out of range) for another number of them.
 Bytes Request(DeviceCommand command, std::initializer_list<std::uint8_t> parameters = {});
 
+/// Replaces the contents of `request` by the bytes of a request; otherwise as `Request`.
+void BuildRequest(Bytes& request, DeviceCommand command,
+                  std::initializer_list<std::uint8_t> parameters = {});
+
 /// The request for the word at `address` (even, 0 to 254); error 6 (overflow) outside a byte.
 Bytes ReadEepromRequest(int address);
 

@@ -158,9 +158,8 @@ void Main::AddTare(const TareOperation& operation) {
 void Main::SetToPolledMode() {
     Trap("SetToPolledMode", [this] {
         constexpr std::int32_t replyMilliseconds = 100;
-        AppState.CommandBytes = WriteEepromRequest(eeprom::continuousMode, 0);
         OpenCommPort(port_, *this);
-        port_.Output(AppState.CommandBytes);
+        Send(port_, WriteEepromRequest(eeprom::continuousMode, 0));
         WaitMilliseconds(replyMilliseconds);
         port_.Input(AppState.CommandBytes);
         CloseCommPort(port_, *this);

@@ -1,7 +1,5 @@
 #include "memory/logic/catalogue.h"
 
-#include "link/logic/words.h"
-
 #include <algorithm>
 
 namespace orbkl4 {
@@ -164,14 +162,6 @@ static_assert(
 }  // namespace
 
 constexpr std::array<EepromWord, eepromWordCount> eepromCatalogue = words;
-
-double NumberOfWord(eeprom::Address address, double word) {
-    return IsSignedAddress(address) ? ToSigned16(word) : word;
-}
-
-double WordOfNumber(eeprom::Address address, double number) {
-    return IsSignedAddress(address) ? ToUnsigned16(number) : number;
-}
 
 std::string_view RemarkOf(EepromAccess access) {
     return access == User ? "User may modify." : "User may not modify.";

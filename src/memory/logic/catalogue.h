@@ -31,17 +31,6 @@ constexpr std::size_t IndexOf(eeprom::Address address) {
     return static_cast<std::size_t>(address) / 2;
 }
 
-/// Whether the word at `address` is a signed number; its band of addresses decides.
-constexpr bool IsSignedAddress(eeprom::Address address) {
-    return (address >= 66 && address <= 118) || (address >= 136 && address <= 194);
-}
-
-/// The number that `word` (0 to 65535) stands for at `address`.
-double NumberOfWord(eeprom::Address address, double word);
-
-/// The word (0 to 65535) for `number` at `address`; the range isn't checked.
-double WordOfNumber(eeprom::Address address, double number);
-
 /// The remark on a word; it doesn't look at the access level.
 std::string_view RemarkOf(EepromAccess access);
 

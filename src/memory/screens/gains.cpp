@@ -2,7 +2,6 @@
 
 #include "errors/trap.h"
 #include "link/communication.h"
-#include "link/logic/requests.h"
 #include "link/reply_question.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
@@ -123,16 +122,12 @@ void Gains::ShowGains(const SystemGains& gains) {
     for (std::size_t i = 0; i < values.size(); ++i) fields_.at(i)->Value(values.at(i));
 }
 
-void Gains::SendRead() {
-    AppState.CommandBytes = Request(DeviceCommand::CmdReadSystemGains);
-    port_.Output(AppState.CommandBytes);
-}
+void Gains::SendRead() { Send(port_, DeviceCommand::CmdReadSystemGains); }
 
 void Gains::SendWrite() {
     const auto& [accelerometer, magnetometer, biasTracking] = fields_;
-    AppState.CommandBytes =
-        WriteGainsRequest({accelerometer->Value(), magnetometer->Value(), biasTracking->Value()});
-    port_.Output(AppState.CommandBytes);
+    Send(port_,
+         WriteGainsRequest({accelerometer->Value(), magnetometer->Value(), biasTracking->Value()}));
 }
 
 void Gains::mnuRead_Click() {

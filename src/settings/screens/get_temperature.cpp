@@ -4,7 +4,6 @@
 #include "errors/trap.h"
 #include "link/communication.h"
 #include "link/logic/frame_check.h"
-#include "link/logic/requests.h"
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
@@ -108,8 +107,7 @@ void GetTemperature::cmdGet_Click() {
         slide_->Value(0);
         port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
         OpenCommPort(port_, *this);
-        AppState.CommandBytes = Request(command);
-        port_.Output(AppState.CommandBytes);
+        Send(port_, command);
     });
 }
 

@@ -65,10 +65,10 @@ const OutputMode& SetMode::ChosenMode() const {
     return outputModes.at(static_cast<std::size_t>(chosen - options_.begin()));
 }
 
-bool SetMode::WriteModeCommand() {
+bool SetMode::WriteModeCommand(const OutputMode& mode) {
     try {
         OpenCommPort(port_, *this);
-        port_.Output(AppState.CommandBytes);
+        Send(port_, WriteEepromRequest(eeprom::continuousMode, mode.command));
         port_.Input(AppState.CommandBytes);
         CloseCommPort(port_, *this);
         return true;
@@ -80,10 +80,9 @@ bool SetMode::WriteModeCommand() {
 void SetMode::cmdOK_Click() {
     Trap("cmdOK_Click", [this] {
         const OutputMode& mode = ChosenMode();
-        AppState.CommandBytes = WriteEepromRequest(eeprom::continuousMode, mode.command);
         const std::string name =
             mode.command == 0 ? "POLLED" : "CONTINUOUS " + std::string(mode.name);
-        if (WriteModeCommand()) {
+        if (WriteModeCommand(mode)) {
             ShowMessage("The ORB-KL4 is now operating in " + name + " mode!");
         } else {
             ShowMessage("The Mode Command failed to write to the ORB-KL4!");

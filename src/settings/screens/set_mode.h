@@ -22,7 +22,7 @@ class SetMode : public Screen {
   private:
     void BuildLayout();
     const OutputMode& ChosenMode() const;
-    bool WriteModeCommand();
+    bool WriteModeCommand(const OutputMode& mode);
     void cmdOK_Click();
     void cmdCancel_Click();
 

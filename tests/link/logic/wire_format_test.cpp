@@ -1,4 +1,5 @@
 #include "base/run_time_error.h"
+#include "link/logic/eeprom_address.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/identity.h"
 #include "link/logic/requests.h"
@@ -34,6 +35,21 @@ TEST(Words, OutsideTheRangeOverflow) {
     EXPECT_EQ(ValueToLSB(65536), 0);  // only the high byte doesn't fit
     EXPECT_THROW(ReadEepromRequest(256), RuntimeError);
     EXPECT_THROW(WriteEepromRequest(-2, 0), RuntimeError);
+}
+
+TEST(Words, AreSignedInTwoBandsOfAddresses) {
+    struct Case {
+        eeprom::Address address;
+        double word, number;
+    };
+    const Case cases[] = {{64, 65535, 65535},   {66, 65535, -1},     {66, 32767, 32767},
+                          {118, 32768, -32768}, {120, 32768, 32768}, {134, 65535, 65535},
+                          {136, 65535, -1},     {194, 65535, -1},    {196, 65535, 65535},
+                          {254, 65535, 65535}};
+    for (const auto& [address, word, number] : cases) {
+        EXPECT_EQ(NumberOfWord(address, word), number) << address;
+        EXPECT_EQ(WordOfNumber(address, number), word) << address;
+    }
 }
 
 TEST(FrameCheck, FindsTheFirstFaultInTheOrderHeaderLengthChecksum) {

@@ -44,20 +44,5 @@ TEST(Catalogue, NamesStandWordForWord) {
     for (const auto& [address, name] : cases) EXPECT_EQ(EEPROMNames[address / 2], name);
 }
 
-TEST(Catalogue, BandsDecideTheSign) {
-    struct Case {
-        eeprom::Address address;
-        double word, number;
-    };
-    const Case cases[] = {{64, 65535, 65535},   {66, 65535, -1},     {66, 32767, 32767},
-                          {118, 32768, -32768}, {120, 32768, 32768}, {134, 65535, 65535},
-                          {136, 65535, -1},     {194, 65535, -1},    {196, 65535, 65535},
-                          {254, 65535, 65535}};
-    for (const auto& [address, word, number] : cases) {
-        EXPECT_EQ(NumberOfWord(address, word), number) << address;
-        EXPECT_EQ(WordOfNumber(address, number), word) << address;
-    }
-}
-
 }  // namespace
 }  // namespace orbkl4
