@@ -59,17 +59,21 @@ QString PermissionHint(const PortDevice& device) {
     return lack + QStringLiteral("; the group \"%1\" has it").arg(device.group);
 }
 
-PortDevice DeviceOfPort(int number) {
+PortDevice DeviceAt(const QString& name) {
     PortDevice device;
-    if (number < 1 || number > lastPortNumber) return device;
-    device.name = PathOfPort(number);
-    const QByteArray path = device.name.toLocal8Bit();
+    device.name = name;
+    const QByteArray path = name.toLocal8Bit();
     struct stat status {};
     device.present = ::stat(path.constData(), &status) == 0 && S_ISCHR(status.st_mode);
     if (!device.present) return device;
     device.permitted = ::access(path.constData(), R_OK | W_OK) == 0;
     if (!device.permitted) device.group = PermittedGroup(device.name, status.st_mode);
     return device;
+}
+
+PortDevice DeviceOfPort(int number) {
+    if (number < 1 || number > lastPortNumber) return {};
+    return DeviceAt(PathOfPort(number));
 }
 
 }  // namespace orbkl4

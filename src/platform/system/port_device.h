@@ -7,7 +7,7 @@ namespace orbkl4 {
 /// Serial port numbers run from 1 to this.
 inline constexpr int lastPortNumber = 16;
 
-/// What a port number names on this machine.
+/// What a port number or a path names on this machine.
 struct PortDevice {
     QString name;  ///< the device's own path or name, links resolved; empty where none is named
     bool present = false;    ///< a terminal device is there
@@ -21,6 +21,9 @@ QString AdapterOf(const PortDevice& device);
 
 /// Says that this user lacks permission for `device`, and which group would give it.
 QString PermissionHint(const PortDevice& device);
+
+/// The device at the path `name`, its links resolved by the caller.
+PortDevice DeviceAt(const QString& name);
 
 /// The device that `number` (1 to 16) names: the user's link in the ports folder, else the fixed
 /// table; nothing for any other number.
