@@ -22,7 +22,8 @@ QString AdapterOf(const PortDevice& device);
 /// Says that this user lacks permission for `device`, and which group would give it.
 QString PermissionHint(const PortDevice& device);
 
-/// The device at the path `name`, its links resolved by the caller.
+/// The device at the path `name`; what is no terminal, such as a plain file, counts as absent. It
+/// isn't opened where the system tells without that, and never waited for.
 PortDevice DeviceAt(const QString& name);
 
 /// The device that `number` (1 to 16) names: the user's link in the ports folder, else the fixed
