@@ -34,7 +34,7 @@ std::map<QString, std::string> Descriptions() {
     return descriptions;
 }
 
-/// The value of `key`, empty where there is none.
+/// The value of `key`, empty if there is none.
 template <typename Key>
 std::string Lookup(const std::map<Key, std::string>& texts, const Key& key) {
     const auto found = texts.find(key);

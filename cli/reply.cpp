@@ -8,7 +8,7 @@ namespace orbkl4::cli {
 
 namespace {
 
-/// The bytes of the frame that each header byte begins; 0 where it begins none.
+/// The bytes of the frame that each header byte begins; 0 if it begins none.
 constexpr auto frameLengths = [] {
     std::array<std::size_t, 256> lengths{};
     for (const CommandFormat& format : commandFormats)

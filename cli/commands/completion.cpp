@@ -39,7 +39,7 @@ struct Rows {
 
 bool IsListed(const CLI::App* part) { return !part->get_group().empty(); }
 
-/// The values of `option` where it takes one of several, which stand in braces in its type.
+/// The values of `option` if it takes one of several, which stand in braces in its type.
 std::string ValuesOf(const CLI::Option& option) {
     const std::string type = option.get_type_name();
     const auto begin = type.find('{');

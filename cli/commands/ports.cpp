@@ -45,7 +45,7 @@ SensorsByDevice AskFreePorts(const SensorChoice& choice) {
     return sensors;
 }
 
-/// `text` as JSON, null where it is empty.
+/// `text` as JSON, null if it is empty.
 QJsonValue OrNull(const QString& text) { return text.isEmpty() ? QJsonValue() : QJsonValue(text); }
 
 QJsonObject Described(const Port& port, const FoundSensor* sensor) {

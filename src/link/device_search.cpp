@@ -31,12 +31,8 @@ bool Succeeds(MSComm& port, const Body& body) {
 }
 
 void TakeOver(const DeviceIdentity& identity) {
-    AppState.FirmwareText = identity.firmwareText;
-    AppState.FirmwareNumber = identity.firmwareNumber;
-    AppState.SerialNumber = identity.serialNumber;
-    AppState.GyroGainScale = identity.gyroGainScale;
-    AppState.AccGainScale = identity.accGainScale;
-    AppState.MagGainScale = identity.magGainScale;
+    static_cast<SensorIdentity&>(AppState) = identity;
+    static_cast<GainScales&>(AppState) = identity;
 }
 
 }  // namespace

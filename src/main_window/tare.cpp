@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QProgressBar>
 
+#include <array>
 #include <string_view>
 
 namespace orbkl4 {
@@ -23,7 +24,7 @@ constexpr std::string_view calcCycleEntry = "mnuSetCalcCycle";
 
 /// The entries that are disabled while an operation runs, in order; the other operation's stands
 /// where the name is null.
-constexpr const char* disabledEntries[] = {
+constexpr auto disabledEntries = std::to_array<const char*>({
     "mnuConnect",
     "mnuDisplay",
     "mnuHelp",
@@ -39,7 +40,7 @@ constexpr const char* disabledEntries[] = {
     "mnuVertical",
     "mnuSelfTest",
     "mnuSetCalcCycle",
-};
+});
 
 template <typename Visit>
 void ForEachEntry(const Screen& main, const TareOperation& operation, const Visit& visit) {

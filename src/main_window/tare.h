@@ -21,7 +21,7 @@ struct TareOperation {
     bool enablesCalcCycle;  ///< whether success enables `mnuSetCalcCycle` again, or just shows it
 };
 
-inline constexpr std::array tareOperations = std::to_array<TareOperation>({
+inline constexpr auto tareOperations = std::to_array<TareOperation>({
     {DeviceCommand::CmdTare, "mnuTare", "mnuRemove", "TimerTare", "",
      "Tare Cooordinate System stopped by user!", "Tare Cooordinate System succeeded!", false},
     {DeviceCommand::CmdRemoveTare, "mnuRemove", "mnuTare", "TimerRemove",

@@ -68,7 +68,7 @@ inline constexpr Fixed<3> confirmTare{0xC1, 0xC3, 0xC5};
 }  // namespace detail
 
 /// Every command there is; the words of the data commands stand in acquire/logic/packets.h.
-inline constexpr std::array commandFormats = [] {
+inline constexpr auto commandFormats = [] {
     using namespace detail;
     return std::to_array<CommandFormat>({
         {CmdRawSensorBits, 23, none, 0, none, "-> 9 words, ticks"},

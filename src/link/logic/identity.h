@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/bytes.h"
+#include "state/app_state.h"
 
 #include <array>
 #include <optional>
@@ -11,14 +12,7 @@
 namespace orbkl4 {
 
 /// What the sensor says of itself when a connection is made.
-struct DeviceIdentity {
-    std::string firmwareText;   ///< with its points, such as "3.1.01"
-    double firmwareNumber = 0;  ///< as sent, such as 3101
-    double serialNumber = 0;
-    double gyroGainScale = 0;  ///< this and the next two: a word, 65535 is unset
-    double accGainScale = 0;
-    double magGainScale = 0;
-};
+struct DeviceIdentity : SensorIdentity, GainScales {};
 
 /// Whether `reply` is a firmware version reply by the search's own rule: 5 bytes, its header, a sum
 /// that isn't wrapped. An empty reply is none.
@@ -35,6 +29,6 @@ std::optional<DeviceIdentity> ParseIdentity(const Bytes& replies);
 std::string FirmwareText(double number);
 
 /// The warning for each gain scale that is unset, in the order gyro, accelerometer, magnetometer.
-std::vector<std::string_view> GainScaleWarnings(const DeviceIdentity& identity);
+std::vector<std::string_view> GainScaleWarnings(const GainScales& scales);
 
 }  // namespace orbkl4

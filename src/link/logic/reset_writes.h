@@ -13,10 +13,12 @@ struct EepromWrite {
 };
 
 /// Polled mode and the default calculation cycle of 6.5536 ms, in the order of writing.
-inline constexpr std::array resetWrites = {
-    EepromWrite{eeprom::continuousMode, 0},     EepromWrite{eeprom::timer2Prescaler, 16},
-    EepromWrite{eeprom::timer2Postscaler, 16},  EepromWrite{eeprom::timer2Compare, 256},
-    EepromWrite{eeprom::timerTicksInterval, 1},
-};
+inline constexpr auto resetWrites = std::to_array<EepromWrite>({
+    {eeprom::continuousMode, 0},
+    {eeprom::timer2Prescaler, 16},
+    {eeprom::timer2Postscaler, 16},
+    {eeprom::timer2Compare, 256},
+    {eeprom::timerTicksInterval, 1},
+});
 
 }  // namespace orbkl4

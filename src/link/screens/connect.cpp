@@ -79,10 +79,9 @@ void EnableMainMenus() {
 
 void Connect::Form_Load() {
     NumEditCommPort_->Value(AppState.CommPort);
-    const auto* stored = std::ranges::find(baudRates, BaudRateIn(AppState.CommSettings));
-    if (stored != baudRates.end()) {
-        baudOptions_.at(static_cast<std::size_t>(stored - baudRates.begin()))->Value(true);
-    }
+    const BaudRate* const stored = BaudRateIn(AppState.CommSettings);
+    for (std::size_t i = 0; i < baudRates.size(); ++i)
+        if (&baudRates.at(i) == stored) baudOptions_.at(i)->Value(true);
     lblReset_->setText(QString::fromUtf8(resetText));
     ShowDevice();
 }
@@ -132,8 +131,8 @@ bool Connect::SearchAllPorts() {
     for (std::int16_t number = 1; number <= lastPortNumber; ++number) {
         PBar_->setValue(number);
         if (!search_.PortExists(number)) continue;
-        for (const std::string_view baud : baudSearchOrder) {
-            if (search_.TestPortAtBaud(number, baud)) return true;
+        for (const BaudRate& rate : baudSearchOrder) {
+            if (search_.TestPortAtBaud(number, rate.text)) return true;
         }
     }
     return false;
@@ -179,7 +178,7 @@ void Connect::AskManualRetry(std::string_view baud) {
 
 std::string Connect::SelectedBaud() const {
     for (std::size_t i = 0; i < baudRates.size(); ++i) {
-        if (baudOptions_.at(i)->Value()) return std::string(baudRates.at(i));
+        if (baudOptions_.at(i)->Value()) return std::string(baudRates.at(i).text);
     }
     return {};
 }
@@ -209,9 +208,9 @@ bool Connect::ResetAllPorts() {
 
 /// False where the user has had enough.
 bool Connect::ResetPort(std::int16_t number) {
-    return std::ranges::all_of(baudRates, [&](std::string_view baud) {
-        return search_.ResetDeviceSettings(number, baud) ||
-               AskRetryCancel(AtPortText("ORB-KL4 reset failed", baud) +
+    return std::ranges::all_of(baudRates, [&](const BaudRate& rate) {
+        return search_.ResetDeviceSettings(number, rate.text) ||
+               AskRetryCancel(AtPortText("ORB-KL4 reset failed", rate.text) +
                               " Click Retry to continue reset attempts or Cancel to stop.") ==
                    Answer::Retry;
     });

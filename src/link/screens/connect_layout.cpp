@@ -1,5 +1,4 @@
 #include "base/number_text.h"
-#include "link/logic/baud_rates.h"
 #include "link/screens/connect.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
@@ -15,6 +14,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace orbkl4 {
 
 namespace {
@@ -27,7 +28,7 @@ struct ParameterRow {
     std::string (*text)(const DeviceSearch& search);
 };
 
-constexpr ParameterRow parameterRows[] = {
+constexpr auto parameterRows = std::to_array<ParameterRow>({
     {"txtPort", "Serial Port",
      [](const DeviceSearch& search) { return std::to_string(search.FoundPort()); }},
     {"txtBaudRate", "Baud Rate", [](const DeviceSearch& search) { return search.FoundBaud(); }},
@@ -40,18 +41,7 @@ constexpr ParameterRow parameterRows[] = {
      [](const DeviceSearch&) { return ScreenText(AppState.AccGainScale); }},
     {"txtMGS", "Mag Gain Scale",
      [](const DeviceSearch&) { return ScreenText(AppState.MagGainScale); }},
-};
-
-struct BaudRow {
-    const char* name;
-    const char* caption;
-};
-
-/// In the order of `baudRates`; shown the fastest first.
-constexpr BaudRow baudRows[] = {
-    {"optBaud19200", "19200"}, {"optBaud38400", "38400 (Default)"}, {"optBaud115200", "115200"}};
-static_assert(std::size(baudRows) == baudRates.size());
-constexpr std::size_t defaultBaudRow = 1;
+});
 
 /// The rows in two columns, which stand alike on both tabs.
 QGroupBox* MakeParameters(QWidget* tab, const char* name, const std::string& suffix) {
@@ -172,12 +162,15 @@ QGroupBox* Connect::MakeBaudFrame(QWidget* tab) {
     fraBaud_ = MakeFrame(tab, "fraBaud", "Select Baud Rate");
     auto* column = new QVBoxLayout(fraBaud_);
     for (std::size_t i = 0; i < baudRates.size(); ++i) {
-        const BaudRow& row = baudRows[i];
-        baudOptions_.at(i) =
-            Named(new OptionButton(QString::fromUtf8(row.caption), fraBaud_), row.name);
-        column->insertWidget(0, baudOptions_.at(i));
+        const BaudRate& rate = baudRates.at(i);
+        const bool isDefault = &rate == &defaultBaudRate;
+        const QString baud = ToQString(rate.text);
+        auto* option = new OptionButton(isDefault ? baud + " (Default)" : baud, fraBaud_);
+        option->setObjectName("optBaud" + baud);
+        option->Value(isDefault);
+        column->insertWidget(0, option);  // the fastest stands first
+        baudOptions_.at(i) = option;
     }
-    baudOptions_.at(defaultBaudRow)->Value(true);
     return fraBaud_;
 }
 

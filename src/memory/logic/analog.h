@@ -20,7 +20,7 @@ struct AnalogWord {
 
 /// The eleven analog words in the order of reading and writing. The range of the command byte
 /// follows the function: see `AnalogFunction`.
-inline constexpr std::array analogWords = std::to_array<AnalogWord>({
+inline constexpr auto analogWords = std::to_array<AnalogWord>({
     {202, "Analog Command Byte", "0-11", 65535},
     {204, "Analog Output Test 1", "0-4095", 4095},
     {206, "Analog Output Test 2", "0-4095", 4095},
@@ -63,7 +63,7 @@ inline constexpr Addresses<11> analogAll{202, 204, 206, 208, 210, 212, 214, 216,
 
 }  // namespace detail
 
-inline constexpr std::array analogFunctions = std::to_array<AnalogFunction>({
+inline constexpr auto analogFunctions = std::to_array<AnalogFunction>({
     {"Off", {}},
     {"Test", detail::analogTest},
     {"Instantaneous Euler Angles", detail::analogEuler},

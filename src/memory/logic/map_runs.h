@@ -7,7 +7,6 @@
 #include <ctime>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace orbkl4 {
@@ -23,7 +22,7 @@ double SnappedBaudCode(double value);
 double SnappedPrescaler(double value);
 
 /// The line settings to store for a baud rate code, "0" for none of the three.
-std::string_view CommSettingsOfBaudCode(double code);
+std::string CommSettingsOfBaudCode(double code);
 
 /// The three lines to print into an EEPROM log of `numbers`; the last holds all 128 rows, each
 /// ended by CR LF, so that the file ends in an empty line.

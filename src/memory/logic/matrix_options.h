@@ -14,7 +14,7 @@ struct MatrixOption {
 };
 
 /// The matrices in the order of their option buttons.
-inline constexpr std::array matrixOptions = std::to_array<MatrixOption>({
+inline constexpr auto matrixOptions = std::to_array<MatrixOption>({
     {"Accelerometer Orthogonality Matrix", 102},
     {"Magnetometer Orthogonality Matrix", 66},
     {"Gyroscope Orthogonality Matrix", 84},

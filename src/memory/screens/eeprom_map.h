@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 #include "memory/logic/catalogue.h"
 #include "memory/screens/run_progress.h"
 #include "memory/screens/word_panel.h"
@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 class QGridLayout;
 class QGroupBox;
@@ -73,7 +72,7 @@ class EEPROMmap : public Screen {
     void EndWrite();
     void SaveCommSettingsFromMap();
     void Logger();
-    double NumberAt(eeprom::Address address) const;
+    CWNumEdit& FieldOf(eeprom::Address address) const;
 
     std::array<CWNumEdit*, eepromWordCount> NumEdit_{};
     QGroupBox* fraEEPROMAddresses1_;
@@ -83,11 +82,9 @@ class EEPROMmap : public Screen {
     MSComm port_;
     Timer timerRead_, timerWrite_;
     EepromReadRun readRun_;
-    std::vector<eeprom::Address> writeList_;
-    std::size_t writePosition_ = 0;
+    EepromWriteRun writeRun_;
     bool readInProgress_ = false;
     bool logAfterRead_ = false;
-    bool baudWritten_ = false;
 };
 
 }  // namespace orbkl4

@@ -3,12 +3,13 @@
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
-#include "platform/windows/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QShortcut>
+
+#include <array>
 
 namespace orbkl4 {
 
@@ -17,7 +18,7 @@ namespace {
 constexpr bool enabled = true;
 constexpr bool hidden = false;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
@@ -28,7 +29,7 @@ constexpr MenuRow menuTree[] = {
     {"mnuShowMax", "Show &Max", "mnuFile", enabled, hidden},
     {"Sep1", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 constexpr std::size_t firstFrameFields = 8;
 constexpr int firstFrameRows = 4;

@@ -12,13 +12,14 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {{"mnuClose", "&Close"}};
+constexpr auto menuTree = std::to_array<MenuRow>({{"mnuClose", "&Close"}});
 
 }  // namespace
 

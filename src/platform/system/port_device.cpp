@@ -40,8 +40,8 @@ QString TablePath(int number) {
 
 QString PathOfPort(int number) {
     const QFileInfo link(ConfigPath(QStringLiteral("ORB-KL4-RS232/ports/%1").arg(number)));
-    // The link must be resolved: the lock of an open port is named after the path opened, and two
-    // names of one line would let two programs share it.
+    // Resolve the link: the lock file of an open port is named after the path opened, so two names
+    // of one line would let two programs share it.
     return link.exists() ? link.canonicalFilePath() : TablePath(number);
 }
 
@@ -62,20 +62,20 @@ bool IsTerminalNumber(dev_t number) {
 }
 #endif
 
-/// Whether the character device at `path` is a terminal. Opening a line may raise its control
-/// lines, so that is done only where the system has no device tree to look it up in.
+/// Whether the character device at `path` is a terminal. It is opened only if the system has no
+/// device tree to look it up in, as opening can change the control lines.
 bool IsTerminal(const QByteArray& path, [[maybe_unused]] dev_t number) {
 #ifdef Q_OS_LINUX
     if (QFileInfo::exists(QLatin1String(deviceTree))) return IsTerminalNumber(number);
 #endif
     const int line = ::open(path.constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (line < 0) return errno == EBUSY || errno == EACCES;  // nothing speaks against it
+    if (line < 0) return errno == EBUSY || errno == EACCES;  // assume so
     const bool isTerminal = ::isatty(line) != 0;
     ::close(line);
     return isTerminal;
 }
 
-/// The group that may read and write the device, empty where it has no right to that.
+/// The device's group if it may read and write it, else empty.
 QString PermittedGroup(const QString& path, mode_t mode) {
     constexpr mode_t groupRights = S_IRGRP | S_IWGRP;
     return (mode & groupRights) == groupRights ? QFileInfo(path).group() : QString();

@@ -16,7 +16,7 @@ struct OutputMode {
 };
 
 /// All modes in the order of the options; polled mode is the last.
-inline constexpr std::array outputModes = [] {
+inline constexpr auto outputModes = [] {
     using enum DeviceCommand;
     return std::to_array<OutputMode>({
         {"optRSB", "Raw Sensor Bits", ByteOf(CmdRawSensorBits)},

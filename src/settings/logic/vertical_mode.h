@@ -12,12 +12,12 @@ namespace orbkl4 {
 enum class GyroMode : std::uint8_t { Vertical, Normal, Other };
 
 /// The writes that set vertical gyro mode, in order.
-inline constexpr std::array verticalModeWrites = {EepromWrite{eeprom::biasCompensationType, 0},
-                                                  EepromWrite{eeprom::magneticErrorGain, 0}};
+inline constexpr auto verticalModeWrites =
+    std::to_array<EepromWrite>({{eeprom::biasCompensationType, 0}, {eeprom::magneticErrorGain, 0}});
 
 /// The writes that set normal mode, in order.
-inline constexpr std::array normalModeWrites = {EepromWrite{eeprom::biasCompensationType, 1},
-                                                EepromWrite{eeprom::magneticErrorGain, 100}};
+inline constexpr auto normalModeWrites = std::to_array<EepromWrite>(
+    {{eeprom::biasCompensationType, 1}, {eeprom::magneticErrorGain, 100}});
 
 /// The mode that the words at 120 and 126 make.
 constexpr GyroMode GyroModeOf(double word120, double word126) {

@@ -84,7 +84,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     constexpr int digits = 7;
     auto* field = Named(new TextField(this), name);
     field->Decimals(1);
-    KeepLarger(*field, readoutGrowth);
+    KeepFontScaled(*field, readoutGrowth);
     field->Characters(digits);
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
@@ -114,12 +114,12 @@ void GetTemperature::cmdGet_Click() {
 void GetTemperature::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         port_.Input(AppState.CommandBytes);
-        TakeReply();
+        ShowReply();
         CloseCommPort(port_, *this);
     });
 }
 
-void GetTemperature::TakeReply() {
+void GetTemperature::ShowReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
     } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {

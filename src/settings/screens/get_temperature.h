@@ -25,7 +25,7 @@ class GetTemperature : public Screen {
     QLayout* BuildFields();
     TextField* AddField(QGridLayout& grid, const char* name, const char* labelName,
                         const char* caption);
-    void TakeReply();
+    void ShowReply();
     void txtC_Change();
     void cmdGet_Click();
     void cmdOK_Click();

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 namespace orbkl4::test {
 
 namespace {
@@ -20,6 +22,38 @@ class MainWindow : public ScreenTest {
     bool SelfTestShown() const { return main.Menu("mnuSelfTest").Visible(); }
 };
 
+/// An entry of the main menu, the screen that it opens with its title, and the menu entry or button
+/// that leaves it.
+struct Opening {
+    const char* entry;
+    const char* screen;
+    const char* title;
+    const char* leave;
+};
+
+constexpr Opening openings[] = {
+    {"mnuConnect", "Connect", "Connect", "cmdQuitAuto"},
+    {"mnuEEPROMmap", "EEPROMmap", "EEPROM Map", "mnuReturn"},
+    {"mnuGetVersionSerial", "VersionSerial", "Firmware and Serial", "cmdOK"},
+    {"mnuGetTemperature", "GetTemperature", "Get Temperature", "cmdOK"},
+    {"mnuHardIronCal", "HardIronCal", "Hard Iron Calibration", "mnuReturn"},
+    {"mnuSetMode", "SetMode", "Set Continuous/Polled Mode", "cmdCancel"},
+    {"mnuSetWriteRate", "SetWriteRate", "Set Data Acquisition Sampling Rate", "cmdCancel"},
+    {"mnuAngles", "Angles", "Euler Angles", "mnuReturn"},
+    {"mnuAnglesAccRate", "AnglesAccRate", "Euler Angles, Accelerometer and Rate Vectors",
+     "mnuReturn"},
+    {"mnuMatrices", "Matrices", "Orientation Matrix", "mnuReturn"},
+    {"mnuQuaternions", "Quaternions", "Quaternions", "mnuReturn"},
+    {"mnuQuatVec", "QuatVec", "Quaternions and Vectors", "mnuReturn"},
+    {"mnuSensorBits", "SensorBits", "SensorBits", "mnuReturn"},
+    {"mnuVectors", "Vectors", "Vectors", "mnuReturn"},
+    {"mnuAbout", "About", "About", "cmdOK"},
+    {"mnuAnalog", "Analog", "Analog Output", "mnuReturn"},
+    {"mnuGains", "Gains", "Read/Write Current System Gains", "mnuReturn"},
+    {"mnuVertical", "Vertical", "Vertical Gyro Mode", "mnuReturn"},
+    {"mnuSelfTest", "SelfTest", "Self Test", "mnuReturn"},
+    {"mnuSetCalcCycle", "CalcCycle", "Set Timer Tick Interval", "mnuReturn"}};
+
 const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 
 }  // namespace
@@ -27,6 +61,26 @@ const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 TEST_F(MainWindow, SpellsAnEntryInItsOwnWay) {
     EXPECT_EQ(main.Menu("mnuAnglesAccRate").text(),
               "Euler Angles, Accereleration and &Rate Vectors ");
+}
+
+TEST_F(MainWindow, EachEntryOpensItsScreenAndTheMainWindowFollowsIt) {
+    AppState.FirmwareText = "3.1.01";
+    const BoxAnswerer noTimeTickTable;
+    for (const auto& [entry, name, title, leave] : openings) {
+        SCOPED_TRACE(entry);
+        Click(main, entry);
+        Screen* screen = FindScreen(name);
+        ASSERT_NE(screen, nullptr);
+        EXPECT_TRUE(screen->isVisible());
+        EXPECT_EQ(screen->windowTitle(), title);
+        if (std::string_view(leave).starts_with("mnu")) {
+            Click(*screen, leave);
+        } else {
+            Press(*screen, leave);
+        }
+        EXPECT_EQ(FindScreen(name), nullptr);
+        EXPECT_EQ(ActiveScreenName(), "Main");
+    }
 }
 
 TEST_F(MainWindow, OnlyTheHiddenGestureShowsTheHiddenEntries) {

@@ -97,7 +97,7 @@ TEST_F(AnalogTest, AWriteSendsAllWordsAndThenReadsThemBack) {
         {0x29, 0x71, 0, 218, 0x04, 0xC2, 0xAA}, {0x29, 0x71, 0, 220, 0x04, 0xC4, 0xAA},
         {0x29, 0x71, 0, 222, 0xFF, 0xFF, 0xAA}};
     for (const int address : all) expected.push_back(ReadRequest(address));
-    EXPECT_EQ(Heard(), expected);
+    EXPECT_EQ(Heard(expected.size()), expected);
     EXPECT_EQ(hand.Texts(), (std::vector<std::string>{readDone, writeDone, readDone}));
     EXPECT_EQ(List().ListIndex(), 0);
 }

@@ -73,7 +73,7 @@ TEST_F(EepromMapRuns, AReadAndAnUnchangedWriteSendOneWord) {
     });
     Run("mnuWrite");
     ExpectRest("0");
-    EXPECT_EQ(Heard(), std::vector<Bytes>{closingWrite});
+    EXPECT_EQ(Heard(1), std::vector<Bytes>{closingWrite});
     EXPECT_EQ(StoredCommSettings(), "115200,n,8,1");
     EXPECT_EQ(AppState.CommSettings, "38400,n,8,1") << "the port in use stays as it is";
     EXPECT_EQ(AppState.GyroGainScale, 1000);
@@ -106,7 +106,7 @@ TEST_F(EepromMapRuns, WritesJustTheChangedWordsInAscendingOrder) {
     expected.push_back(closingWrite);
     for (std::size_t i = cases.size(); i-- > 0;) Type(cases[i].address, cases[i].typed);
     Run("mnuWrite");
-    EXPECT_EQ(Heard(), expected);
+    EXPECT_EQ(Heard(expected.size()), expected);
     EXPECT_TRUE(MarkedAddresses().empty());
     EXPECT_EQ(hand.Texts(),
               (std::vector<std::string>{writeDone,
@@ -137,7 +137,7 @@ TEST_F(EepromMapRuns, AWordOutsideItsLimitsIsShownAndKeptUntilShowMin) {
     EXPECT_EQ(marked.back(), 254);
     Run("mnuWrite");
     std::vector<int> written;
-    for (const Bytes& request : Heard()) written.push_back(request[3]);
+    for (const Bytes& request : Heard(marked.size())) written.push_back(request[3]);
     EXPECT_EQ(written, marked) << "nothing follows a write of the last word";
     EXPECT_EQ(Heard().back(), (Bytes{0x29, 0x71, 0x00, 0xFE, 0x00, 0x00, 0xAA}));
     EXPECT_EQ(sensor.Word(66), 0x8000);
@@ -199,7 +199,7 @@ TEST_F(EepromMapRuns, SilenceIsAnErrorOfTheTickAndTheRunGoesOnWithALateReply) {
 TEST_F(EepromMapRuns, ARetryWaitsForItsAnswerAndGetsAFullTick) {
     constexpr std::chrono::milliseconds tick(120);
     constexpr std::chrono::milliseconds slack(60);  // of the two threads' clocks
-    delete hastener;
+    delete readTicks;
     Get<Timer>(*screen, "TimerRead").Interval(tick.count());
     hand.Hesitate(3 * tick.count());
     sensor.ReplyOnceTo(0x28, {0x00});

@@ -45,7 +45,7 @@ class RunTest : public ScreenTest {
     MSComm& Port() const { return Get<MSComm>(*screen, "MSComm1"); }
 
     Screen* screen = nullptr;
-    TickOnReply* hastener = nullptr;  ///< of the read run
+    TickOnReply* readTicks = nullptr;
     BoxAnswerer hand{{}, QMessageBox::Retry};
 
   private:

@@ -84,7 +84,7 @@ TEST_F(CalcCycle, ReadsTheWordsAsItOpens) {
 TEST_F(CalcCycle, ASilentSensorIsAnErrorOfEachTickAndReturnEndsIt) {
     const BoxAnswerer hand({}, goOn);
     sensor.SetSilent(true);
-    Screen& screen = OpenReading("CalcCycle");
+    Screen& screen = OpenReading("CalcCycle", 20);
     ASSERT_TRUE(WaitFor([&] { return hand.Count() == 1; }));
     EXPECT_EQ(hand.Error(0), "9 TimerRead_Timer CalcCycle");
     Click(screen, "mnuReturn");

@@ -10,6 +10,7 @@
 #include "support/box_answerer.h"
 #include "support/frames.h"
 #include "support/screens/screen_fixture.h"
+#include "support/tick_on_reply.h"
 #include "support/wait.h"
 
 #include <QAbstractButton>
@@ -35,11 +36,10 @@ class SettingsTest : public ScreenTest {
     }
     ~SettingsTest() override { ReplaceTickCount(nullptr); }
 
-    /// Opens `name` with a short tick for its reads.
-    Screen& OpenReading(const char* name) {
-        constexpr int tick = 20;
+    /// Opens `name`, whose reads tick as soon as a reply is in, or after `patience` milliseconds.
+    Screen& OpenReading(const char* name, int patience = 1500) {
         Screen& screen = Open(name);
-        Get<Timer>(screen, "TimerRead").Interval(tick);
+        new TickOnReply(Get<Timer>(screen, "TimerRead"), Get<MSComm>(screen, "MSComm3"), patience);
         return screen;
     }
 

@@ -107,6 +107,7 @@ TEST_F(Vertical, ASecondClickEndsTheWaitAndReturnFreesThePort) {
     SetWords(1, 100);
     const BoxAnswerer hand({}, goOn);
     Screen& screen = OpenRead();
+    sensor.ClearRecord();
     sensor.SetSilent(true);
     Click(screen, "mnuRemove");
     EXPECT_TRUE(Get<MSComm>(screen, "MSComm2").PortOpen());
@@ -116,6 +117,7 @@ TEST_F(Vertical, ASecondClickEndsTheWaitAndReturnFreesThePort) {
     Click(screen, "mnuSet");
     Click(screen, "mnuReturn");
     EXPECT_EQ(FindScreen("Vertical"), nullptr);
+    EXPECT_EQ(Heard(4).size(), 4U);
     sensor.SetSilent(false);
     EXPECT_EQ(Mode(OpenRead()), "vertical") << "the words 0 and 0 have been written";
     EXPECT_EQ(hand.Count(), 0U);
