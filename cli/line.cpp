@@ -1,0 +1,78 @@
+#include "cli/line.h"
+
+#include "base/run_time_error.h"
+#include "cli/error.h"
+#include "platform/system/port_device.h"
+#include "platform/system/serial_line.h"
+
+#include <array>
+#include <cerrno>
+#include <unistd.h>
+
+namespace orbkl4::cli {
+
+Line::Line(const PortDevice& device, int baud) : hold_(device), name_(device.name.toStdString()) {
+    try {
+        OpenLine(port_, device, name_, LineSettings{.baud = baud});
+    } catch (const RuntimeError& error) {
+        if (error.Number() == ErrorNumber::PortAlreadyOpen) ThrowBusy(name_);
+        throw CliError(Failure::NoLine, error.what());
+    }
+}
+
+Line::~Line() {
+    // Closing sets the former speed, which must not overtake the last bytes.
+    AwaitSent(port_, sent_);
+    port_.close();
+}
+
+void Line::SetBaud(int baud) {
+    AwaitSent(port_, sent_);
+    port_.setBaudRate(baud);
+    port_.clear(QSerialPort::Input);
+}
+
+bool Line::Dead() const { return LineIsDead(port_); }
+
+void Line::Send(const Bytes& bytes) {
+    SendAtOnce(port_, bytes);
+    sent_ = SentAt(port_, bytes.size(), sent_);
+    if (Dead()) ThrowGone();
+}
+
+void Line::TakeIn(Bytes& received) {
+    std::array<std::uint8_t, 4096> bytes;  // NOLINT(*-member-init): filled by read
+    const ssize_t size = ::read(Handle(), bytes.data(), bytes.size());
+    if (size > 0) {
+        received.insert(received.end(), bytes.begin(), bytes.begin() + size);
+    } else if (size == 0 || (errno != EAGAIN && errno != EINTR)) {
+        // A raw terminal without bytes may read as an end of file too.
+        if (size < 0 || Dead()) ThrowGone();
+    }
+}
+
+bool Line::Receive(Bytes& received, Clock::time_point deadline) {
+    const std::size_t before = received.size();
+    pollfd entry{.fd = Handle(), .events = POLLIN, .revents = 0};
+    while (received.size() == before) {
+        if (!WaitFor({&entry, 1}, deadline)) return false;
+        TakeIn(received);
+        if (received.size() == before && (entry.revents & (POLLHUP | POLLERR)) != 0) ThrowGone();
+    }
+    return true;
+}
+
+void Line::Discard() {
+    Bytes dropped;
+    do {
+        dropped.clear();
+        TakeIn(dropped);
+    } while (!dropped.empty());
+}
+
+void Line::ThrowGone() const {
+    throw CliError(Failure::LineGone, name_ + " is gone: the line was pulled out",
+                   "plug the sensor in again");
+}
+
+}  // namespace orbkl4::cli

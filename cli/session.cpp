@@ -1,0 +1,99 @@
+#include "cli/session.h"
+
+#include "cli/error.h"
+#include "cli/reply.h"
+#include "link/logic/requests.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace orbkl4::cli {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto replyTime = 1s;
+// Longer than an adapter holds bytes back, so that a pause means that the reply has ended.
+constexpr auto quietTime = 50ms;
+constexpr auto longestNoise = 200ms;
+
+}  // namespace
+
+Reply Session::Ask(const Bytes& request) {
+    const auto command = static_cast<DeviceCommand>(ByteAt(request, 0));
+    Line& line = SerialLine();
+    line.Discard();
+    line.Send(request);
+    const auto deadline = Clock::now() + replyTime;
+    Bytes received;
+    auto pauseEnds = deadline;
+    while (line.Receive(received, pauseEnds)) {
+        const auto now = Clock::now();
+        if (auto reply = ReplyIn(received, command, true)) {
+            return {Reply::Kind::Good, std::move(*reply), now};
+        }
+        pauseEnds = std::min(deadline, now + quietTime);
+        if (now >= deadline) break;
+    }
+    if (auto reply = ReplyIn(received, command, false)) {
+        return {Reply::Kind::Good, std::move(*reply), Clock::now()};
+    }
+    return {received.empty() ? Reply::Kind::None : Reply::Kind::Bad};
+}
+
+Bytes Session::Exchange(const Bytes& request) {
+    constexpr int tries = 3;
+    bool answered = false;
+    for (int attempt = 0; attempt < tries; ++attempt) {
+        Reply reply = Ask(request);
+        // A reply that comes late must not be taken for that to the next request.
+        if (attempt > 0 || reply.kind != Reply::Kind::Good) AwaitQuiet();
+        if (reply.kind == Reply::Kind::Good) return std::move(reply.bytes);
+        answered = answered || reply.kind == Reply::Kind::Bad;
+    }
+    const std::string sensor =
+        "sensor " + std::to_string(SerialNumber()) + " on " + SerialLine().Name();
+    if (answered) {
+        throw CliError(Failure::BadAnswer, sensor + " answers badly",
+                       "look for interference and loose plugs, see \"orb-kl4 doctor\"");
+    }
+    throw CliError(Failure::NoAnswer, sensor + " doesn't answer any more",
+                   "check its power and its wiring");
+}
+
+int Session::ReadWord(eeprom::Address address) {
+    return static_cast<int>(WordAt(Exchange(ReadEepromRequest(address)), 1));
+}
+
+void Session::WriteWord(eeprom::Address address, int word) {
+    Exchange(WriteEepromRequest(address, word));
+}
+
+GainScales Session::ReadGainScales() {
+    GainScales scales;
+    scales.GyroGainScale = ReadWord(eeprom::gyroGainScale);
+    scales.AccGainScale = ReadWord(eeprom::accGainScale);
+    scales.MagGainScale = ReadWord(eeprom::magGainScale);
+    return scales;
+}
+
+Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScales,
+                          Sample& sample) {
+    Reply reply = Ask(Request(packet.command));
+    if (reply.kind == Reply::Kind::Good && !Decode(packet, reply.bytes, gainScales, sample)) {
+        reply.kind = Reply::Kind::Bad;
+    }
+    return reply;
+}
+
+/// Drops what comes until nothing has for a while; a sensor in continuous mode is never quiet.
+void Session::AwaitQuiet() {
+    const auto end = Clock::now() + longestNoise;
+    Bytes dropped;
+    while (SerialLine().Receive(dropped, std::min(end, Clock::now() + quietTime)) &&
+           Clock::now() < end) {
+    }
+}
+
+}  // namespace orbkl4::cli
