@@ -14,25 +14,29 @@ namespace orbkl4::cli {
 
 namespace {
 
-constexpr QLatin1String timeFormat("yyyyMMdd'T'HHmmss.zzz'Z'");
+constexpr QLatin1String dateFormat("yyyyMMdd");
+constexpr QLatin1String timeFormat("HHmmss.zzz'Z'");
 constexpr QLatin1String ending(".json");
 
-/// The backup at `path`, which this program wrote: one that can't be read is no user's mistake.
-MemoryImage LoadBackup(const std::string& path) {
-    try {
-        return LoadImage(path);
-    } catch (const CliError& error) {
-        throw CliError(Failure::System, std::string("a backup is damaged: ") + error.what(),
-                       "move it out of its folder");
-    }
-}
-
-/// When the backup called `name` was made.
+/// When the backup called `name` was made; invalid if that is no backup's name.
 QDateTime TimeOf(const QString& name) {
     const QString time = name.section(u'-', 1).chopped(ending.size());
-    QDateTime made = QDateTime::fromString(time, timeFormat);
-    made.setTimeSpec(Qt::UTC);
-    return made;
+    return {QDate::fromString(time.section(u'T', 0, 0), dateFormat),
+            QTime::fromString(time.section(u'T', 1), timeFormat), Qt::UTC};
+}
+
+/// The time in the name of a backup that is made at `time`.
+std::string TextOf(const QDateTime& time) {
+    return (time.date().toString(dateFormat) + u'T' + time.time().toString(timeFormat))
+        .toStdString();
+}
+
+/// Lets `change` alter the marks of the image at `path`.
+template <typename Body>
+void Mark(const std::string& path, const Body& change) {
+    MemoryImage image = MemoryBackups::Load(path);
+    change(image);
+    SaveImage(image, path);
 }
 
 }  // namespace
@@ -54,7 +58,7 @@ std::vector<std::string> MemoryBackups::Paths() const {
 
 std::optional<std::string> MemoryBackups::FirstUnfinished() const {
     for (std::string& path : Paths())
-        if (LoadBackup(path).unfinished) return std::move(path);
+        if (Load(path).unfinished) return std::move(path);
     return std::nullopt;
 }
 
@@ -67,11 +71,21 @@ void MemoryBackups::RequireFinished() const {
         "go back to before it with \"" + UndoCommand() + "\"");
 }
 
-std::optional<MemoryImage> MemoryBackups::WayBack() const {
-    if (const auto path = FirstUnfinished()) return LoadBackup(*path);
-    const auto paths = Paths();
-    if (paths.empty()) return std::nullopt;
-    return LoadBackup(paths.back());
+std::optional<std::string> MemoryBackups::WayBack() const {
+    if (const auto path = FirstUnfinished()) return path;
+    for (std::string& path : Paths() | std::views::reverse)
+        if (!Load(path).undone) return std::move(path);
+    return std::nullopt;
+}
+
+MemoryImage MemoryBackups::Load(const std::string& path) {
+    try {
+        return LoadImage(path);
+    } catch (const CliError& error) {
+        // This program wrote it, so it is no wrong use.
+        throw CliError(Failure::System, std::string("a backup is damaged: ") + error.what(),
+                       "move it out of its folder");
+    }
 }
 
 std::string MemoryBackups::Save(MemoryImage image) const {
@@ -82,8 +96,8 @@ std::string MemoryBackups::Save(MemoryImage image) const {
         const QString newest = QFileInfo(QString::fromStdString(paths.back())).fileName();
         time = std::max(time, TimeOf(newest).addMSecs(1));
     }
-    const std::string path = folder_ + "/" + std::to_string(serialNumber_) + "-" +
-                             time.toString(timeFormat).toStdString() + ending.data();
+    const std::string path =
+        folder_ + "/" + std::to_string(serialNumber_) + "-" + TextOf(time) + ending.data();
     image.unfinished = true;
     MakeFolders(folder_);
     SaveImage(image, path);
@@ -91,14 +105,21 @@ std::string MemoryBackups::Save(MemoryImage image) const {
 }
 
 void MemoryBackups::Finish(const std::string& path) {
-    MemoryImage image = LoadBackup(path);
-    if (!image.unfinished) return;
-    image.unfinished = false;
-    SaveImage(image, path);
+    Mark(path, [](MemoryImage& image) { image.unfinished = false; });
 }
 
-void MemoryBackups::FinishAll() const {
-    for (const std::string& path : Paths() | std::views::reverse) Finish(path);
+void MemoryBackups::Reopen(const std::string& path) {
+    Mark(path, [](MemoryImage& image) { image.unfinished = true; });
+}
+
+void MemoryBackups::NoteUndone(const std::string& path, bool complete) const {
+    for (const std::string& later : Paths() | std::views::reverse) {
+        if (later < path) break;
+        Mark(later, [&](MemoryImage& image) {
+            image.unfinished = false;
+            image.undone = complete || later != path;
+        });
+    }
 }
 
 std::string MemoryBackups::UndoCommand() const {

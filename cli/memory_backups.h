@@ -18,8 +18,12 @@ class MemoryBackups {
     /// Throws `Failure::Unfinished` if a change of this sensor has begun and not ended.
     void RequireFinished() const;
 
-    /// The image to go back to: the first that is marked, else the newest; none if there are none.
-    std::optional<MemoryImage> WayBack() const;
+    /// The path of the image to go back to: the first that is marked, else the newest whose change
+    /// hasn't been taken back; none if there are none.
+    std::optional<std::string> WayBack() const;
+
+    /// The image at `path`; throws `Failure::System` if it is damaged.
+    static MemoryImage Load(const std::string& path);
 
     /// Saves `image`, marked, as the newest, and returns its path; throws `Failure::System`.
     std::string Save(MemoryImage image) const;
@@ -27,8 +31,13 @@ class MemoryBackups {
     /// Takes the mark off the image at `path`; throws `Failure::System`.
     static void Finish(const std::string& path);
 
-    /// Takes the marks off all images. The newest go first, so that a break leaves the first.
-    void FinishAll() const;
+    /// Marks the image at `path`, which is `WayBack`, so that it stays that until `NoteUndone`.
+    static void Reopen(const std::string& path);
+
+    /// Notes that the changes since the image at `path` have been taken back, and takes their marks
+    /// off; `path` itself stays the way back unless all of it stands there again, `complete`. The
+    /// newest go first, so that a break doesn't change the way back.
+    void NoteUndone(const std::string& path, bool complete) const;
 
     /// The command that goes back.
     std::string UndoCommand() const;

@@ -21,6 +21,7 @@ constexpr int mostWord = 65535;
 constexpr int formatVersion = 1;
 constexpr QLatin1String formatName("orb-kl4 memory");
 constexpr QLatin1String unfinishedKey("unfinished");
+constexpr QLatin1String undoneKey("undone");
 
 /// The word at `address`, once two readings agree: in continuous mode a part of a sample may look
 /// like a reply.
@@ -124,6 +125,7 @@ void SaveImage(const MemoryImage& image, const std::string& path) {
                          {"firmware", QString::fromStdString(image.firmware)},
                          {"words", words}};
     if (image.unfinished) document.insert(unfinishedKey, true);
+    if (image.undone) document.insert(undoneKey, true);
     ReplaceFile(path, QJsonDocument(document).toJson());
 }
 
@@ -143,7 +145,8 @@ MemoryImage LoadImage(const std::string& path) {
             .firmware = TextIn(document, "firmware", path).toStdString(),
             .savedAt = TextIn(document, "savedAt", path),
             .words = WordsIn(words.toArray(), path),
-            .unfinished = document[unfinishedKey].toBool()};
+            .unfinished = document[unfinishedKey].toBool(),
+            .undone = document[undoneKey].toBool()};
 }
 
 QString NameAt(eeprom::Address address) {

@@ -22,6 +22,7 @@ struct MemoryImage {
     QString savedAt = {};  ///< when it was read, in UTC, as ISO 8601
     MemoryWords words{};
     bool unfinished = false;  ///< a change that began from here hasn't come to its end
+    bool undone = false;      ///< the change that began from here has been taken back
 };
 
 /// Reads all words of the sensor; throws what `Session::Exchange` does.

@@ -44,13 +44,19 @@ std::size_t MemoryOutcome::Mismatches() const {
         std::ranges::count_if(words, [](const WordResult& word) { return !word.Verified(); }));
 }
 
-MemoryOutcome CarryOut(const MemoryPlan& plan, Session& session, const MemoryBackups& backups) {
+MemoryOutcome CarryOut(const MemoryPlan& plan, Session& session, const MemoryBackups& backups,
+                       const std::optional<std::string>& undone) {
     RequireSameSensor(session);
+    if (undone) MemoryBackups::Reopen(*undone);
     MemoryOutcome outcome{.backup = backups.Save(plan.Present()), .words = {}};
     try {
         for (const WordChange& change : plan.Changes())
             outcome.words.push_back(WriteAndVerify(change, session));
-        MemoryBackups::Finish(outcome.backup);
+        if (undone) {
+            backups.NoteUndone(*undone, outcome.Mismatches() == 0);
+        } else {
+            MemoryBackups::Finish(outcome.backup);
+        }
     } catch (const CliError& error) {
         const std::string progress = std::to_string(outcome.words.size()) + " of " +
                                      std::to_string(plan.Changes().size()) + " words";

@@ -3,6 +3,7 @@
 #include "cli/memory_backups.h"
 #include "cli/memory_plan.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,10 +28,12 @@ struct MemoryOutcome {
     std::size_t Mismatches() const;
 };
 
-/// Writes what `plan` says to the sensor and reads it back, with the way back saved before. Throws
-/// what `Session::Exchange` and `MemoryBackups` do, and `Failure::NoSensor` if another sensor
-/// answers by now. Once a word may have been written, the mark stands until all have been dealt
-/// with, and errors name the way back.
-MemoryOutcome CarryOut(const MemoryPlan& plan, Session& session, const MemoryBackups& backups);
+/// Writes what `plan` says to the sensor and reads it back, with what stands there saved before;
+/// `undone` is the backup that the plan goes back to, if it does. Throws what `Session::Exchange`
+/// and `MemoryBackups` do, and `Failure::NoSensor` if another sensor answers by now. Once a word
+/// may have been written, the mark stands until all have been dealt with, and errors name the way
+/// back.
+MemoryOutcome CarryOut(const MemoryPlan& plan, Session& session, const MemoryBackups& backups,
+                       const std::optional<std::string>& undone);
 
 }  // namespace orbkl4::cli

@@ -31,8 +31,8 @@ struct ChangeOptions {
 /// A change that is asked for.
 struct Goal {
     /// The words that the sensor is to have, of those that it has.
-    std::function<MemoryWords(const MemoryImage& present, const MemoryBackups& backups)> wanted;
-    bool goesBack = false;  ///< to words that the sensor had, so that limits don't count
+    std::function<MemoryWords(const MemoryImage& present)> wanted;
+    std::optional<std::string> wayBack = std::nullopt;  ///< the backup that it goes back to
 };
 
 std::string Count(std::size_t words) {
@@ -57,7 +57,7 @@ void Show(const Context& context, const MemoryPlan& plan, const MemoryOutcome* o
         document["words"] = Described(outcome->words);
         document["backup"] = QString::fromStdString(outcome->backup);
         document["verified"] = outcome->Mismatches() == 0;
-        document["undo"] = QString::fromStdString(undo);
+        if (!undo.empty()) document["undo"] = QString::fromStdString(undo);
     }
     context.output.Show("orb-kl4 memory change", document,
                         outcome != nullptr ? Listing(outcome->words) : Listing(plan.Changes()));
@@ -82,7 +82,8 @@ ExitCode Report(const Context& context, const MemoryPlan& plan, const MemoryOutc
         context.output.Message("the new speed counts once the sensor has been off and on again");
     }
     const std::size_t mismatches = outcome.Mismatches();
-    const std::string goBack = "; go back to before the change with \"" + undo + "\"";
+    const std::string goBack =
+        undo.empty() ? "" : "; go back to before the change with \"" + undo + "\"";
     if (mismatches == 0) {
         context.output.Message(Count(outcome.words.size()) + " written and read back" + goBack);
         return ExitCode::Done;
@@ -108,26 +109,27 @@ bool Agreed(const Context& context, const MemoryPlan& plan, const ChangeOptions&
                                   std::to_string(plan.Present().serialNumber) + "?");
 }
 
-ExitCode Change(const Context& context, const ChangeOptions& options, const Goal& goal) {
-    RequireConsent(context, options);
-    Session session(context.options.sensor);
+/// Carries out what `goal` says on the sensor of `session`, if the user agrees.
+ExitCode Change(const Context& context, const ChangeOptions& options, Session& session,
+                const Goal& goal) {
     const MemoryBackups backups(session.SerialNumber());
-    if (!goal.goesBack) backups.RequireFinished();
+    if (!goal.wayBack) backups.RequireFinished();
     const MemoryImage present = ReadMemory(session);
-    const MemoryPlan plan(present, goal.wanted(present, backups));
-    if (!options.force && !goal.goesBack) plan.RequireLimits();
+    const MemoryPlan plan(present, goal.wanted(present));
+    // Where the sensor has been before, it may go again.
+    if (!options.force && !goal.wayBack) plan.RequireLimits();
     if (options.dryRun) return LeaveAsItIs(context, plan);
     if (plan.Changes().empty()) {
-        if (goal.goesBack) backups.FinishAll();
+        if (goal.wayBack) backups.NoteUndone(*goal.wayBack, true);
         return LeaveAsItIs(context, plan);
     }
     if (!Agreed(context, plan, options)) {
         context.output.Message("nothing was written");
         return ExitCode::No;
     }
-    const MemoryOutcome outcome = CarryOut(plan, session, backups);
-    if (goal.goesBack && outcome.Mismatches() == 0) backups.FinishAll();
-    return Report(context, plan, outcome, backups.UndoCommand());
+    const MemoryOutcome outcome = CarryOut(plan, session, backups, goal.wayBack);
+    const bool isUndone = goal.wayBack && outcome.Mismatches() == 0;
+    return Report(context, plan, outcome, isUndone ? std::string() : backups.UndoCommand());
 }
 
 /// The whole number that `text` is, from `least` to `most`.
@@ -174,37 +176,43 @@ ExitCode Set(const Context& context, const ChangeOptions& options,
              const std::vector<std::string>& texts) {
     Assignments assignments;
     for (const std::string& text : texts) Append(assignments, text);
-    const auto wanted = [&](const MemoryImage& present, const MemoryBackups& /*backups*/) {
+    RequireConsent(context, options);
+    Session session(context.options.sensor);
+    const auto wanted = [&](const MemoryImage& present) {
         MemoryWords words = present.words;
         for (const auto& [address, word] : assignments) words.at(IndexOf(address)) = word;
         return words;
     };
-    return Change(context, options, {.wanted = wanted});
+    return Change(context, options, session, {.wanted = wanted});
 }
 
 ExitCode Restore(const Context& context, const ChangeOptions& options, const std::string& path) {
     const MemoryImage image = LoadImage(path);
-    const auto wanted = [&](const MemoryImage& present, const MemoryBackups& /*backups*/) {
-        if (image.serialNumber != present.serialNumber && !options.otherSensor) {
-            throw CliError(Failure::Usage,
-                           path + " is of sensor " + std::to_string(image.serialNumber) +
-                               ", and this is sensor " + std::to_string(present.serialNumber),
-                           "--other-sensor writes it all the same");
-        }
-        return image.words;
-    };
-    return Change(context, options, {.wanted = wanted});
+    RequireConsent(context, options);
+    Session session(context.options.sensor);
+    if (image.serialNumber != session.SerialNumber() && !options.otherSensor) {
+        throw CliError(Failure::Usage,
+                       path + " is of sensor " + std::to_string(image.serialNumber) +
+                           ", and this is sensor " + std::to_string(session.SerialNumber()),
+                       "--other-sensor writes it all the same");
+    }
+    const auto wanted = [&](const MemoryImage& /*present*/) { return image.words; };
+    return Change(context, options, session, {.wanted = wanted});
 }
 
 ExitCode Undo(const Context& context, const ChangeOptions& options) {
-    const auto wanted = [](const MemoryImage& present, const MemoryBackups& backups) {
-        const auto image = backups.WayBack();
-        if (image) return image->words;
-        throw CliError(Failure::Usage, "no change of sensor " +
-                                           std::to_string(present.serialNumber) +
-                                           " is known on this computer");
+    RequireConsent(context, options);
+    Session session(context.options.sensor);
+    const auto path = MemoryBackups(session.SerialNumber()).WayBack();
+    if (!path) {
+        throw CliError(Failure::Usage, "this computer knows of no change of sensor " +
+                                           std::to_string(session.SerialNumber()) +
+                                           " to take back");
+    }
+    const auto wanted = [&](const MemoryImage& /*present*/) {
+        return MemoryBackups::Load(*path).words;
     };
-    return Change(context, options, {.wanted = wanted, .goesBack = true});
+    return Change(context, options, session, {.wanted = wanted, .wayBack = path});
 }
 
 std::shared_ptr<ChangeOptions> AddChangeOptions(CLI::App& app) {
