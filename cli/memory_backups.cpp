@@ -8,7 +8,6 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <ranges>
 
 namespace orbkl4::cli {
 
@@ -29,6 +28,11 @@ QDateTime TimeOf(const QString& name) {
 std::string TextOf(const QDateTime& time) {
     return (time.date().toString(dateFormat) + u'T' + time.time().toString(timeFormat))
         .toStdString();
+}
+
+std::vector<std::string> NewestFirst(std::vector<std::string> paths) {
+    std::ranges::reverse(paths);
+    return paths;
 }
 
 /// Lets `change` alter the marks of the image at `path`.
@@ -57,8 +61,8 @@ std::vector<std::string> MemoryBackups::Paths() const {
 }
 
 std::optional<std::string> MemoryBackups::FirstUnfinished() const {
-    for (std::string& path : Paths())
-        if (Load(path).unfinished) return std::move(path);
+    for (const std::string& path : Paths())
+        if (Load(path).unfinished) return path;
     return std::nullopt;
 }
 
@@ -73,8 +77,8 @@ void MemoryBackups::RequireFinished() const {
 
 std::optional<std::string> MemoryBackups::WayBack() const {
     if (const auto path = FirstUnfinished()) return path;
-    for (std::string& path : Paths() | std::views::reverse)
-        if (!Load(path).undone) return std::move(path);
+    for (const std::string& path : NewestFirst(Paths()))
+        if (!Load(path).undone) return path;
     return std::nullopt;
 }
 
@@ -113,7 +117,7 @@ void MemoryBackups::Reopen(const std::string& path) {
 }
 
 void MemoryBackups::NoteUndone(const std::string& path, bool complete) const {
-    for (const std::string& later : Paths() | std::views::reverse) {
+    for (const std::string& later : NewestFirst(Paths())) {
         if (later < path) break;
         Mark(later, [&](MemoryImage& image) {
             image.unfinished = false;

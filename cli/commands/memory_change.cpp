@@ -82,8 +82,7 @@ ExitCode Report(const Context& context, const MemoryPlan& plan, const MemoryOutc
         context.output.Message("the new speed counts once the sensor has been off and on again");
     }
     const std::size_t mismatches = outcome.Mismatches();
-    const std::string goBack =
-        undo.empty() ? "" : "; go back to before the change with \"" + undo + "\"";
+    const std::string goBack = undo.empty() ? "" : "; take it back with \"" + undo + "\"";
     if (mismatches == 0) {
         context.output.Message(Count(outcome.words.size()) + " written and read back" + goBack);
         return ExitCode::Done;

@@ -94,7 +94,8 @@ class Memory : public CliTest {
     Outcome RunAnd(std::size_t count, test::Words words,
                    const std::function<void(CliProcess&)>& interfere) {
         sensor_.ClearRecord();
-        words.insert(words.begin(), {"memory", "--yes", "--json", "--port=1"});
+        words.insert(words.begin(), "memory");
+        words.insert(words.end(), {"--yes", "--json", "--port=1"});
         CliProcess process(words, Surroundings());
         const auto end = std::chrono::steady_clock::now() + 30s;
         while (WriteRequests() < count && std::chrono::steady_clock::now() < end)
