@@ -21,6 +21,8 @@ namespace {
 constexpr std::array commands = std::to_array<Command>({
     {"ports", "List the 16 ports and what is on them", SetUpPorts},
     {"info", "Show what the sensor says of itself", SetUpInfo},
+    {"memory", "Show, save, compare and change the sensor's memory", SetUpMemory},
+    {"doctor", "Say how well the line carries, and what to do", SetUpDoctor},
     {"completion", "", SetUpCompletion},
 });
 

@@ -46,6 +46,9 @@ class Output {
     /// Prints one line to standard error, "orb-kl4: text"; nothing under --quiet.
     void Message(const std::string& text) const;
 
+    /// Prints one line to standard error as `Message` does, under --quiet too.
+    void Warn(const std::string& text) const;
+
     /// Prints an error and its remedy to standard error, and in JSON to standard output as well.
     void Fail(const CliError& error) const;
 

@@ -62,6 +62,10 @@ Bytes Session::Exchange(const Bytes& request) {
                    "check its power and its wiring");
 }
 
+int Session::ReadSerialNumber() {
+    return static_cast<int>(WordAt(Exchange(Request(DeviceCommand::CmdSerialNumber)), 1));
+}
+
 int Session::ReadWord(eeprom::Address address) {
     return static_cast<int>(WordAt(Exchange(ReadEepromRequest(address)), 1));
 }
@@ -87,7 +91,6 @@ Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScal
     return reply;
 }
 
-/// Drops what comes until nothing has for a while; a sensor in continuous mode is never quiet.
 void Session::AwaitQuiet() {
     const auto end = Clock::now() + longestNoise;
     Bytes dropped;
