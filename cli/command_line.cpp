@@ -21,6 +21,7 @@ namespace {
 constexpr std::array commands = std::to_array<Command>({
     {"ports", "List the 16 ports and what is on them", SetUpPorts},
     {"info", "Show what the sensor says of itself", SetUpInfo},
+    {"record", "Record samples of a channel", SetUpRecord},
 });
 
 /// What `body` returns, or the exit code of the error that it throws.
