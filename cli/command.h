@@ -37,5 +37,6 @@ Action AddCommands(CLI::App& app, std::span<const Command> commands);
 Action SetUpPorts(CLI::App& app);
 Action SetUpInfo(CLI::App& app);
 Action SetUpRecord(CLI::App& app);
+Action SetUpCompletion(CLI::App& app);
 
 }  // namespace orbkl4::cli

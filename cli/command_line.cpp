@@ -22,6 +22,7 @@ constexpr std::array commands = std::to_array<Command>({
     {"ports", "List the 16 ports and what is on them", SetUpPorts},
     {"info", "Show what the sensor says of itself", SetUpInfo},
     {"record", "Record samples of a channel", SetUpRecord},
+    {"completion", "", SetUpCompletion},
 });
 
 /// What `body` returns, or the exit code of the error that it throws.
@@ -65,10 +66,11 @@ int RunCommandLine(int argc, char** argv) {
     Options options;
     CLI::App app("The ORB-KL4 sensor on the command line.", "orb-kl4");
     app.fallthrough();
-    app.footer("The options above may stand before or after any command.");
+    app.footer("Every command takes the options of \"orb-kl4 --help\" too.");
     app.set_version_flag("--version", VersionText());
     AddCommonOptions(app, options);
     const Action run = AddCommands(app, commands);
+    app.footer("These options may stand before or after the command.");
     const Output early(WantsJson({argv, static_cast<std::size_t>(argc)}), false);
     return ExitOf(early, [&] {
         CatchSignals();

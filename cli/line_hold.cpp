@@ -96,6 +96,10 @@ LineHold::LineHold(const PortDevice& device) {
     RequireUse(device);
     const std::string name = device.name.toStdString();
     handle_ = Opened(name);
+    if (::isatty(handle_) == 0) {
+        ::close(handle_);
+        throw CliError(Failure::NoLine, name + " is no serial line");
+    }
     if (IsMarkedExclusive(handle_) || ::flock(handle_, LOCK_EX | LOCK_NB) != 0) {
         ::close(handle_);
         ThrowBusy(name);

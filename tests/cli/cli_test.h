@@ -1,0 +1,72 @@
+#pragma once
+
+#include "simulator/simulator.h"
+#include "simulator/temporary_folder.h"
+
+#include <QJsonObject>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orbkl4::cli::test {
+
+using Words = std::vector<std::string>;
+using Environment = std::map<std::string, std::string>;
+
+/// How a run of the program ended, and what it wrote.
+struct Outcome {
+    int exit = -1;
+    std::string out;
+    std::string err;
+
+    /// The JSON document on standard output; empty where there is none.
+    QJsonObject Json() const;
+
+    /// The code of the JSON error.
+    std::string Error() const;
+};
+
+/// The program, running with an ordinary user's rights, whoever runs the tests; killed with this
+/// object.
+class CliProcess {
+  public:
+    CliProcess(const Words& arguments, const Environment& environment);
+    ~CliProcess();
+    CliProcess(const CliProcess&) = delete;
+    CliProcess& operator=(const CliProcess&) = delete;
+
+    pid_t Id() const { return static_cast<pid_t>(process_.processId()); }
+
+    /// Waits until it has ended; a death by a signal gives the exit code -1.
+    Outcome AwaitEnd();
+
+  private:
+    QProcess process_;
+};
+
+/// Simulated sensors on ports of the test's own: the 16 ports of this machine aren't touched.
+class CliTest : public testing::Test {
+  protected:
+    CliTest();
+
+    /// Puts a sensor on port `number`.
+    orbkl4sim::Simulator& Plug(int number, orbkl4sim::SimulatorOptions options = {});
+
+    std::filesystem::path PortLink(int number) const;
+
+    /// What the program is to run in, and `more`.
+    Environment Surroundings(const Environment& more = {}) const;
+
+    /// Runs the program to its end.
+    Outcome Run(const Words& arguments, const Environment& more = {}) const;
+
+    orbkl4sim::TemporaryFolder folder_;
+    std::vector<std::unique_ptr<orbkl4sim::Simulator>> sensors_;
+};
+
+}  // namespace orbkl4::cli::test

@@ -1,0 +1,272 @@
+#include "cli/cli_test.h"
+#include "simulator/host_line.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <chrono>
+#include <csignal>
+#include <grp.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+
+namespace orbkl4::cli::test {
+namespace {
+
+using namespace std::chrono_literals;
+using orbkl4sim::Bytes;
+using orbkl4sim::Simulator;
+
+std::string Text(const QJsonObject& object) { return QJsonDocument(object).toJson().toStdString(); }
+
+QJsonObject Parsed(const char* text) { return QJsonDocument::fromJson(text).object(); }
+
+std::vector<std::uint16_t> MemoryOf(const Simulator& sensor) {
+    std::vector<std::uint16_t> words;
+    for (int address = 0; address < 256; address += 2) words.push_back(sensor.Word(address));
+    return words;
+}
+
+class Info : public CliTest {};
+class Ports : public CliTest {};
+class Choice : public CliTest {};
+class Ending : public CliTest {};
+
+TEST_F(Info, TellsWhatTheSensorHolds) {
+    Simulator& sensor = Plug(5);
+    for (const auto& [address, word] : std::map<int, std::uint16_t>{{134, 4711},
+                                                                    {198, 3102},
+                                                                    {130, 1000},
+                                                                    {230, 2000},
+                                                                    {232, 65535},
+                                                                    {238, 4},
+                                                                    {240, 10},
+                                                                    {242, 200},
+                                                                    {246, 3}})
+        sensor.SetWord(address, word);
+    sensor.SetTemperature(50);
+    // 4 x 10 x 200 x 3 times 100 ns; 50 degrees are the word 13107, that is 49.998 degrees.
+    auto expected = Parsed(R"({"format": "orb-kl4 info", "version": 1, "baud": 38400,
+        "serialNumber": 4711, "firmware": "3.1.02", "mode": "polled", "tickInterval_ms": 2.4,
+        "gainScales": {"gyro": 1000, "accelerometer": 2000, "magnetometer": 65535},
+        "temperature_C": 50})");
+    expected["device"] = QString::fromStdString(sensor.DevicePath().string());
+    const Outcome json = Run({"info", "--json"});
+    EXPECT_EQ(0, json.exit) << json.err;
+    EXPECT_EQ(Text(expected), Text(json.Json()));
+    const Outcome table = Run({"info", "--port", "5"});
+    for (const char* part : {"4711", "3.1.02", "not set", "2.4 ms", "50 \u00b0C"})
+        EXPECT_NE(std::string::npos, table.out.find(part)) << part;
+}
+
+TEST_F(Info, FindsTheSensorAtEachSpeedAndInEachModeAndChangesNothing) {
+    int port = 0;
+    for (const int baud : {38400, 115200, 19200}) {
+        for (const auto& [mode, name] :
+             std::map<std::uint16_t, std::string>{{0, "polled"},
+                                                  {0x02, "vectors"},
+                                                  {0x0C, "quat-vectors"},
+                                                  {0x0D, "instant-angles"}}) {
+            Simulator& sensor = Plug(++port, {.baud = baud});
+            sensor.SetWord(132, mode);
+            const auto before = MemoryOf(sensor);
+            const Outcome outcome = Run({"info", "--json", "--port", std::to_string(port)});
+            EXPECT_EQ(0, outcome.exit) << baud << " " << name << ": " << outcome.err;
+            EXPECT_EQ(baud, outcome.Json()["baud"].toInt());
+            EXPECT_EQ(name, outcome.Json()["mode"].toString().toStdString());
+            EXPECT_EQ(1042, outcome.Json()["serialNumber"].toInt());
+            EXPECT_EQ(before, MemoryOf(sensor)) << baud << " " << name;
+            for (const auto& request : sensor.Requests())
+                EXPECT_TRUE(!request.heard || request.bytes[0] != 0x29) << "a write";
+        }
+    }
+}
+
+TEST_F(Info, GetsOverFaultsOfTheLine) {
+    using orbkl4sim::FaultRates;
+    int port = 0;
+    for (const FaultRates& faults : std::vector<FaultRates>{{.drop = 0.1},
+                                                            {.corrupt = 0.1},
+                                                            {.truncate = 0.1},
+                                                            {.dribble = 1},
+                                                            {.stray = 1},
+                                                            {.delay = 1}}) {
+        Plug(++port, {.faults = faults});
+        const Outcome outcome = Run({"info", "--json", "--port", std::to_string(port)});
+        EXPECT_EQ(0, outcome.exit) << port << ": " << outcome.err;
+        EXPECT_EQ(1042, outcome.Json()["serialNumber"].toInt()) << port;
+        EXPECT_EQ(6.5536, outcome.Json()["tickInterval_ms"].toDouble()) << port;
+    }
+}
+
+TEST_F(Ports, ListsAndAsksAllSixteen) {
+    Simulator& sensor = Plug(3, {.baud = 19200});
+    const std::string device = sensor.DevicePath().string();
+    auto expected = Parsed(R"({"port": 3, "byId": null, "description": null, "state": "free",
+        "remedy": null, "sensor": null})");
+    expected["device"] = QString::fromStdString(device);
+    const QJsonArray listed = Run({"ports", "--json"}).Json()["ports"].toArray();
+    ASSERT_EQ(16, listed.size());
+    EXPECT_EQ(Text(expected), Text(listed[2].toObject()));
+    EXPECT_EQ("absent", listed[3]["state"].toString().toStdString());
+    EXPECT_EQ(Bytes{}, sensor.Received()) << "only listed";
+
+    expected["sensor"] = Parsed(R"({"serialNumber": 1042, "firmware": "3.1.01", "baud": 19200})");
+    const Outcome probed = Run({"--json", "ports", "--probe"});
+    EXPECT_EQ(0, probed.exit) << probed.err;
+    EXPECT_EQ(Text(expected), Text(probed.Json()["ports"][2].toObject()));
+    // Firmware and serial number are asked for at its own speed, the former at the two before it.
+    EXPECT_EQ((Bytes{0xF0, 0xF0, 0xF0, 0xF1}), sensor.Received());
+    const orbkl4sim::HostLine host(device);
+    termios settings{};
+    ASSERT_EQ(0, tcgetattr(host.Descriptor(), &settings));
+    EXPECT_EQ(B50, cfgetospeed(&settings)) << "the speed is as it was";
+}
+
+TEST_F(Ports, AsksSilentLinesSideBySide) {
+    for (int number = 1; number <= 16; ++number) Plug(number).SetSilent(true);
+    const auto start = std::chrono::steady_clock::now();
+    const Outcome outcome = Run({"ports", "--probe"});
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 4s) << "one by one takes 24 s";
+    EXPECT_EQ(0, outcome.exit);
+}
+
+TEST_F(Ports, TellsWhoMayUseALineThatIsDenied) {
+    const std::string device = Plug(2).DevicePath().string();
+    ASSERT_EQ(0, ::chmod(device.c_str(), 0060));
+    struct stat status {};
+    ASSERT_EQ(0, ::stat(device.c_str(), &status));
+    const std::string group = ::getgrgid(status.st_gid)->gr_name;
+    const QJsonObject port = Run({"ports", "--json"}).Json()["ports"][1].toObject();
+    EXPECT_EQ("denied", port["state"].toString().toStdString());
+    const std::string remedy = port["remedy"].toString().toStdString();
+    EXPECT_NE(std::string::npos, remedy.find("group \"" + group + "\"")) << remedy;
+    EXPECT_EQ("denied", Run({"info", "--json", "--port", "2"}).Error());
+}
+
+TEST_F(Ports, NamesTheProgramThatHoldsALine) {
+    Simulator& sensor = Plug(1);
+    sensor.SetSilent(true);
+    CliProcess holder({"info", "--port", "1"}, Surroundings());
+    ASSERT_TRUE(sensor.WaitForRequests(1, 20s));
+    const std::string name = "orb-kl4 (process " + std::to_string(holder.Id()) + ")";
+    for (const std::string& choice :
+         {std::string("--port=1"), "--device=" + PortLink(1).string()}) {
+        const Outcome outcome = Run({"info", "--json", choice});
+        EXPECT_EQ(3, outcome.exit);
+        EXPECT_EQ("busy", outcome.Error());
+        EXPECT_NE(std::string::npos, outcome.err.find(name)) << outcome.err;
+    }
+    const QJsonObject port = Run({"ports", "--json"}).Json()["ports"][0].toObject();
+    EXPECT_EQ("busy", port["state"].toString().toStdString());
+    EXPECT_NE(std::string::npos, port["remedy"].toString().toStdString().find(name));
+}
+
+TEST_F(Ports, HeedsTheExclusiveMarkOfOthers) {
+    const orbkl4sim::HostLine host(Plug(1).DevicePath());
+    ASSERT_EQ(0, ioctl(host.Descriptor(), TIOCEXCL));
+    EXPECT_EQ("busy", Run({"info", "--json", "--port", "1"}).Error());
+    EXPECT_EQ("no-line", Run({"info", "--json"}).Error()) << "none is free";
+}
+
+TEST_F(Choice, TakesTheSensorMeantAndLeavesOthersAlone) {
+    Simulator& first = Plug(1);
+    Simulator& second = Plug(16);
+    second.SetWord(134, 77);
+    const Outcome several = Run({"info", "--json"});
+    EXPECT_EQ(2, several.exit);
+    EXPECT_EQ("several-sensors", several.Error());
+    for (const char* part : {"1042", "77", "/dev/pts/"})
+        EXPECT_NE(std::string::npos, several.err.find(part)) << several.err;
+    const std::string device = second.DevicePath().string();
+    struct Case {
+        Words words;
+        Environment environment;
+    };
+    for (const auto& [words, environment] :
+         std::vector<Case>{{{"info", "--sensor", "77"}, {}},
+                           {{"--sensor", "77", "info"}, {{"ORB_KL4_DEVICE", "/nowhere"}}},
+                           {{"info"}, {{"ORB_KL4_SENSOR", "77"}, {"ORB_KL4_BAUD", "38400"}}}}) {
+        const Outcome outcome = Run(words, environment);
+        EXPECT_EQ(0, outcome.exit) << outcome.err;
+        EXPECT_NE(std::string::npos, outcome.out.find(device)) << outcome.out;
+    }
+    first.ClearRecord();
+    EXPECT_EQ(0, Run({"info", "--port", "16"}).exit);
+    EXPECT_EQ(0, Run({"info"}, {{"ORB_KL4_DEVICE", device}}).exit);
+    EXPECT_EQ(0, Run({"info", "--device", device, "--sensor", "77"}).exit);
+    EXPECT_EQ(Bytes{}, first.Received()) << "another line was named";
+    EXPECT_EQ("no-sensor", Run({"info", "--json", "--sensor", "78"}).Error());
+    EXPECT_EQ("no-sensor", Run({"info", "--json", "--port", "1", "--sensor", "77"}).Error());
+    EXPECT_EQ("no-sensor", Run({"info", "--json", "--port", "1", "--baud", "19200"}).Error());
+}
+
+TEST_F(Ending, WrongUseIsTwo) {
+    for (const Words& words : std::vector<Words>{{},
+                                                 {"fly"},
+                                                 {"info", "extra"},
+                                                 {"info", "--port"},
+                                                 {"info", "--port", "17"},
+                                                 {"info", "--baud", "9600"},
+                                                 {"info", "--sensor", "-1"},
+                                                 {"info", "--nonsense"},
+                                                 {"info", "--port", "1", "--device", "/dev/null"},
+                                                 {"completion", "zsh"}}) {
+        const Outcome outcome = Run(words);
+        EXPECT_EQ(2, outcome.exit) << outcome.err;
+        EXPECT_EQ(0U, outcome.err.find("orb-kl4: "));
+        EXPECT_EQ(outcome.err.size() - 1, outcome.err.find('\n')) << "one line";
+        EXPECT_EQ("", outcome.out);
+    }
+    EXPECT_EQ("usage", Run({"info", "--json", "--port", "17"}).Error());
+    EXPECT_EQ(2, Run({"info"}, {{"ORB_KL4_BAUD", "fast"}}).exit);
+}
+
+TEST_F(Ending, LinesThatAreNoneAreThree) {
+    for (const std::string& device :
+         {std::string("/dev/null"), std::string("/nowhere"), folder_.Path().string()}) {
+        const Outcome outcome = Run({"info", "--json", "--device", device});
+        EXPECT_EQ(3, outcome.exit);
+        EXPECT_EQ("no-line", outcome.Error()) << device;
+    }
+}
+
+TEST_F(Ending, ASensorThatFailsInMidCommandIsFour) {
+    Simulator& sensor = Plug(1);
+    const auto expect = [&](const char* code) {
+        const Outcome outcome = Run({"info", "--json"});
+        EXPECT_EQ(4, outcome.exit) << code;
+        EXPECT_EQ(code, outcome.Error());
+    };
+    sensor.ReplyTo(0x28, {});
+    expect("no-answer");
+    sensor.ReplyTo(0x28, {0x28, 0x00, 0x01, 0x00, 0x02, 0xFF, 0xFF});
+    expect("bad-answer");
+    sensor.ReplyTo(0x28, {});
+    sensor.ClearRecord();
+    CliProcess process({"info", "--json"}, Surroundings());
+    ASSERT_TRUE(sensor.WaitForRequests(3, 20s));
+    sensor.Unplug();
+    const Outcome outcome = process.AwaitEnd();
+    EXPECT_EQ(4, outcome.exit);
+    EXPECT_EQ("line-gone", outcome.Error());
+}
+
+TEST_F(Ending, SignalsLeaveTheLineInOrder) {
+    Simulator& sensor = Plug(1);
+    sensor.SetSilent(true);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        sensor.ClearRecord();
+        CliProcess process({"info"}, Surroundings());
+        ASSERT_TRUE(sensor.WaitForRequests(1, 20s));
+        ::kill(process.Id(), number);
+        EXPECT_EQ(128 + number, process.AwaitEnd().exit);
+        const orbkl4sim::HostLine host(sensor.DevicePath());
+        termios settings{};
+        ASSERT_EQ(0, tcgetattr(host.Descriptor(), &settings));
+        EXPECT_EQ(B50, cfgetospeed(&settings)) << number;
+    }
+}
+
+}  // namespace
+}  // namespace orbkl4::cli::test
