@@ -2,6 +2,7 @@
 #include "acquire/data_files.h"
 #include "acquire/logic/packets.h"
 #include "bench/process_cost.h"
+#include "bench/record.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
 #include "platform/windows/look.h"
@@ -258,7 +259,7 @@ struct Section {
 constexpr Section sections[] = {
     {"handlers", MeasureHandlers},   {"unpaced", MeasureUnpaced},   {"paced", MeasurePaced},
     {"processor", MeasureProcessor}, {"decoders", MeasureDecoders}, {"rows", MeasureRows},
-    {"processes", MeasureProcesses},
+    {"processes", MeasureProcesses}, {"record", MeasureRecord},
 };
 
 }  // namespace

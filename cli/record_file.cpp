@@ -20,15 +20,12 @@ QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QJsonObject ColumnEntry(std::string_view name, std::string_view unit) {
-    return {{"name", Text(name)}, {"unit", unit.empty() ? QJsonValue() : QJsonValue(Text(unit))}};
-}
-
-QJsonArray ColumnEntries(const Layout& layout) {
-    QJsonArray entries{ColumnEntry(timestampColumn, "s"), ColumnEntry(timeColumn, "s")};
-    for (const Column& column : layout.values)
-        entries.append(ColumnEntry(column.name, column.unit));
-    entries.append(ColumnEntry(ticksColumn, ""));
+QJsonArray Entries(const std::vector<ColumnTitle>& columns) {
+    QJsonArray entries;
+    for (const auto& [name, unit] : columns) {
+        const QJsonValue unitText = unit.empty() ? QJsonValue() : QJsonValue(Text(unit));
+        entries.append(QJsonObject{{"name", Text(name)}, {"unit", unitText}});
+    }
     return entries;
 }
 
@@ -52,7 +49,8 @@ QString UtcText(microseconds time) {
     return QDateTime::fromMSecsSinceEpoch(milliseconds.count()).toUTC().toString(Qt::ISODateWithMs);
 }
 
-QJsonObject Described(const RecordedSensor& sensor, const Layout& layout) {
+QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
+                      const std::vector<ColumnTitle>& columns) {
     const GainScales& scales = sensor.gainScales;
     return {{"version", 1},
             {"device", QString::fromStdString(sensor.device)},
@@ -63,8 +61,8 @@ QJsonObject Described(const RecordedSensor& sensor, const Layout& layout) {
                                        {"accelerometer", scales.AccGainScale},
                                        {"magnetometer", scales.MagGainScale}}},
             {"tickInterval_ms", sensor.tickIntervalMilliseconds},
-            {"channel", Text(layout.channel.name)},
-            {"columns", ColumnEntries(layout)}};
+            {"channel", Text(channel.name)},
+            {"columns", Entries(columns)}};
 }
 
 RecordFile::RecordFile(const std::string& recording, QJsonObject description, microseconds start,

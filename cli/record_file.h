@@ -55,8 +55,9 @@ struct RecordedSensor {
 /// `time` (Unix) as UTC with milliseconds, such as "2026-01-31T12:00:00.250Z".
 QString UtcText(std::chrono::microseconds time);
 
-/// The sensor, the channel and the columns of a recording in `format`, as JSON.
-QJsonObject Described(const RecordedSensor& sensor, const Layout& layout);
+/// The sensor, the channel and the columns of its rows, as JSON.
+QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
+                      const std::vector<ColumnTitle>& columns);
 
 /// The file that says what a recording holds, which lies beside it as "<recording>.json".
 class RecordFile {

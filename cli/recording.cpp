@@ -1,11 +1,14 @@
 #include "cli/recording.h"
 
+#include "cli/progress.h"
 #include "cli/record_file.h"
 #include "cli/sensor_watch.h"
 #include "cli/thinner.h"
 
-#include <algorithm>
+#include <QJsonDocument>
+
 #include <optional>
+#include <random>
 #include <utility>
 
 namespace orbkl4::cli {
@@ -74,7 +77,7 @@ class Recording {
   public:
     /// `target`: that of `options` with the time filled in.
     Recording(const Context& context, const RecordOptions& options, const Target& target,
-              Source source);
+              Progress& progress, Source source);
 
     /// Records to the end.
     ExitCode Run();
@@ -83,13 +86,17 @@ class Recording {
     Ending Loop();
     std::optional<Ending> Step();
     std::optional<Ending> Keep(Clock::time_point received);
+    std::optional<Ending> Miss(Reply::Kind kind, Clock::time_point now);
+    void StartPublishing();
+    void TellNews();
     void BeginGap(const char* why);
-    void EndGap(Clock::time_point received);
+    void EndGap(Clock::time_point end);
     std::optional<Ending> GetOverLoss(const CliError& error);
     void Finish(const char* ended);
 
     const Context& context_;
     const RecordOptions& options_;
+    Progress& progress_;
     std::optional<Session> session_;
     const RecordedSensor sensor_;
     const Layout layout_;
@@ -98,6 +105,8 @@ class Recording {
     const TimeBase time_;
     const Clock::time_point deadline_;
     std::optional<RecordFile> file_;
+    std::optional<Publisher> publisher_;
+    std::string message_;  ///< keeps its memory from sample to sample
     Sample sample_;
     Tally tally_;
     Clock::time_point lastSample_;
@@ -105,9 +114,10 @@ class Recording {
 };
 
 Recording::Recording(const Context& context, const RecordOptions& options, const Target& target,
-                     Source source)
+                     Progress& progress, Source source)
     : context_(context),
       options_(options),
+      progress_(progress),
       session_(std::move(source.session)),
       sensor_(std::move(source.sensor)),
       layout_(*options.channel),
@@ -115,10 +125,25 @@ Recording::Recording(const Context& context, const RecordOptions& options, const
       sink_(target, *options.format, layout_),
       deadline_(DeadlineOf(options, time_.Start())),
       lastSample_(time_.Start()) {
-    if (target.path.empty()) return;
-    file_.emplace(target.path, Described(sensor_, layout_), time_.Unix(time_.Start()),
-                  target.existing == Existing::Append);
-    file_->Write(tally_, {}, {});
+    progress_.Begin(target.path);
+    if (!target.path.empty()) {
+        file_.emplace(target.path,
+                      Described(sensor_, *options.channel, options.format->columns(layout_)),
+                      time_.Unix(time_.Start()), target.existing == Existing::Append);
+        file_->Write(tally_, {}, {});
+    }
+    if (options.broker) StartPublishing();
+}
+
+void Recording::StartPublishing() {
+    PublisherSettings settings = *options_.broker;
+    const std::string serialNumber = std::to_string(sensor_.serialNumber);
+    if (settings.topic.empty())
+        settings.topic = "orb-kl4/" + serialNumber + "/" + std::string(layout_.channel.name);
+    settings.clientName = "orb-kl4-" + serialNumber + "-" + std::to_string(std::random_device()());
+    const auto meta = Described(sensor_, layout_.channel, JsonColumns(layout_));
+    settings.meta = QJsonDocument(meta).toJson(QJsonDocument::Compact).toStdString();
+    publisher_.emplace(std::move(settings));
 }
 
 ExitCode Recording::Run() {
@@ -152,21 +177,22 @@ Ending Recording::Loop() {
 
 /// Asks for a sample; how the recording ends with it, if it does.
 std::optional<Ending> Recording::Step() {
-    constexpr auto longestWithout = 1s;
     if (Clock::now() >= deadline_) return Ending::Seconds;
     const Reply reply = session_->TakeSample(layout_.packet, sensor_.gainScales, sample_);
-    switch (reply.kind) {
-        case Reply::Kind::Good: return Keep(reply.received);
-        case Reply::Kind::None:
-            ++tally_.timeouts;
-            BeginGap(CliError(Failure::NoAnswer, "").Code());
-            break;
-        case Reply::Kind::Bad:
-            ++tally_.badReplies;
-            if (Clock::now() - lastSample_ >= longestWithout)
-                BeginGap(CliError(Failure::BadAnswer, "").Code());
-            break;
-    }
+    const auto ending =
+        reply.kind == Reply::Kind::Good ? Keep(reply.received) : Miss(reply.kind, Clock::now());
+    progress_.Show(tally_);
+    TellNews();
+    return ending;
+}
+
+/// Counts a reply that is bad or missing.
+std::optional<Ending> Recording::Miss(Reply::Kind kind, Clock::time_point now) {
+    constexpr auto longestWithout = 1s;
+    const bool bad = kind == Reply::Kind::Bad;
+    ++(bad ? tally_.badReplies : tally_.timeouts);
+    if (!bad || now - lastSample_ >= longestWithout)
+        BeginGap(CliError(bad ? Failure::BadAnswer : Failure::NoAnswer, "").Code());
     return std::nullopt;
 }
 
@@ -175,21 +201,34 @@ std::optional<Ending> Recording::Keep(Clock::time_point received) {
     if (received > deadline_) return Ending::Seconds;
     EndGap(received);
     lastSample_ = received;
+    if (publisher_) publisher_->SetFlowing(true);
     const TimedSample timed{sample_, time_.Unix(received), time_.SinceStart(received),
                             tally_.samples++};
     const double ticks = SideFields(layout_.packet.side).ticks.In(sample_);
     if (!thinner_.Picks(static_cast<std::uint16_t>(ticks))) return std::nullopt;
     if (!sink_.Write(timed)) return Ending::ReaderGone;
     ++tally_.rows;
+    if (publisher_) {
+        FormatJson(layout_, timed, message_);
+        publisher_->Publish(message_);
+    }
     if (options_.samples && tally_.rows >= *options_.samples) return Ending::Samples;
     return std::nullopt;
 }
 
-void Recording::BeginGap(const char* why) { gap_ = why; }
+void Recording::TellNews() {
+    if (!publisher_) return;
+    if (const auto news = publisher_->News()) progress_.Message(*news);
+}
 
-void Recording::EndGap(Clock::time_point received) {
+void Recording::BeginGap(const char* why) {
+    gap_ = why;
+    if (publisher_) publisher_->SetFlowing(false);
+}
+
+void Recording::EndGap(Clock::time_point end) {
     if (gap_ == nullptr) return;
-    tally_.Note({time_.Unix(lastSample_), time_.Unix(received), gap_});
+    tally_.Note({time_.Unix(lastSample_), time_.Unix(end), gap_});
     gap_ = nullptr;
     thinner_.Restart();
 }
@@ -200,7 +239,7 @@ std::optional<Ending> Recording::GetOverLoss(const CliError& error) {
     if (!options_.reconnect) throw CliError(error);
     session_.reset();
     const std::string sensor = "sensor " + std::to_string(sensor_.serialNumber);
-    context_.output.Message(std::string(error.what()) + "; waiting for " + sensor);
+    progress_.Message(std::string(error.what()) + "; waiting for " + sensor);
     try {
         session_ = AwaitReturn(context_.options.sensor, sensor_.serialNumber, deadline_);
     } catch (const CliError& interrupted) {
@@ -208,15 +247,20 @@ std::optional<Ending> Recording::GetOverLoss(const CliError& error) {
         throw;
     }
     if (!session_) return Ending::Seconds;
-    context_.output.Message(sensor + " is back on " + session_->SerialLine().Name());
+    progress_.Message(sensor + " is back on " + session_->SerialLine().Name());
     return std::nullopt;
 }
 
-/// Says in the file beside the recording how it ended.
 void Recording::Finish(const char* ended) {
     const auto now = Clock::now();
     EndGap(now);
+    progress_.End(tally_);
+    if (publisher_) publisher_->Finish();
+    TellNews();
     if (!file_) return;
+    if (publisher_)
+        file_->Add("mqtt", QJsonObject{{"sent", static_cast<qint64>(publisher_->Sent())},
+                                       {"dropped", static_cast<qint64>(publisher_->Dropped())}});
     const QJsonObject document = file_->Write(tally_, QLatin1String(ended), time_.Unix(now));
     if (context_.output.Json()) context_.output.Show("orb-kl4 recording", document, {});
 }
@@ -227,14 +271,15 @@ ExitCode Record(const Context& context, const RecordOptions& options) {
     // Refused at once, but named by the time at which the recording begins.
     RecordFile::Permit(WithTime(options.target));
     const SensorChoice& choice = context.options.sensor;
+    Progress progress(context.output, !options.target.path.empty());
     const auto tell = [&](const std::string& reason) {
-        context.output.Message("waiting for the sensor: " + reason);
+        progress.Message("waiting for the sensor: " + reason);
     };
     try {
         Source source = options.wait ? AwaitSource(choice, tell) : OpenSource(choice);
         const Target target = WithTime(options.target);
         RecordFile::Permit(target);
-        return Recording(context, options, target, std::move(source)).Run();
+        return Recording(context, options, target, progress, std::move(source)).Run();
     } catch (const CliError& error) {
         if (error.Kind() != Failure::Interrupted) throw;
         return ExitOf(Ending::Signal, options);

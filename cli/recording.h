@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "cli/publisher.h"
 #include "cli/row_sink.h"
 
 #include <cstdint>
@@ -12,12 +13,13 @@ namespace orbkl4::cli {
 struct RecordOptions {
     const Channel* channel = nullptr;
     const RowFormat* format = nullptr;
-    std::optional<std::uint64_t> samples = std::nullopt;  ///< rows after which it ends
-    std::optional<double> seconds = std::nullopt;         ///< time after which it ends
-    std::optional<double> rate = std::nullopt;            ///< rows a second; none: all
-    bool wait = false;                                    ///< for a sensor that isn't there yet
-    bool reconnect = true;                                ///< where the line goes
-    Target target = {};                                   ///< its path may have strftime's fields
+    std::optional<std::uint64_t> samples = std::nullopt;     ///< rows after which it ends
+    std::optional<double> seconds = std::nullopt;            ///< time after which it ends
+    std::optional<double> rate = std::nullopt;               ///< rows a second; none: all
+    bool wait = false;                                       ///< for a sensor that isn't there yet
+    bool reconnect = true;                                   ///< where the line goes
+    std::optional<PublisherSettings> broker = std::nullopt;  ///< to publish to
+    Target target = {};  ///< its path may have strftime's fields
 };
 
 /// Records until the samples or the time asked for are there, a signal comes or nobody reads the

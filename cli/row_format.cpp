@@ -25,11 +25,18 @@ std::string TicksText(const Layout& layout, const Sample& sample) {
     return ScreenText(SideFields(layout.packet.side).ticks.In(sample));
 }
 
+std::vector<ColumnTitle> CsvColumns(const Layout& layout) {
+    std::vector<ColumnTitle> columns{{timestampColumn, "s"}, {timeColumn, "s"}};
+    for (const Column& column : layout.values) columns.push_back({column.name, column.unit});
+    columns.push_back({ticksColumn, ""});
+    return columns;
+}
+
 std::string CsvHead(const Layout& layout) {
-    std::string head(timestampColumn);
-    head.append(",").append(timeColumn);
-    for (const Column& column : layout.values) head.append(",").append(column.name);
-    return head.append(",").append(ticksColumn).append("\n");
+    std::string head;
+    for (const ColumnTitle& column : CsvColumns(layout)) head.append(column.name).append(",");
+    head.back() = '\n';
+    return head;
 }
 
 void FormatCsv(const Layout& layout, const TimedSample& timed, std::string& row) {
@@ -45,6 +52,21 @@ std::string NoHead(const Layout& /*layout*/) { return {}; }
 void FormatJsonLine(const Layout& layout, const TimedSample& timed, std::string& row) {
     FormatJson(layout, timed, row);
     row += '\n';
+}
+
+constexpr const SampleField& FieldOf(const FileColumn& column, Side side) {
+    return side == Side::Gyro ? column.gyro : column.instant;
+}
+
+std::vector<ColumnTitle> WorkbenchColumns(const Layout& layout) {
+    std::vector<ColumnTitle> columns{{"Time(Seconds)", "s"}};
+    for (const FileColumn& column : RowOf(layout.channel.kind).columns) {
+        const auto value =
+            std::ranges::find(layout.values, FieldOf(column, layout.packet.side), &Column::field);
+        columns.push_back({column.title, value->unit});
+    }
+    columns.push_back({"TimerTicks", ""});
+    return columns;
 }
 
 constexpr const char* workbenchLineEnd = "\r\n";
@@ -68,19 +90,23 @@ void FormatWorkbench(const Layout& layout, const TimedSample& timed, std::string
 constexpr bool KindHasAllFields(const Channel& channel) {
     const SamplePacket& packet = PacketOf(channel.command);
     const auto columns = RowOf(channel.kind).columns;
-    return columns.size() == packet.words.size() &&
-           std::ranges::all_of(packet.words, [&](const PacketWord& word) {
-               return std::ranges::find(
-                          columns, word.field,
-                          packet.side == Side::Gyro ? &FileColumn::gyro : &FileColumn::instant) !=
-                      columns.end();
-           });
+    const auto isThere = [&](const FileColumn& column) {
+        return std::ranges::count(packet.words, FieldOf(column, packet.side), &PacketWord::field) ==
+               1;
+    };
+    return columns.size() == packet.words.size() && std::ranges::all_of(columns, isThere);
 }
 
 static_assert(std::ranges::all_of(channels, KindHasAllFields),
               "the workbench's file of a channel has the fields of its packet");
 
 }  // namespace
+
+std::vector<ColumnTitle> JsonColumns(const Layout& layout) {
+    auto columns = CsvColumns(layout);
+    columns.push_back({sequenceColumn, ""});
+    return columns;
+}
 
 void FormatJson(const Layout& layout, const TimedSample& timed, std::string& row) {
     row = '{';
@@ -97,9 +123,9 @@ void FormatJson(const Layout& layout, const TimedSample& timed, std::string& row
 }
 
 const std::array<RowFormat, 3> rowFormats{{
-    {"csv", CsvHead, FormatCsv},
-    {"jsonl", NoHead, FormatJsonLine},
-    {"workbench", WorkbenchHead, FormatWorkbench},
+    {"csv", CsvColumns, CsvHead, FormatCsv},
+    {"jsonl", JsonColumns, NoHead, FormatJsonLine},
+    {"workbench", WorkbenchColumns, WorkbenchHead, FormatWorkbench},
 }};
 
 }  // namespace orbkl4::cli

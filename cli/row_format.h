@@ -30,13 +30,23 @@ struct TimedSample {
     std::uint64_t sequence;  ///< number of the sample, from 0
 };
 
-/// A kind of file: its name on the command line, the text at its beginning, and a sample's row with
-/// its line end. A row's memory is kept from sample to sample.
+/// A column of a file: its name and its unit, empty where it has none.
+struct ColumnTitle {
+    std::string_view name;
+    std::string_view unit;
+};
+
+/// A kind of file: its name on the command line, its columns, the text at its beginning, and a
+/// sample's row with its line end. A row's memory is kept from sample to sample.
 struct RowFormat {
     std::string_view name;
+    std::vector<ColumnTitle> (*columns)(const Layout& layout);
     std::string (*head)(const Layout& layout);
     void (*format)(const Layout& layout, const TimedSample& sample, std::string& row);
 };
+
+/// The columns of JSON lines, which are the members of each object.
+std::vector<ColumnTitle> JsonColumns(const Layout& layout);
 
 /// The sample's JSON object, the row of JSON lines without its line end.
 void FormatJson(const Layout& layout, const TimedSample& sample, std::string& row);

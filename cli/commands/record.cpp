@@ -3,7 +3,10 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
+#include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,10 @@ struct Words {
     bool append = false;
     bool overwrite = false;
     bool noReconnect = false;
+    std::string broker;
+    std::string topic;
+    std::string user;
+    std::string passwordFile;
     RecordOptions options = {};
 };
 
@@ -59,6 +66,73 @@ void AddTarget(CLI::App& app, Words& words) {
         ->capture_default_str();
 }
 
+void AddBroker(CLI::App& app, Words& words) {
+    auto* const broker = app.add_option("--mqtt", words.broker, "Publish to an MQTT broker as well")
+                             ->type_name("HOST[:PORT]");
+    app.add_option("--topic", words.topic, "The topic, else orb-kl4/SERIAL/CHANNEL")
+        ->type_name("TOPIC")
+        ->needs(broker);
+    auto* const user = app.add_option("--mqtt-user", words.user, "The user to log in as")
+                           ->type_name("USER")
+                           ->needs(broker);
+    app.add_option("--mqtt-password-file", words.passwordFile, "A file that holds the password")
+        ->type_name("FILE")
+        ->needs(user);
+}
+
+[[noreturn]] void RefuseValue(const std::string& what, const std::string& value) {
+    throw CliError(Failure::Usage, "\"" + value + "\" is no " + what, "see \"orb-kl4 --help\"");
+}
+
+int PortNumber(const std::string& text) {
+    constexpr int last = 65535;
+    int port = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+    if (error != std::errc() || end != text.data() + text.size() || port < 1 || port > last)
+        RefuseValue("TCP port", text);
+    return port;
+}
+
+/// HOST, HOST:PORT or [ADDRESS]:PORT; a bare address of version 6 has colons, but no port.
+PublisherSettings BrokerIn(const std::string& text) {
+    PublisherSettings settings{.host = text};
+    auto colon = text.rfind(':');
+    if (text.starts_with('[')) {
+        const auto end = text.find(']');
+        if (end == std::string::npos) RefuseValue("address", text);
+        settings.host = text.substr(1, end - 1);
+        colon = end + 1 < text.size() ? end + 1 : std::string::npos;
+    } else if (colon == text.find(':')) {
+        settings.host = text.substr(0, colon);
+    } else {
+        colon = std::string::npos;
+    }
+    if (colon != std::string::npos) settings.port = PortNumber(text.substr(colon + 1));
+    if (settings.host.empty() || (colon != std::string::npos && text[colon] != ':'))
+        RefuseValue("broker", text);
+    return settings;
+}
+
+std::string FirstLineOf(const std::string& path) {
+    std::ifstream file(path);
+    std::string line;
+    std::getline(file, line);
+    if (file.bad() || !file.is_open())
+        throw CliError(Failure::Usage, path + " can't be read", "check its name and its rights");
+    if (line.ends_with('\r')) line.pop_back();
+    return line;
+}
+
+std::optional<PublisherSettings> BrokerOf(const Words& words) {
+    if (words.broker.empty()) return std::nullopt;
+    PublisherSettings settings = BrokerIn(words.broker);
+    if (!words.topic.empty() && !IsTopic(words.topic)) RefuseValue("topic", words.topic);
+    settings.topic = words.topic;
+    settings.user = words.user;
+    if (!words.passwordFile.empty()) settings.password = FirstLineOf(words.passwordFile);
+    return settings;
+}
+
 ExitCode RunRecord(const Context& context, const Words& words) {
     RecordOptions options = words.options;
     Target& target = options.target;
@@ -68,6 +142,7 @@ ExitCode RunRecord(const Context& context, const Words& words) {
     }
     options.channel = RowNamed(channels, words.channel);
     options.format = RowNamed(rowFormats, words.format);
+    options.broker = BrokerOf(words);
     options.reconnect = !words.noReconnect;
     if (words.append) target.existing = Existing::Append;
     if (words.overwrite) target.existing = Existing::Overwrite;
@@ -83,6 +158,7 @@ Action SetUpRecord(CLI::App& app) {
         ->check(CLI::IsMember(NamesIn(channels)));
     AddLimits(app, words->options);
     AddTarget(app, *words);
+    AddBroker(app, *words);
     app.add_flag("--no-reconnect", words->noReconnect, "End where the line goes");
     return [words](const Context& context) { return RunRecord(context, *words); };
 }
