@@ -5,7 +5,7 @@
 #include "bench/record.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
-#include "platform/windows/look.h"
+#include "platform/controls/house_style.h"
 #include "state/app_state.h"
 #include "state/sample_state.h"
 
@@ -270,7 +270,7 @@ int main(int argc, char** argv) {
     using namespace orbkl4::bench;
     const QApplication application(argc, argv);
     const QStringList chosen = QApplication::arguments().mid(1);
-    orbkl4::ApplyHouseLook();
+    orbkl4::ApplyHouseStyle();
     Table table;
     for (const auto& [name, measure] : sections) {
         if (chosen.isEmpty() || chosen.contains(QLatin1String(name))) measure(table);

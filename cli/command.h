@@ -19,7 +19,7 @@ struct Context {
     const Output& output;
 };
 
-/// Runs a parsed command; throws `CliError` where it fails.
+/// Runs a parsed command; throws `CliError` if it fails.
 using Action = std::function<ExitCode(const Context&)>;
 
 /// A command: its name, one line of help, and what adds its own options to its part of the command

@@ -40,7 +40,7 @@ int ExitOf(const Output& output, const Body& body) {
     }
 }
 
-/// Parses the command line; an exit code where that is all, as for --help.
+/// Parses the command line; an exit code if that is all, as for --help.
 std::optional<ExitCode> Parse(CLI::App& app, int argc, char** argv) {
     try {
         app.parse(argc, argv);

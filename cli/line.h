@@ -36,13 +36,13 @@ class Line {
     /// What to wait on for bytes to come.
     int Handle() const { return static_cast<int>(port_.handle()); }
 
-    /// Hands `bytes` to the device at once; throws `Failure::LineGone` where it is gone.
+    /// Hands `bytes` to the device at once; throws `Failure::LineGone` if it is gone.
     void Send(const Bytes& bytes);
 
     /// Appends to `received` what has come by now; throws `Failure::LineGone`.
     void TakeIn(Bytes& received);
 
-    /// Waits for bytes and appends them to `received`; false where `deadline` passes without any.
+    /// Waits for bytes and appends them to `received`; false if `deadline` passes without any.
     /// Throws `Failure::LineGone` and `Interrupted`.
     bool Receive(Bytes& received, Clock::time_point deadline);
 

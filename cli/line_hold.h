@@ -14,8 +14,8 @@ namespace orbkl4::cli {
 /// when it goes. The exclusive mark isn't set: the port object that opens the device does that.
 class LineHold {
   public:
-    /// Throws `Failure::NoLine` where there is no such device, `Denied` where this user may not
-    /// open it, and `Busy` where another program holds it, by lock or by exclusive mark.
+    /// Throws `Failure::NoLine` if there is no such device, `Denied` if this user may not
+    /// open it, and `Busy` if another program holds it, by lock or by exclusive mark.
     explicit LineHold(const PortDevice& device);
     ~LineHold();
     LineHold(const LineHold&) = delete;
@@ -23,7 +23,7 @@ class LineHold {
 
   private:
     int handle_;
-    std::optional<int> driverFlags_;  ///< as found; none where the driver has no such flags
+    std::optional<int> driverFlags_;  ///< as found; none if the driver has no such flags
 };
 
 /// A process that has a device open.
@@ -35,7 +35,7 @@ struct Holder {
 /// A process other than this one that has `device` open, as far as the system lets this user see.
 std::optional<Holder> HolderOf(const std::string& device);
 
-/// The error that names the holder of `device` where the system tells.
+/// The error that names the holder of `device` if the system knows it.
 [[noreturn]] void ThrowBusy(const std::string& device);
 
 }  // namespace orbkl4::cli

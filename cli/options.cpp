@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdlib>
-#include <set>
 
 namespace orbkl4::cli {
 
@@ -17,12 +16,6 @@ constexpr const char* deviceOption = "--device";
 constexpr const char* portOption = "--port";
 constexpr const char* sensorOption = "--sensor";
 constexpr const char* baudOption = "--baud";
-
-std::set<int> Speeds() {
-    std::set<int> speeds;
-    for (const std::string_view baud : baudRates) speeds.insert(std::stoi(std::string(baud)));
-    return speeds;
-}
 
 void TakeVariable(CLI::App& app, const char* option, const char* variable) {
     const char* const text = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe)
@@ -37,6 +30,13 @@ void TakeVariable(CLI::App& app, const char* option, const char* variable) {
 
 }  // namespace
 
+std::vector<int> AllSpeeds() {
+    std::vector<int> speeds;
+    for (const BaudRate& rate : baudSearchOrder)
+        speeds.push_back(std::stoi(std::string(rate.text)));
+    return speeds;
+}
+
 void AddCommonOptions(CLI::App& app, Options& options) {
     constexpr int lastSerialNumber = 65535;
     SensorChoice& sensor = options.sensor;
@@ -50,7 +50,7 @@ void AddCommonOptions(CLI::App& app, Options& options) {
         ->type_name("SERIAL")
         ->check(CLI::Range(0, lastSerialNumber).description(""));
     app.add_option(baudOption, sensor.baud, "Its speed, in place of trying all three")
-        ->check(CLI::IsMember(Speeds()));
+        ->check(CLI::IsMember(AllSpeeds()));
     app.add_flag("--json", options.json, "Print one JSON document");
     app.add_flag("-q,--quiet", options.quiet, "Print no messages but errors");
 }

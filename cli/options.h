@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -23,6 +24,9 @@ struct Options {
     bool json = false;
     bool quiet = false;
 };
+
+/// The speeds that a sensor can have, in baud, in the order of the search.
+std::vector<int> AllSpeeds();
 
 /// Adds the options of every command to `app`, to be stored in `options` by its parsing.
 void AddCommonOptions(CLI::App& app, Options& options);

@@ -38,7 +38,7 @@ class Output {
     bool Quiet() const { return quiet_; }
 
     /// Prints `document`, with "format": `format` and "version": 1 added, in JSON, else `table`;
-    /// throws `Failure::System` where standard output takes no more.
+    /// throws `Failure::System` if standard output takes no more.
     void Show(const char* format, QJsonObject document, const Table& table) const;
 
     /// Prints `text` as it is to standard output; throws as `Show` does.
@@ -55,7 +55,7 @@ class Output {
     bool quiet_;
 };
 
-/// Whether what goes to `descriptor` may have colours: on a terminal, or where CLICOLOR_FORCE
+/// Whether what goes to `descriptor` may have colours: on a terminal, or if CLICOLOR_FORCE
 /// demands it; never under NO_COLOR, nor on a dumb terminal.
 bool MayColour(int descriptor);
 

@@ -3,6 +3,8 @@
 #include "cli/error.h"
 #include "cli/line_hold.h"
 
+#include <QSerialPortInfo>
+
 #include <filesystem>
 #include <map>
 #include <set>
@@ -24,6 +26,21 @@ std::map<std::string, std::string> NamesById() {
     return names;
 }
 
+/// What the system calls the adapters, by device. Looking for them takes long, so it's done once.
+std::map<QString, std::string> Descriptions() {
+    std::map<QString, std::string> descriptions;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
+        descriptions[info.systemLocation()] = info.description().toStdString();
+    return descriptions;
+}
+
+/// The value of `key`, empty if there is none.
+template <typename Key>
+std::string Lookup(const std::map<Key, std::string>& texts, const Key& key) {
+    const auto found = texts.find(key);
+    return found == texts.end() ? std::string() : found->second;
+}
+
 PortState StateOf(Failure failure) {
     switch (failure) {
         case Failure::Denied: return PortState::Denied;
@@ -32,9 +49,8 @@ PortState StateOf(Failure failure) {
     }
 }
 
-Port Inspected(int number) {
-    Port port{.number = number, .device = DeviceOfPort(number), .byId = {}, .remedy = {}};
-    if (!port.device.present) return port;
+/// Sets the state of `port`, whose device is present, and the remedy.
+void Inspect(Port& port) {
     try {
         const LineHold hold(port.device);
         port.state = PortState::Free;
@@ -42,19 +58,22 @@ Port Inspected(int number) {
         port.state = StateOf(error.Kind());
         port.remedy = error.Remedy();
     }
-    return port;
 }
 
 }  // namespace
 
 std::vector<Port> ListPorts() {
     const auto names = NamesById();
+    const auto descriptions = Descriptions();
     std::vector<Port> ports;
     for (int number = 1; number <= lastPortNumber; ++number) {
-        Port port = Inspected(number);
-        const auto name = names.find(port.device.name.toStdString());
-        if (port.device.present && name != names.end()) port.byId = name->second;
-        ports.push_back(std::move(port));
+        Port& port = ports.emplace_back();
+        port.number = number;
+        port.device = DeviceOfPort(number);
+        if (!port.device.present) continue;
+        port.byId = Lookup(names, port.device.name.toStdString());
+        port.description = Lookup(descriptions, port.device.name);
+        Inspect(port);
     }
     return ports;
 }

@@ -15,9 +15,10 @@ enum class PortState : std::uint8_t { Free, Absent, Denied, Busy };
 struct Port {
     int number = 0;
     PortDevice device;
-    std::string byId;  ///< its name below /dev/serial/by-id; empty where it has none
+    std::string byId;         ///< its name below /dev/serial/by-id; empty if it has none
+    std::string description;  ///< what the system calls its adapter; empty if it has no name
     PortState state = PortState::Absent;
-    std::string remedy;  ///< what can be done where it isn't free
+    std::string remedy;  ///< what can be done if it isn't free
 };
 
 /// All 16 ports. A device is opened for a moment to see whether it is free; nothing is set or sent.

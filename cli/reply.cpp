@@ -2,25 +2,26 @@
 
 #include "link/logic/frame_check.h"
 
-#include <algorithm>
+#include <array>
 
 namespace orbkl4::cli {
 
 namespace {
 
-/// The bytes of a frame that begins with `header`; 0 where none does.
-std::size_t FrameLength(std::uint8_t header) {
-    const auto* const row = std::ranges::find(
-        commandFormats, header, [](const CommandFormat& format) { return ByteOf(format.command); });
-    return row == commandFormats.end() ? 0 : row->replyLength;
-}
+/// The bytes of the frame that each header byte begins; 0 if it begins none.
+constexpr auto frameLengths = [] {
+    std::array<std::size_t, 256> lengths{};
+    for (const CommandFormat& format : commandFormats)
+        lengths.at(ByteOf(format.command)) = format.replyLength;
+    return lengths;
+}();
 
 }  // namespace
 
 std::optional<Bytes> ReplyIn(const Bytes& received, DeviceCommand command, bool moreMayCome) {
     std::size_t offset = 0;
     while (offset < received.size()) {
-        const std::size_t length = FrameLength(received[offset]);
+        const std::size_t length = frameLengths.at(received[offset]);
         const bool whole = offset + length <= received.size();
         if (!whole && moreMayCome) return std::nullopt;
         if (length == 0 || !whole || !ChecksumHolds(received, offset, length)) {

@@ -3,7 +3,6 @@
 #include "cli/error.h"
 #include "cli/ports.h"
 #include "cli/reply.h"
-#include "link/logic/baud_rates.h"
 #include "link/logic/identity.h"
 #include "link/logic/requests.h"
 
@@ -127,11 +126,7 @@ std::vector<FoundSensor> AskAllPorts(std::span<const int> speeds) {
 }  // namespace
 
 std::vector<int> SpeedsToTry(const SensorChoice& choice) {
-    if (choice.baud) return {*choice.baud};
-    std::vector<int> speeds;
-    for (const std::string_view baud : baudSearchOrder)
-        speeds.push_back(std::stoi(std::string(baud)));
-    return speeds;
+    return choice.baud ? std::vector{*choice.baud} : AllSpeeds();
 }
 
 std::vector<FoundSensor> AskForSensors(Lines lines, std::span<const int> speeds,

@@ -21,16 +21,16 @@ struct FoundSensor {
 
 using Lines = std::vector<std::unique_ptr<Line>>;
 
-/// How long a sensor is given to answer at each speed, where one line is asked and where all are.
+/// How long a sensor is given to answer at each speed, when one line is asked and when all are.
 inline constexpr std::chrono::milliseconds patienceWithOne{500};
 inline constexpr std::chrono::milliseconds patienceWithAll{250};
 
 /// The speeds to try for `choice`, in order.
 std::vector<int> SpeedsToTry(const SensorChoice& choice);
 
-/// Asks all `lines` side by side who is there, at each of `speeds`, twice where nobody answers, and
+/// Asks all `lines` side by side who is there, at each of `speeds`, twice if nobody answers, and
 /// returns those that a sensor answered on; the others are closed. Only the requests for firmware
-/// and serial number are sent, the latter only where the former was answered.
+/// and serial number are sent, the latter only if the former was answered.
 std::vector<FoundSensor> AskForSensors(Lines lines, std::span<const int> speeds,
                                        std::chrono::milliseconds patience);
 

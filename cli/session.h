@@ -16,12 +16,12 @@ namespace orbkl4::cli {
 struct Reply {
     enum class Kind : std::uint8_t { Good, Bad, None };
     Kind kind = Kind::None;
-    Bytes bytes = {};              ///< the whole reply where it is good
+    Bytes bytes = {};              ///< the whole reply if it is good
     Clock::time_point received{};  ///< when its last byte was taken in
 };
 
 /// The conversation with one sensor. It works in continuous mode too, where it picks the replies
-/// out of the samples. Everything throws `Failure::LineGone` where the line goes and `Interrupted`.
+/// out of the samples. Everything throws `Failure::LineGone` if the line goes and `Interrupted`.
 class Session {
   public:
     /// Finds the sensor that `choice` means; throws what `FindSensor` does.

@@ -12,10 +12,10 @@ using Clock = std::chrono::steady_clock;
 /// and files are left in order; the same signal a second time ends it.
 void CatchSignals();
 
-/// The number of the signal caught, 0 where none was.
+/// The number of the signal caught, 0 if none was.
 int SignalReceived();
 
-/// Waits until one of `entries` is ready; false where `deadline` passes first. Throws
+/// Waits until one of `entries` is ready; false if `deadline` passes first. Throws
 /// `Failure::Interrupted` once a signal has been caught.
 bool WaitFor(std::span<pollfd> entries, Clock::time_point deadline);
 

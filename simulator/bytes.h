@@ -11,11 +11,15 @@ namespace orbkl4sim {
 /// Bytes of a request or a reply, in wire order.
 using Bytes = std::vector<std::uint8_t>;
 
-/// A time since the simulated sensor was made, or a span of it.
+/// Time since the simulator was created, or a duration.
 using Time = std::chrono::nanoseconds;
 
-/// A reply as it stands on the line: `header`, `words` with the most significant byte first, and
-/// the checksum word.
+/// The duration of `count` milliseconds.
+inline Time Milliseconds(double count) {
+    return std::chrono::duration_cast<Time>(std::chrono::duration<double, std::milli>(count));
+}
+
+/// A reply frame: `header`, `words` in big-endian order, and the checksum word.
 inline Bytes Frame(std::uint8_t header, std::span<const std::uint16_t> words) {
     Bytes frame{header};
     unsigned sum = header;
@@ -35,7 +39,7 @@ inline Bytes Frame(std::uint8_t header, std::initializer_list<std::uint16_t> wor
     return Frame(header, std::span(words.begin(), words.size()));
 }
 
-/// The word whose most significant byte stands at `offset` of `bytes`.
+/// The big-endian word at `offset` of `bytes`; throws std::out_of_range if `bytes` end before it.
 inline std::uint16_t WordAt(const Bytes& bytes, std::size_t offset) {
     return static_cast<std::uint16_t>((bytes.at(offset) << 8U) | bytes.at(offset + 1));
 }

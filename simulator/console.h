@@ -1,27 +1,26 @@
 #pragma once
 
+#include "simulator/arguments.h"
 #include "simulator/simulator.h"
 
 #include <atomic>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace orbkl4sim {
 
-/// Commands as lines of text, for a person or a script that drives the simulator.
+/// Text commands by which a user or a script controls the simulator.
 class Console {
   public:
-    /// `faults` are the rates that `simulator` began with; `logging` is set while requests are to
-    /// be shown as they come.
-    Console(Simulator& simulator, const FaultRates& faults, std::atomic<bool>& logging);
+    /// `logging` is set while requests are to be printed.
+    Console(Simulator& simulator, std::atomic<bool>& logging);
 
-    /// Carries out `line` and gives the answer: "ok", what was asked for, or "error: " and what is
-    /// wrong; nothing for an empty line.
+    /// Carries out `line` and returns the answer: "ok", the value asked for, or "error: " and the
+    /// reason; nothing for an empty line.
     std::string Execute(const std::string& line);
 
-    /// Whether the program is to end.
+    /// Whether the user has asked to end the program.
     bool Ended() const { return ended_; }
 
   private:
@@ -29,18 +28,17 @@ class Console {
         std::string name;
         std::string usage;  // what follows the name
         std::string help;
-        std::function<std::string(std::istringstream& words)> run;
+        std::function<std::string(Arguments& arguments)> run;
     };
 
-    std::vector<Command> Plain();
-    std::vector<Command> Rates();
+    std::vector<Command> FaultCommands();
+    std::vector<Command> OtherCommands();
     std::string Help() const;
-    std::string SetRate(double FaultRates::*rate, std::istringstream& words);
-    std::string Delay(std::istringstream& words);
-    std::string Memory(std::istringstream& words);
+    std::string Faults() const;
+    std::string SetRate(double FaultRates::*rate, Arguments& arguments);
+    std::string Memory(Arguments& arguments);
 
     Simulator& simulator_;
-    FaultRates faults_;
     std::atomic<bool>& logging_;
     std::vector<Command> commands_;
     bool ended_ = false;

@@ -24,13 +24,13 @@ constexpr std::array kSpeeds{Speed{129, 19200}, Speed{64, 38400}, Speed{21, 1152
 constexpr int kDefaultBaud = 38400;
 constexpr Time kTimerCount = 100ns;
 
-// Raw words per unit round the middle of their range.
+// A raw word is the middle of its range plus the value times its scale.
 constexpr double kRawMiddle = 32768;
 constexpr double kRawPerGauss = 12000;
 constexpr double kRawPerG = 6000;
 constexpr double kRawPerRadian = 3000;
 
-// Self test: its bits and how far they shift the raw words.
+// Bits of the self test command, and how far they shift the raw words.
 constexpr unsigned kShiftGyrosDown = 1;
 constexpr unsigned kShiftUp = 2;
 constexpr unsigned kShiftMags = 4;
@@ -54,7 +54,7 @@ double GyroShift(unsigned bits) {
 }  // namespace
 
 Device::Device(Motion motion, bool noisy, std::uint64_t seed)
-    : surroundings_(std::move(motion), noisy, seed) {
+    : environment_(std::move(motion), noisy, seed) {
     PowerUp(Time{});
 }
 
@@ -85,48 +85,50 @@ std::uint16_t Device::Ticks(Time time) const {
 std::optional<std::uint8_t> Device::ContinuousCommand() const {
     const std::uint16_t word = memory_.Word(address::kContinuousMode);
     const auto command = static_cast<std::uint8_t>(word & 0xFFU);
-    if (word > 0xFF || PacketOf(command) == nullptr) return std::nullopt;
+    if (word > 0xFF || FindPacket(command) == nullptr) return std::nullopt;
     return command;
 }
 
-std::optional<Answer> Device::Handle(const Bytes& request, Time taken) {
+std::optional<Answer> Device::Handle(const Bytes& request, Time start) {
     if (!IsWellFormed(request)) return std::nullopt;
     const std::uint8_t command = request.front();
-    if (PacketOf(command) != nullptr) {
-        const Time ready = NextCycle(taken);
+    if (FindPacket(command) != nullptr) {
+        const Time ready = NextCycle(start);
         return Answer{DataReply(command, ready), ready};
     }
+    if (command == 0x06) return CaptureBias(start);
+    if (command == 0x41) return CollectHardIron(start);
+    return Answer{ImmediateReply(request, start), start};
+}
+
+Bytes Device::ImmediateReply(const Bytes& request, Time time) {
+    const std::uint8_t command = request.front();
     switch (command) {
-        case 0x06: return CaptureBias(taken);
-        case 0x07: return Answer{Temperature(taken), taken};
+        case 0x07: return Temperature(time);
         case 0x0F:
-        case 0x11: return Answer{Tare(request, taken), taken};
-        case 0x24: return Answer{WriteGains(request, taken), taken};
-        case 0x25: return Answer{ReadGains(taken), taken};
-        case 0x27: selfTest_ = request[1]; return Answer{{}, taken};
-        case 0x28: return Answer{ReadWord(request, taken), taken};
-        case 0x29: return Answer{WriteWord(request, taken), taken};
-        case 0x40: return Answer{InitHardIron(taken), taken};
-        case 0x41: {
-            const Time ready = NextCycle(taken);
-            return Answer{CollectHardIron(ready), ready};
-        }
-        case 0x42: return Answer{ComputeHardIron(request, taken), taken};
-        case 0xF0: return Answer{Frame(command, {memory_.Word(address::kFirmwareVersion)}), taken};
-        case 0xF1: return Answer{Frame(command, {memory_.Word(address::kSerialNumber)}), taken};
-        default: return std::nullopt;
+        case 0x11: return Tare(request, time);
+        case 0x24: return WriteGains(request, time);
+        case 0x25: return ReadGains(time);
+        case 0x27: selfTest_ = request[1]; return {};
+        case 0x28: return ReadWord(request, time);
+        case 0x29: return WriteWord(request, time);
+        case 0x40: return InitHardIron(time);
+        case 0x42: return ComputeHardIron(request, time);
+        case 0xF0: return Frame(command, {memory_.Word(address::kFirmwareVersion)});
+        case 0xF1: return Frame(command, {memory_.Word(address::kSerialNumber)});
+        default: return {};
     }
 }
 
 Bytes Device::DataReply(std::uint8_t command, Time time) {
-    const Packet& packet = *PacketOf(command);
-    std::vector<std::uint16_t> words = PayloadOf(packet, Measure(packet.instantaneous, time));
+    const Packet& packet = *FindPacket(command);
+    std::vector<std::uint16_t> words = PayloadWords(packet, Measure(packet.instantaneous, time));
     words.push_back(Ticks(time));
     return Frame(command, words);
 }
 
 Sample Device::Measure(bool instantaneous, Time time) {
-    const Reading reading = surroundings_.Read(time);
+    const Reading reading = environment_.Read(time);
     const Quaternion tare = FromMatrix(memory_.Matrix(address::kTareMatrix));
     const double accShift = (selfTest_ & kShiftUp) != 0 ? kAccShift : 0;
     return {
@@ -143,27 +145,28 @@ Sample Device::Measure(bool instantaneous, Time time) {
     };
 }
 
-/// The field without the iron's share: the iron matrix times what the iron offset leaves.
+/// Hard iron correction: the iron matrix times the field less the iron offset.
 Vector3 Device::Corrected(const Vector3& field) const {
     const double unit = memory_.Word(address::kMagGainScale) / 32768000.0;
     const auto offset = [&](int axis) {
         return ToSigned(memory_.Word(address::kIronOffset + 2 * axis)) * unit;
     };
-    const Vector3 rest = field - Vector3{offset(0), offset(1), offset(2)};
+    const Vector3 shifted = field - Vector3{offset(0), offset(1), offset(2)};
     const Matrix3 m = memory_.Matrix(address::kIronMatrix);
-    return {m[0] * rest.x + m[3] * rest.y + m[6] * rest.z,
-            m[1] * rest.x + m[4] * rest.y + m[7] * rest.z,
-            m[2] * rest.x + m[5] * rest.y + m[8] * rest.z};
+    return {m[0] * shifted.x + m[3] * shifted.y + m[6] * shifted.z,
+            m[1] * shifted.x + m[4] * shifted.y + m[7] * shifted.z,
+            m[2] * shifted.x + m[5] * shifted.y + m[8] * shifted.z};
 }
 
-/// Takes the mean of the rates over as many cycles as the memory says; busy meanwhile.
-Answer Device::CaptureBias(Time taken) {
+/// Averages the rates over the number of cycles stored in the memory; the sensor is busy until
+/// then.
+Answer Device::CaptureBias(Time start) {
     const int samples = memory_.Word(address::kCaptureBiasSamples);
     Vector3 sum;
-    Time time = taken;
+    Time time = start;
     for (int sample = 0; sample < samples; ++sample) {
         time = NextCycle(time);
-        sum = sum + surroundings_.Read(time).rate;
+        sum = sum + environment_.Read(time).rate;
     }
     if (samples > 0) gyroBias_ = sum * (1.0 / samples);
     return {Confirm(0x06, time), time};
@@ -175,19 +178,19 @@ Bytes Device::Temperature(Time time) const {
     return Frame(0x07, {word, Ticks(time)});
 }
 
-/// Makes the present attitude the origin, or the earth again. The word of the reply is the outcome,
-/// 0 for done.
+/// Sets the tare matrix so that the current attitude becomes zero, or removes it. The word of the
+/// reply is the result, 0 for success.
 Bytes Device::Tare(const Bytes& request, Time time) {
     const bool set = request.front() == 0x0F;
-    const Quaternion tare = set ? Conjugate(surroundings_.Read(time).attitude) : Quaternion{};
+    const Quaternion tare = set ? Conjugate(environment_.Read(time).attitude) : Quaternion{};
     memory_.SetMatrix(address::kTareMatrix, ToMatrix(tare));
     return Frame(request.front(), {0});
 }
 
 Bytes Device::WriteGains(const Bytes& request, Time time) {
-    memory_.SetWord(address::kAccelerationErrorGain, WordAt(request, 1));
-    memory_.SetWord(address::kMagneticErrorGain, WordAt(request, 3));
-    memory_.SetWord(address::kBiasTrackingGain, WordAt(request, 5));
+    memory_.Write(address::kAccelerationErrorGain, WordAt(request, 1));
+    memory_.Write(address::kMagneticErrorGain, WordAt(request, 3));
+    memory_.Write(address::kBiasTrackingGain, WordAt(request, 5));
     return Confirm(0x24, time);
 }
 
@@ -204,18 +207,20 @@ Bytes Device::ReadWord(const Bytes& request, Time time) const {
 
 Bytes Device::WriteWord(const Bytes& request, Time time) {
     if (!Eeprom::Has(request[3])) return {};
-    memory_.SetWord(request[3], WordAt(request, 4));
-    return Frame(0x29, {memory_.Word(request[3]), Ticks(time)});
+    const std::uint16_t word = WordAt(request, 4);
+    memory_.Write(request[3], word);
+    return Frame(0x29, {word, Ticks(time)});  // confirmed even if the word is stuck
 }
 
 Bytes Device::InitHardIron(Time time) {
     range_.reset();
-    for (int axis = 0; axis < 3; ++axis) memory_.SetWord(address::kIronOffset + 2 * axis, 0);
+    for (int axis = 0; axis < 3; ++axis) memory_.Write(address::kIronOffset + 2 * axis, 0);
     return Confirm(0x40, time);
 }
 
-Bytes Device::CollectHardIron(Time time) {
-    const Vector3 field = surroundings_.Read(time).field;
+Answer Device::CollectHardIron(Time start) {
+    const Time ready = NextCycle(start);
+    const Vector3 field = environment_.Read(ready).field;
     range_ = Widened(range_, field);
     const double scale = memory_.Word(address::kMagGainScale);
     std::vector<std::uint16_t> words;
@@ -224,11 +229,11 @@ Bytes Device::CollectHardIron(Time time) {
             words.push_back(ScaledWord(value, scale));
         }
     }
-    words.push_back(Ticks(time));
-    return Frame(0x41, words);
+    words.push_back(Ticks(ready));
+    return {Frame(0x41, words), ready};
 }
 
-/// Takes the offset over from what was collected; keeps the old one where nothing was.
+/// Computes the iron offset from the collected range; keeps the old one if nothing was collected.
 Bytes Device::ComputeHardIron(const Bytes& request, Time time) {
     if (range_) {
         const bool circle = request[3] == 1;
@@ -236,9 +241,9 @@ Bytes Device::ComputeHardIron(const Bytes& request, Time time) {
         const Vector3 offset =
             circle ? OffsetFromCircle(*range_, vertical) : OffsetFromSphere(*range_);
         const double scale = memory_.Word(address::kMagGainScale);
-        memory_.SetWord(address::kIronOffset, ScaledWord(offset.x, scale));
-        memory_.SetWord(address::kIronOffset + 2, ScaledWord(offset.y, scale));
-        memory_.SetWord(address::kIronOffset + 4, ScaledWord(offset.z, scale));
+        memory_.Write(address::kIronOffset, ScaledWord(offset.x, scale));
+        memory_.Write(address::kIronOffset + 2, ScaledWord(offset.y, scale));
+        memory_.Write(address::kIronOffset + 4, ScaledWord(offset.z, scale));
     }
     return Frame(0x42, {memory_.Word(address::kIronOffset), memory_.Word(address::kIronOffset + 2),
                         memory_.Word(address::kIronOffset + 4), Ticks(time)});
@@ -247,7 +252,7 @@ Bytes Device::ComputeHardIron(const Bytes& request, Time time) {
 std::uint16_t BaudCode(int baud) {
     const auto* const speed = std::ranges::find(kSpeeds, baud, &Speed::baud);
     if (speed == kSpeeds.end()) {
-        throw std::out_of_range("no speed of the sensor: " + std::to_string(baud));
+        throw std::out_of_range("not a baud rate of the sensor: " + std::to_string(baud));
     }
     return speed->code;
 }

@@ -18,8 +18,8 @@ struct FactoryRun {
     std::uint16_t word;
 };
 
-// Words that aren't listed are 0. Gain scales are the full scale of a signed word in thousandths:
-// 2.5 gauss, 5 g and 8.727 rad/s (500 degrees a second).
+// All other words are 0. A gain scale is 1000 times the full scale of a signed word: 2.5 gauss, 5 g
+// and 8.727 rad/s (500 degrees/s).
 constexpr std::array kFactory{
     FactoryRun{2, 12, 32768},   // accelerometer and magnetometer offsets
     FactoryRun{14, 24, 16384},  // accelerometer and magnetometer gains
@@ -46,7 +46,7 @@ constexpr std::array kFactory{
     FactoryRun{246, 246, 1},
 };
 
-// The orthogonality matrices of magnetometer, gyroscope and accelerometer, tare and iron.
+// Orthogonality of magnetometer, gyroscope and accelerometer; tare; iron.
 constexpr std::array kIdentityMatrices{66, 84, 102, address::kTareMatrix, address::kIronMatrix};
 
 }  // namespace
@@ -64,19 +64,30 @@ bool Eeprom::Has(int wordAddress) {
     return wordAddress >= 0 && wordAddress <= 254 && wordAddress % 2 == 0;
 }
 
-std::uint16_t Eeprom::Word(int wordAddress) const {
+std::size_t Eeprom::Index(int wordAddress) {
     if (!Has(wordAddress)) {
         throw std::out_of_range("no EEPROM word at " + std::to_string(wordAddress));
     }
-    return words_[static_cast<std::size_t>(wordAddress) / 2];
+    return static_cast<std::size_t>(wordAddress) / 2;
 }
 
+std::uint16_t Eeprom::Word(int wordAddress) const { return words_.at(Index(wordAddress)); }
+
 void Eeprom::SetWord(int wordAddress, std::uint16_t word) {
-    if (!Has(wordAddress)) {
-        throw std::out_of_range("no EEPROM word at " + std::to_string(wordAddress));
-    }
-    words_[static_cast<std::size_t>(wordAddress) / 2] = word;
+    words_.at(Index(wordAddress)) = word;
     ++changes_;
+}
+
+void Eeprom::Write(int wordAddress, std::uint16_t word) {
+    if (!stuck_.at(Index(wordAddress))) SetWord(wordAddress, word);
+}
+
+std::vector<int> Eeprom::Stuck() const {
+    std::vector<int> addresses;
+    for (int wordAddress = 0; wordAddress <= 254; wordAddress += 2) {
+        if (stuck_.at(Index(wordAddress))) addresses.push_back(wordAddress);
+    }
+    return addresses;
 }
 
 Matrix3 Eeprom::Matrix(int wordAddress) const {
@@ -90,7 +101,7 @@ Matrix3 Eeprom::Matrix(int wordAddress) const {
 
 void Eeprom::SetMatrix(int wordAddress, const Matrix3& matrix) {
     for (const double element : matrix) {
-        SetWord(wordAddress, SignedWord(element * kMatrixUnit));
+        Write(wordAddress, SignedWord(element * kMatrixUnit));
         wordAddress += 2;
     }
 }

@@ -1,13 +1,12 @@
 #include "simulator/eeprom_file.h"
 
-#include <algorithm>
-#include <cerrno>
+#include "simulator/text.h"
+#include "simulator/throw_errno.h"
+
 #include <fcntl.h>
-#include <fstream>
 #include <sstream>
-#include <stdexcept>
 #include <string>
-#include <system_error>
+#include <string_view>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -27,12 +26,8 @@ std::string Text(const Eeprom& memory) {
     return text.str();
 }
 
-[[noreturn]] void Fail(const fs::path& file) {
-    throw std::system_error(errno, std::generic_category(), file.string());
-}
-
-/// Writes all of `text` to the open `descriptor` and waits until the disk has it.
-bool WriteThrough(int descriptor, const std::string& text) {
+/// Writes `text` to `descriptor` and syncs it to disk; false on failure.
+bool WriteAndSync(int descriptor, const std::string& text) {
     for (std::size_t done = 0; done < text.size();) {
         const ssize_t size = write(descriptor, text.data() + done, text.size() - done);
         if (size < 0 && errno != EINTR) return false;
@@ -45,37 +40,26 @@ bool WriteThrough(int descriptor, const std::string& text) {
 
 void LoadEeprom(const fs::path& file, Eeprom& memory) {
     if (!fs::exists(file)) return;
-    std::ifstream stream(file);
-    if (!stream) throw std::runtime_error(file.string() + ": can't be read");
-    std::string line;
-    for (int number = 1; std::getline(stream, line); ++number) {
-        line.erase(std::min(line.find('#'), line.size()));
-        std::istringstream words(line);
-        if ((words >> std::ws).eof()) continue;
-        long wordAddress = -1;
-        long word = -1;
-        if (!(words >> wordAddress >> word) || !(words >> std::ws).eof() ||
-            wordAddress > kLastAddress || !Eeprom::Has(static_cast<int>(wordAddress)) || word < 0 ||
-            word > 0xFFFF) {
-            throw std::runtime_error(file.string() + ", line " + std::to_string(number) +
-                                     ": not an even address from 0 to 254 and a word");
-        }
+    ForEachLine(file, [&memory](std::string_view line) {
+        Arguments words(line);
+        const double wordAddress = words.Number(kAddressRange);
+        const double word = words.LastNumber(kWordRange);
         memory.SetWord(static_cast<int>(wordAddress), static_cast<std::uint16_t>(word));
-    }
+    });
 }
 
 void SaveEeprom(const fs::path& file, const Eeprom& memory) {
     fs::path fresh = file;
     fresh += ".new";
     const int descriptor = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (descriptor < 0) Fail(fresh);
-    const bool written = WriteThrough(descriptor, Text(memory));
-    if (close(descriptor) != 0 || !written) Fail(fresh);
-    if (rename(fresh.c_str(), file.c_str()) != 0) Fail(file);
-    // The rename itself is on the disk once the folder is.
+    if (descriptor < 0) ThrowErrno(fresh.string());
+    const bool written = WriteAndSync(descriptor, Text(memory));
+    if (close(descriptor) != 0 || !written) ThrowErrno(fresh.string());
+    if (rename(fresh.c_str(), file.c_str()) != 0) ThrowErrno(file.string());
+    // The rename itself reaches the disk when the folder is synced.
     const fs::path parent = file.has_parent_path() ? file.parent_path() : fs::path(".");
     const int folder = open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0) Fail(parent);
+    if (folder < 0) ThrowErrno(parent.string());
     fsync(folder);
     close(folder);
 }

@@ -6,13 +6,13 @@
 
 namespace orbkl4sim {
 
-/// Reads `file`, lines of an even address and its word, into `memory`; a `#` begins a remark, and
-/// words that the file doesn't name stay as they are. Throws std::runtime_error that names file and
-/// line where one is wrong; a missing file is none.
+/// Loads `file` into `memory`: lines of an even address and its word, with comments after a `#`.
+/// Words that aren't listed keep their values, and a missing file changes nothing. Throws
+/// std::runtime_error with file and line number for a bad line.
 void LoadEeprom(const std::filesystem::path& file, Eeprom& memory);
 
-/// Writes all words of `memory` to `file` so that whatever happens the file is whole, the old one
-/// or the new one; throws std::system_error where that fails.
+/// Replaces `file` by all words of `memory` in one step, so that a crash leaves either the old or
+/// the new file; throws std::system_error on failure.
 void SaveEeprom(const std::filesystem::path& file, const Eeprom& memory);
 
 }  // namespace orbkl4sim

@@ -2,46 +2,66 @@
 
 #include "simulator/bytes.h"
 
+#include <array>
 #include <optional>
 #include <random>
 
 namespace orbkl4sim {
 
-/// How often replies go wrong on their way: shares from 0 (never) to 1 (always).
+/// How often each transmission fault hits a reply, from 0 (never) to 1 (always).
 struct FaultRates {
-    double drop = 0;      // nothing arrives
+    double drop = 0;      // the reply is lost
     double corrupt = 0;   // one bit is flipped
     double truncate = 0;  // the end is missing
-    double dribble = 0;   // the bytes come one by one, `dribbleGap` apart
-    double stray = 0;     // one to four bytes stand before it
-    double delay = 0;     // it comes later by `delayTime`
+    double dribble = 0;   // the bytes are sent one by one, `dribbleGap` apart
+    double stray = 0;     // one to four random bytes are sent before it
+    double delay = 0;     // it is sent `delayTime` late
     Time dribbleGap = std::chrono::milliseconds(2);
     Time delayTime = std::chrono::milliseconds(300);
 };
 
-/// A reply as it goes out.
-struct Delivery {
+/// A fault with a rate, by the name of its option and its console command.
+struct RateFault {
+    const char* name;
+    double FaultRates::*rate;
+    const char* help;
+};
+
+inline constexpr std::array kRateFaults{
+    RateFault{"drop", &FaultRates::drop, "loses replies"},
+    RateFault{"corrupt", &FaultRates::corrupt, "flips one bit of replies"},
+    RateFault{"truncate", &FaultRates::truncate, "cuts the end off replies"},
+    RateFault{"dribble", &FaultRates::dribble, "sends replies byte by byte"},
+    RateFault{"stray", &FaultRates::stray, "sends stray bytes before replies"},
+    RateFault{"delay", &FaultRates::delay, "sends replies late"},
+};
+
+/// The longest `delayTime` that a user can set, in milliseconds.
+inline constexpr double kLongestDelay = 3'600'000;
+
+/// A reply with the faults that hit it.
+struct FaultyReply {
     Bytes bytes;
     Time delay{};
     bool dribbled = false;
 };
 
-/// Spoils replies at random, the same ones for the same seed.
-class FaultMaker {
+/// Injects faults into replies at random, reproducibly for each seed.
+class FaultInjector {
   public:
-    explicit FaultMaker(std::uint64_t seed) : random_(seed) {}
+    explicit FaultInjector(std::uint64_t seed) : random_(seed) {}
 
     FaultRates& Rates() { return rates_; }
 
-    /// What becomes of `reply`; none where it is dropped.
-    std::optional<Delivery> Spoil(Bytes reply);
+    /// `reply` with random faults; nothing if it is dropped.
+    std::optional<FaultyReply> Inject(Bytes reply);
 
     /// `count` random bytes.
-    Bytes Garbage(std::size_t count);
+    Bytes RandomBytes(std::size_t count);
 
   private:
-    bool Happens(double rate);
-    std::size_t Below(std::size_t limit);
+    bool Chance(double rate);
+    std::size_t RandomBelow(std::size_t limit);
 
     FaultRates rates_;
     std::mt19937_64 random_;

@@ -36,8 +36,8 @@ Quaternion Normalized(const Quaternion& q) {
 }
 
 Vector3 Rotate(const Quaternion& q, const Vector3& vector) {
-    const Quaternion turned = q * Quaternion{0, vector.x, vector.y, vector.z} * Conjugate(q);
-    return {turned.x, turned.y, turned.z};
+    const Quaternion rotated = q * Quaternion{0, vector.x, vector.y, vector.z} * Conjugate(q);
+    return {rotated.x, rotated.y, rotated.z};
 }
 
 Quaternion FromRotationVector(const Vector3& vector) {
@@ -74,7 +74,7 @@ Matrix3 ToMatrix(const Quaternion& q) {
 }
 
 Quaternion FromMatrix(const Matrix3& m) {
-    // Of the four ways to read a quaternion off a matrix the one with the largest pivot is safe.
+    // Dividing by the largest of the four pivots keeps the result accurate.
     const std::array<double, 4> pivots{1 + m[0] + m[4] + m[8], 1 + m[0] - m[4] - m[8],
                                        1 - m[0] + m[4] - m[8], 1 - m[0] - m[4] + m[8]};
     switch (std::max_element(pivots.begin(), pivots.end()) - pivots.begin()) {
@@ -85,8 +85,8 @@ Quaternion FromMatrix(const Matrix3& m) {
     }
 }
 
-Quaternion Between(const Quaternion& a, const Quaternion& b, double share) {
-    return a * FromRotationVector(ToRotationVector(Conjugate(a) * b) * share);
+Quaternion Slerp(const Quaternion& a, const Quaternion& b, double fraction) {
+    return a * FromRotationVector(ToRotationVector(Conjugate(a) * b) * fraction);
 }
 
 }  // namespace orbkl4sim

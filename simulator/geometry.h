@@ -15,17 +15,17 @@ Vector3 operator-(const Vector3& a, const Vector3& b);
 Vector3 operator*(const Vector3& vector, double factor);
 double Length(const Vector3& vector);
 
-/// Nine elements column by column, as the sensor sends them: M11, M21, M31, M12 …
+/// Nine elements by columns, in the order in which the sensor sends them: M11, M21, M31, M12 …
 using Matrix3 = std::array<double, 9>;
 
-/// Degrees; the sensor is turned by yaw about Z, then pitch about Y, then roll about X.
+/// Angles in degrees, applied in the order yaw about Z, pitch about Y, roll about X.
 struct Euler {
     double roll = 0;
     double pitch = 0;
     double yaw = 0;
 };
 
-/// A rotation that takes body coordinates to earth coordinates (X north, Y east, Z down).
+/// A rotation from body to earth coordinates (X north, Y east, Z down).
 struct Quaternion {
     double w = 1;
     double x = 0;
@@ -36,16 +36,16 @@ struct Quaternion {
 Quaternion operator*(const Quaternion& a, const Quaternion& b);
 Quaternion Conjugate(const Quaternion& q);
 
-/// `q` at length 1; no rotation where its length is 0.
+/// `q` scaled to length 1; the identity if its length is 0.
 Quaternion Normalized(const Quaternion& q);
 
-/// `vector` turned by `q`.
+/// `vector` rotated by `q`.
 Vector3 Rotate(const Quaternion& q, const Vector3& vector);
 
-/// The rotation by the length of `vector`, in radians, about its direction.
+/// The rotation about `vector` by its length in radians.
 Quaternion FromRotationVector(const Vector3& vector);
 
-/// The shortest rotation vector, in radians, that gives `q`.
+/// The shortest rotation vector of `q`, in radians.
 Vector3 ToRotationVector(const Quaternion& q);
 
 Quaternion FromEuler(const Euler& angles);
@@ -55,10 +55,10 @@ Euler ToEuler(const Quaternion& q);
 
 Matrix3 ToMatrix(const Quaternion& q);
 
-/// The rotation nearest to `m`; no rotation where `m` gives none.
+/// The rotation of the matrix `m`, which may have rounding errors; the identity if it has none.
 Quaternion FromMatrix(const Matrix3& m);
 
-/// The rotation at `share` (0 to 1) of the shorter way from `a` to `b`.
-Quaternion Between(const Quaternion& a, const Quaternion& b, double share);
+/// Spherical interpolation on the shorter way from `a` (`fraction` 0) to `b` (1).
+Quaternion Slerp(const Quaternion& a, const Quaternion& b, double fraction);
 
 }  // namespace orbkl4sim

@@ -7,13 +7,13 @@
 
 namespace orbkl4sim {
 
-/// The lowest and highest field seen on each axis while the sensor was turned, in gauss.
+/// The lowest and highest field measured on each axis while the sensor turned, in gauss.
 struct FieldRange {
     Vector3 lowest;
     Vector3 highest;
 };
 
-/// `range` widened so that it holds `field`; a range of that one point where there was none.
+/// `range` widened to include `field`; just `field` if there was no range.
 inline FieldRange Widened(const std::optional<FieldRange>& range, const Vector3& field) {
     if (!range) return {field, field};
     const auto [low, high] = *range;
@@ -21,12 +21,12 @@ inline FieldRange Widened(const std::optional<FieldRange>& range, const Vector3&
             {std::max(high.x, field.x), std::max(high.y, field.y), std::max(high.z, field.z)}};
 }
 
-/// The field of the iron that turned with the sensor: the middle of the range.
+/// The hard iron offset in gauss: the middle of the range.
 inline Vector3 OffsetFromSphere(const FieldRange& range) {
     return (range.lowest + range.highest) * 0.5;
 }
 
-/// The same after turns in the level plane alone, where Z stayed at the earth's `vertical` field.
+/// The offset after turns in the level plane, where Z measures the earth's `vertical` field.
 inline Vector3 OffsetFromCircle(const FieldRange& range, double vertical) {
     Vector3 offset = OffsetFromSphere(range);
     offset.z -= vertical;

@@ -33,35 +33,33 @@ void Line::Receive(const Bytes& bytes, Time now, int hostBaud) {
 }
 
 void Line::Answer(const Bytes& request, Time complete) {
-    // A packet of continuous mode that has not begun gives way.
+    // A packet of continuous mode that isn't on the line yet is dropped in favour of the reply.
     if (!outgoing_.empty() && outgoing_.front().streamed && outgoing_.front().begins > complete) {
         outgoing_.clear();
         sendFree_ = complete;
     }
-    const Time taken = paced_ ? std::max(complete, sendFree_) : deviceTime_;
-    const auto answer = device_.Handle(request, taken);
+    const Time start = paced_ ? std::max(complete, sendFree_) : deviceTime_;
+    const auto answer = device_.Handle(request, start);
     if (answer) deviceTime_ = answer->ready;
     Send(script_.Apply(request, answer ? answer->reply : Bytes{}),
          paced_ && answer ? answer->ready : complete, false);
 }
 
 void Line::Send(Bytes reply, Time ready, bool streamed) {
-    if (silent_) return;
-    if (const auto delivery = faults_.Spoil(std::move(reply))) {
-        Schedule(*delivery, ready, streamed);
-    }
+    if (silent_ || !powered_) return;
+    if (const auto faulty = faults_.Inject(std::move(reply))) Schedule(*faulty, ready, streamed);
 }
 
-void Line::Schedule(const Delivery& delivery, Time ready, bool streamed) {
-    const Bytes& bytes = delivery.bytes;
-    const Time begins = std::max(ready + delivery.delay, sendFree_);
-    const Time gap = delivery.dribbled ? faults_.Rates().dribbleGap : cutGap_;
+void Line::Schedule(const FaultyReply& reply, Time ready, bool streamed) {
+    const Bytes& bytes = reply.bytes;
+    const Time begins = std::max(ready + reply.delay, sendFree_);
+    const Time gap = reply.dribbled ? faults_.Rates().dribbleGap : splitGap_;
     Time due = begins + ByteTime() * static_cast<Time::rep>(bytes.size());
     auto at = bytes.begin();
     for (std::size_t piece = 0; at != bytes.end(); ++piece) {
         const auto left = static_cast<std::size_t>(bytes.end() - at);
-        std::size_t size = piece < cuts_.size() ? std::min(cuts_[piece], left) : left;
-        if (delivery.dribbled) size = 1;
+        std::size_t size = piece < splitSizes_.size() ? std::min(splitSizes_[piece], left) : left;
+        if (reply.dribbled) size = 1;
         const auto end = at + static_cast<std::ptrdiff_t>(size);
         outgoing_.push_back({Bytes(at, end), due, begins, streamed});
         sendFree_ = due;
@@ -70,18 +68,18 @@ void Line::Schedule(const Delivery& delivery, Time ready, bool streamed) {
     }
 }
 
-/// In continuous mode the next packet is made as soon as the line has carried the last one.
+/// In continuous mode, schedules the next packet as soon as the last one has been sent.
 void Line::ScheduleStream(Time now) {
     const auto command = device_.ContinuousCommand();
-    if (!command || silent_ || !outgoing_.empty()) return;
-    // A late wake-up must not cost a cycle, so the line's own time counts unless it lags far.
+    if (!command || silent_ || !powered_ || !outgoing_.empty()) return;
+    // A late wake-up must not skip a cycle, so the line's own time counts unless it lags by more.
     const bool lags = sendFree_ + device_.Cycle() < now;
     const Time ready = device_.NextCycle(paced_ ? (lags ? now : sendFree_) : deviceTime_);
     deviceTime_ = ready;
     streamed_ = std::max(streamed_ + device_.Cycle(), now);
     const Time begins = paced_ ? ready : streamed_;
     Send(device_.DataReply(*command, ready), begins, true);
-    // A dropped packet leaves a gap, and the next one follows all the same.
+    // An empty entry keeps a dropped packet's place, so that the next one follows it in time.
     if (outgoing_.empty()) outgoing_.push_back({{}, begins, begins, true});
     sendFree_ = outgoing_.back().due;
 }
@@ -109,15 +107,22 @@ std::vector<Bytes> Line::TakeDue(Time now) {
 void Line::AppendFlood(Time now, std::vector<Bytes>& writes) {
     if (!flooded_ || now < *flooded_ + kFloodStep) return;
     const Time byteTime = Time{1s} * kBitsPerByte / device_.Baud();
-    // After a long sleep the line was not fuller than one second's worth.
+    // Limits the burst after a long sleep to one second's worth.
     const auto count = std::min<Time>(now - *flooded_, 1s) / byteTime;
-    writes.push_back(faults_.Garbage(static_cast<std::size_t>(count)));
+    writes.push_back(faults_.RandomBytes(static_cast<std::size_t>(count)));
     flooded_ = now;
 }
 
-void Line::PowerCycle(Time now) {
+void Line::SetPower(bool on, Time now) {
+    if (on == powered_) return;
     Reset(now);
-    device_.PowerUp(ToDeviceTime(now));
+    if (on) device_.PowerUp(ToDeviceTime(now));
+    powered_ = on;
+}
+
+void Line::PowerCycle(Time now) {
+    SetPower(false, now);
+    SetPower(true, now);
 }
 
 void Line::Reset(Time now) {
@@ -135,10 +140,10 @@ void Line::SetSilent(bool silent) {
 
 void Line::SetFlood(bool flood, Time now) { flooded_ = flood ? std::optional(now) : std::nullopt; }
 
-void Line::Cut(std::vector<std::size_t> sizes, Time gap) {
+void Line::Split(std::vector<std::size_t> sizes, Time gap) {
     std::ranges::replace(sizes, std::size_t{0}, std::size_t{1});
-    cuts_ = std::move(sizes);
-    cutGap_ = gap;
+    splitSizes_ = std::move(sizes);
+    splitGap_ = gap;
 }
 
 }  // namespace orbkl4sim

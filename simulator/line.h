@@ -12,51 +12,59 @@
 
 namespace orbkl4sim {
 
-/// The sensor's end of the serial line: bytes of the host go in at the time they arrive, bytes for
-/// the host come out at the time the last of them is due. It does no input or output itself.
+/// The sensor's end of the serial line. The caller passes in the host's bytes when they arrive and
+/// takes out the replies when their last byte is due; the class does no input or output itself.
 ///
-/// Paced, a byte takes ten bits at the sensor's speed, both ways, and a data command waits for the
-/// end of the calculation cycle. Unpaced, every reply is due at once, and the sensor's own time
-/// runs on by one cycle with each data command, so that motion and ticks go on as if paced.
+/// Paced, a byte takes ten bit times in both directions, and a data command waits for the end of
+/// the calculation cycle. Unpaced, every reply is due at once, and the sensor's own time advances
+/// by one cycle with each data command, so that motion and ticks run as if paced.
 class Line {
   public:
-    /// Called with each request found, and whether the sensor heard it.
+    /// Called with each request, and whether the sensor could receive it.
     using Listener = std::function<void(const Bytes& request, bool heard)>;
 
     Line(Device& device, bool paced, std::uint64_t seed);
 
-    /// Whether the sensor and a host at `hostBaud` (0: no speed set) understand each other.
-    bool Accepts(int hostBaud) const { return hostBaud == 0 || hostBaud == device_.Baud(); }
+    /// Whether a host at `hostBaud` (0: none set) can communicate with the sensor.
+    bool Accepts(int hostBaud) const {
+        return powered_ && (hostBaud == 0 || hostBaud == device_.Baud());
+    }
 
-    /// Takes `bytes` that arrived at `now` from a host at `hostBaud`.
+    /// Receives `bytes` at `now` from a host at `hostBaud`.
     void Receive(const Bytes& bytes, Time now, int hostBaud);
 
-    /// When bytes are due next; none where nothing is under way.
+    /// When the next bytes are due; none if nothing is pending.
     std::optional<Time> NextDue(Time now);
 
-    /// The bytes that are due by `now`, one element for each write.
+    /// The bytes due by `now`, one element for each write.
     std::vector<Bytes> TakeDue(Time now);
 
-    /// Sends `bytes` unasked from `now` on, faults aside.
+    /// Sends `bytes` unsolicited from `now` on, without faults.
     void SendUnasked(const Bytes& bytes, Time now) { Schedule({bytes}, now); }
 
-    /// Takes the power away and gives it back.
+    /// Switches the sensor's power on or off; without power, it neither receives nor sends.
+    void SetPower(bool on, Time now);
+    bool IsPowered() const { return powered_; }
+
+    /// Switches the sensor off and on.
     void PowerCycle(Time now);
 
-    /// Forgets all that is under way in either direction.
+    /// Drops everything pending in both directions.
     void Reset(Time now);
 
-    /// While on, nothing leaves the sensor; it still hears and obeys.
+    /// While silent, the sensor carries out requests but sends nothing.
     void SetSilent(bool silent);
+    bool IsSilent() const { return silent_; }
 
-    /// While on, random bytes fill the line from `now` on.
+    /// Switches on or off a stream of random bytes at full baud rate, from `now` on.
     void SetFlood(bool flood, Time now);
+    bool IsFlooding() const { return flooded_.has_value(); }
 
-    /// Cuts each reply into pieces of these sizes and a last one of what remains, `gap` apart.
-    void Cut(std::vector<std::size_t> sizes, Time gap);
+    /// Splits each reply into pieces of these sizes and a last one with the rest, `gap` apart.
+    void Split(std::vector<std::size_t> sizes, Time gap);
 
     void SetListener(Listener listener) { listener_ = std::move(listener); }
-    FaultMaker& Faults() { return faults_; }
+    FaultInjector& Faults() { return faults_; }
     ReplyScript& Script() { return script_; }
 
   private:
@@ -64,34 +72,35 @@ class Line {
         Bytes bytes;
         Time due;
         Time begins;
-        bool streamed;
+        bool streamed;  // in continuous mode
     };
 
     Time ByteTime() const;
     Time ToDeviceTime(Time now) const { return paced_ ? now : deviceTime_; }
     void Answer(const Bytes& request, Time complete);
     void Send(Bytes reply, Time ready, bool streamed);
-    void Schedule(const Delivery& delivery, Time ready, bool streamed = false);
+    void Schedule(const FaultyReply& reply, Time ready, bool streamed = false);
     void ScheduleStream(Time now);
     void AppendFlood(Time now, std::vector<Bytes>& writes);
 
     Device& device_;
     bool paced_;
-    FaultMaker faults_;
+    FaultInjector faults_;
     ReplyScript script_;
     Listener listener_;
     RequestParser heard_;
-    RequestParser unheard_;
+    RequestParser unheard_;  // at the wrong baud rate or without power
     std::deque<Outgoing> outgoing_;
     Time deviceTime_{};            // unpaced: the sensor's own time
-    Time receiveFree_{};           // when the line towards the sensor has carried all it was given
-    Time lateness_{};              // of the last write: it delayed the host's next request as much
-    Time sendFree_{};              // likewise from it
+    Time receiveFree_{};           // when the last byte to the sensor has been transferred
+    Time sendFree_{};              // when the last byte from the sensor has been transferred
+    Time lateness_{};              // of the last write, which delayed the host's next request
     Time streamed_{};              // unpaced: when the last packet of continuous mode was due
-    std::optional<Time> flooded_;  // while flooding: up to when the line is filled
+    std::optional<Time> flooded_;  // while flooding: when random bytes were last sent
+    bool powered_ = true;
     bool silent_ = false;
-    std::vector<std::size_t> cuts_;
-    Time cutGap_{};
+    std::vector<std::size_t> splitSizes_;
+    Time splitGap_{};
 };
 
 }  // namespace orbkl4sim

@@ -1,11 +1,12 @@
 #include "simulator/motion.h"
 
-#include "simulator/surroundings.h"
+#include "simulator/arguments.h"
+#include "simulator/environment.h"
 
 #include <cmath>
 #include <numbers>
-#include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace orbkl4sim {
 
@@ -15,18 +16,18 @@ constexpr double kRadians = std::numbers::pi / 180;
 
 double Seconds(Time time) { return std::chrono::duration<double>(time).count(); }
 
-/// Seen from the body, the earth's field goes round a closed curve through both ends of each axis:
-/// the turn about X at half the speed of that about Y does that. A slow turn about the field itself
-/// brings gravity everywhere too.
+/// In body coordinates, the earth's field moves on a closed curve through both ends of each axis,
+/// since the rotation about X has half the rate of that about Y. A slow rotation about the field
+/// itself lets gravity reach all directions too.
 Quaternion TumbleAttitude(double seconds) {
     static const Quaternion fieldToZ =
         FromRotationVector({0, -std::atan2(kEarthField.x, kEarthField.z), 0});
-    const auto turned = [seconds](double degreesPerSecond) {
+    const auto angle = [seconds](double degreesPerSecond) {
         return degreesPerSecond * kRadians * seconds;
     };
-    const Quaternion earthToBody = FromRotationVector({turned(60), 0, 0}) *
-                                   FromRotationVector({0, turned(120), 0}) *
-                                   FromRotationVector({0, 0, turned(25)}) * fieldToZ;
+    const Quaternion earthToBody = FromRotationVector({angle(60), 0, 0}) *
+                                   FromRotationVector({0, angle(120), 0}) *
+                                   FromRotationVector({0, 0, angle(25)}) * fieldToZ;
     return Conjugate(earthToBody);
 }
 
@@ -47,19 +48,18 @@ Motion Tumble() {
 }
 
 Motion ParseMotion(const std::string& text) {
-    std::istringstream words(text);
-    std::string kind;
-    words >> kind >> std::ws;
-    if (kind == "file") {
-        std::string path;
-        std::getline(words, path);
-        return ReadMotion(path);
+    Arguments arguments(text);
+    const std::string_view kind = arguments.Word("the motion");
+    if (kind == "file") return ReadMotion(arguments.Rest());
+    if (kind == "rest" && !arguments.AtEnd()) {
+        const double roll = arguments.Number({"ROLL", -360, 360});
+        const double pitch = arguments.Number({"PITCH", -360, 360});
+        return Rest({roll, pitch, arguments.LastNumber({"YAW", -360, 360})});
     }
-    if (kind == "tumble" && words.eof()) return Tumble();
-    if (kind == "rest" && words.eof()) return Rest();
-    if (Euler angles; kind == "rest" && words >> angles.roll >> angles.pitch >> angles.yaw &&
-                      (words >> std::ws).eof()) {
-        return Rest(angles);
+    if (kind == "rest") return Rest();
+    if (kind == "tumble") {
+        arguments.ExpectEnd();
+        return Tumble();
     }
     throw std::runtime_error("no motion: '" + text +
                              "' (rest, rest ROLL PITCH YAW, tumble or file PATH)");

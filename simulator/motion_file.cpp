@@ -1,9 +1,8 @@
 #include "simulator/motion.h"
+#include "simulator/text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <fstream>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
@@ -18,29 +17,17 @@ struct Sample {
     Quaternion attitude;
 };
 
-constexpr std::string_view kEulerHead = "time,roll,pitch,yaw";
-constexpr std::string_view kQuaternionHead = "time,q0,q1,q2,q3";
+constexpr std::string_view kEulerHeader = "time,roll,pitch,yaw";
+constexpr std::string_view kQuaternionHeader = "time,q0,q1,q2,q3";
 
-std::string_view WithoutBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\r");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
-/// The numbers of one row; none where a field isn't a finite number.
+/// The numbers of one row; nothing if a field isn't a number or a huge one.
 std::optional<std::vector<double>> Numbers(std::string_view row) {
     std::vector<double> numbers;
     while (true) {
         const auto comma = row.find(',');
-        const std::string_view field = WithoutBlanks(row.substr(0, comma));
-        double number = 0;
-        const auto [end, error] =
-            std::from_chars(field.data(), field.data() + field.size(), number);
-        if (error != std::errc() || end != field.data() + field.size() ||
-            !(number > -1e9 && number < 1e9)) {
-            return std::nullopt;
-        }
-        numbers.push_back(number);
+        const auto number = ToNumber(Trimmed(row.substr(0, comma)));
+        if (!number || std::abs(*number) >= 1e9) return std::nullopt;
+        numbers.push_back(*number);
         if (comma == std::string_view::npos) return numbers;
         row.remove_prefix(comma + 1);
     }
@@ -52,38 +39,32 @@ Sample ToSample(const std::vector<double>& row) {
     return {row[0], Normalized({row[1], row[2], row[3], row[4]})};
 }
 
+/// The number of columns that the first line of a file announces.
+std::size_t ColumnsOf(std::string_view header) {
+    if (header == kEulerHeader) return 4;
+    if (header == kQuaternionHeader) return 5;
+    throw std::runtime_error("the header must be '" + std::string(kEulerHeader) + "' or '" +
+                             std::string(kQuaternionHeader) + "'");
+}
+
 std::vector<Sample> ReadSamples(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    if (!stream) throw std::runtime_error(file.string() + ": can't be read");
     std::vector<Sample> samples;
     std::size_t columns = 0;
-    std::string line;
-    for (int number = 1; std::getline(stream, line); ++number) {
-        const std::string_view row = WithoutBlanks(line);
-        const auto complain = [&](const std::string& what) {
-            throw std::runtime_error(file.string() + ", line " + std::to_string(number) + ": " +
-                                     what);
-        };
-        if (row.empty() || row.front() == '#') continue;
+    ForEachLine(file, [&](std::string_view row) {
         if (columns == 0) {
-            if (row == kEulerHead) columns = 4;
-            if (row == kQuaternionHead) columns = 5;
-            if (columns == 0) {
-                complain("the head must be '" + std::string(kEulerHead) + "' or '" +
-                         std::string(kQuaternionHead) + "'");
-            }
-            continue;
+            columns = ColumnsOf(row);
+            return;
         }
         const auto numbers = Numbers(row);
         if (!numbers || numbers->size() != columns) {
-            complain("not " + std::to_string(columns) + " numbers");
+            throw std::runtime_error("not " + std::to_string(columns) + " numbers");
         }
         if (!samples.empty() && numbers->front() <= samples.back().seconds) {
-            complain("the time does not ascend");
+            throw std::runtime_error("the time does not increase");
         }
         samples.push_back(ToSample(*numbers));
-    }
-    if (samples.empty()) throw std::runtime_error(file.string() + ": holds no motion");
+    });
+    if (samples.empty()) throw std::runtime_error(file.string() + ": contains no motion");
     return samples;
 }
 
@@ -98,7 +79,7 @@ Pose PoseAt(const std::vector<Sample>& samples, Time time) {
     const auto last = std::prev(next);
     const double span = next->seconds - last->seconds;
     const Vector3 turn = ToRotationVector(Conjugate(last->attitude) * next->attitude);
-    return {Between(last->attitude, next->attitude, (seconds - last->seconds) / span),
+    return {Slerp(last->attitude, next->attitude, (seconds - last->seconds) / span),
             turn * (1 / span)};
 }
 

@@ -27,18 +27,18 @@ const std::array kPackets{
     Packet{0x31, false, {kEuler, kAcceleration, kRate}},
 };
 
-constexpr double kUnitWord = 8192;  // a quaternion's or a matrix element's 1
+constexpr double kUnitWord = 8192;  // 1 in a quaternion or a matrix
 
 std::uint16_t RawWord(double raw) {
     return static_cast<std::uint16_t>(std::clamp(std::round(raw), 0.0, 65535.0));
 }
 
-/// The full circle is 65536, so 180 degrees and -180 are the same word.
+/// The full circle is 65536, so -180 and 180 degrees are the same word.
 std::uint16_t AngleWord(double degrees) {
     return static_cast<std::uint16_t>(std::lround(degrees * 65536 / 360) & 0xFFFF);
 }
 
-/// Appends the words of one group.
+/// Appends the words of groups to `words`.
 class Appender {
   public:
     Appender(const Sample& sample, std::vector<std::uint16_t>& words)
@@ -77,7 +77,7 @@ class Appender {
         Each(vector, [scale](double value) { return ScaledWord(value, scale); });
     }
 
-    /// Of the two quaternions of an attitude the one with q0 not below 0.
+    /// Of the two quaternions of an attitude, the sensor sends the one with q0 >= 0.
     void AppendQuaternion() {
         const Quaternion& q = sample_.attitude;
         const double unit = q.w < 0 ? -kUnitWord : kUnitWord;
@@ -90,7 +90,7 @@ class Appender {
 
 }  // namespace
 
-const Packet* PacketOf(std::uint8_t command) {
+const Packet* FindPacket(std::uint8_t command) {
     const auto* const packet = std::ranges::find(kPackets, command, &Packet::command);
     return packet == kPackets.end() ? nullptr : &*packet;
 }
@@ -99,7 +99,7 @@ std::uint16_t ScaledWord(double value, double scale) {
     return scale == 0 ? std::uint16_t{0} : SignedWord(value * 32768000 / scale);
 }
 
-std::vector<std::uint16_t> PayloadOf(const Packet& packet, const Sample& sample) {
+std::vector<std::uint16_t> PayloadWords(const Packet& packet, const Sample& sample) {
     std::vector<std::uint16_t> words;
     words.reserve(16);
     Appender appender(sample, words);

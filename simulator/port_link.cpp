@@ -27,7 +27,7 @@ fs::path ConfigFolder() {
     throw std::runtime_error("no configuration folder: HOME is not set");
 }
 
-/// Whether a link that is in the way may go: nobody else keeps links to pseudo terminals.
+/// Whether an existing `link` may be replaced: only simulators leave links to pseudo terminals.
 bool IsReplaceable(const fs::path& link) {
     if (!fs::is_symlink(link)) return !fs::exists(fs::symlink_status(link));
     return !fs::exists(link) || fs::read_symlink(link).parent_path() == "/dev/pts";
@@ -45,7 +45,7 @@ PortLink::PortLink(fs::path link, fs::path device)
     if (!IsReplaceable(link_)) {
         throw std::runtime_error(link_.string() + " is in the way and is left alone");
     }
-    // Renaming puts the link in place in one step, also over an old one.
+    // Renaming replaces an old link in one step.
     fs::path fresh = link_;
     fresh += ".new" + std::to_string(getpid());
     fs::remove(fresh);

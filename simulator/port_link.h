@@ -4,15 +4,15 @@
 
 namespace orbkl4sim {
 
-/// Where the program looks for the device of port `number` (1 to 16): below the user's
-/// configuration folder. Throws std::runtime_error where the user has none.
+/// The link by which programs find the device of port `number` (1 to 16), in the user's
+/// configuration folder; throws std::runtime_error if the user has none.
 std::filesystem::path PortLinkPath(int number);
 
-/// A symbolic link to a device that goes with this object.
+/// A symbolic link to a device, removed with this object.
 class PortLink {
   public:
-    /// Links `link` to `device`; the folder is made where it is missing, a dangling link and one to
-    /// a pseudo terminal are replaced. Throws std::runtime_error where anything else is in the way.
+    /// Creates `link`, and its folder if necessary. Replaces a dangling link or one to a pseudo
+    /// terminal; throws std::runtime_error if anything else is in the way.
     PortLink(std::filesystem::path link, std::filesystem::path device);
 
     /// Removes the link if it still points to the device.

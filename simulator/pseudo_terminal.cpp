@@ -1,12 +1,12 @@
 #include "simulator/pseudo_terminal.h"
 
+#include "simulator/throw_errno.h"
+
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
@@ -18,16 +18,12 @@ namespace orbkl4sim {
 
 namespace {
 
-[[noreturn]] void Fail(const char* what) {
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
 struct HostSpeed {
     speed_t code;
     int baud;
 };
 
-// A real line never runs at 50, so this one's own setting means that no host has set another.
+// The initial setting. No host uses 50 baud, so it means that none has set a baud rate yet.
 constexpr speed_t kUnset = B50;
 constexpr std::array kHostSpeeds{HostSpeed{kUnset, 0},     HostSpeed{B9600, 9600},
                                  HostSpeed{B19200, 19200}, HostSpeed{B38400, 38400},
@@ -49,17 +45,17 @@ PseudoTerminal::~PseudoTerminal() { Close(); }
 void PseudoTerminal::Open() {
     sensorEnd_ = posix_openpt(O_RDWR | O_NOCTTY);
     if (sensorEnd_ < 0 || grantpt(sensorEnd_) != 0 || unlockpt(sensorEnd_) != 0) {
-        Fail("no pseudo terminal");
+        ThrowErrno("no pseudo terminal");
     }
     fcntl(sensorEnd_, F_SETFD, FD_CLOEXEC);
     fcntl(sensorEnd_, F_SETFL, O_NONBLOCK);
     path_ = ptsname(sensorEnd_);
     hostEnd_ = open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios settings{};
-    if (hostEnd_ < 0 || tcgetattr(hostEnd_, &settings) != 0) Fail(path_.c_str());
+    if (hostEnd_ < 0 || tcgetattr(hostEnd_, &settings) != 0) ThrowErrno(path_);
     cfmakeraw(&settings);
     cfsetspeed(&settings, kUnset);
-    if (tcsetattr(hostEnd_, TCSANOW, &settings) != 0) Fail(path_.c_str());
+    if (tcsetattr(hostEnd_, TCSANOW, &settings) != 0) ThrowErrno(path_);
 #ifdef __linux__
     watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (watch_ >= 0) inotify_add_watch(watch_, path_.c_str(), IN_OPEN | IN_CLOSE);
@@ -72,14 +68,13 @@ void PseudoTerminal::Close() noexcept {
     }
 }
 
-void PseudoTerminal::ClearMarkIfClosed() const {
+void PseudoTerminal::ClearExclusiveIfClosed() const {
 #ifdef __linux__
     std::array<char, 4096> buffer;  // NOLINT(*-member-init): filled by read
     bool closed = false;
     ssize_t size = 0;
     while ((size = read(watch_, buffer.data(), buffer.size())) > 0) {
         for (ssize_t at = 0; at < size;) {
-            // The events of a watched file carry no name, but their length is honoured anyway.
             const auto* const event =
                 reinterpret_cast<const inotify_event*>(buffer.data() + at);  // NOLINT
             closed = (event->mask & IN_CLOSE) != 0;
@@ -106,7 +101,7 @@ Bytes PseudoTerminal::Read() const {
 }
 
 void PseudoTerminal::Write(const Bytes& bytes) const {
-    // A full buffer is an overrun on the host's side: a real line would lose the bytes as well.
+    // A full buffer is an overrun at the host, where a real line would lose the bytes as well.
     [[maybe_unused]] const ssize_t size = write(sensorEnd_, bytes.data(), bytes.size());
 }
 

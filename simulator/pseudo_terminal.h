@@ -6,11 +6,11 @@
 
 namespace orbkl4sim {
 
-/// A pseudo terminal in raw mode that stands for a serial line. It goes with this object; a host
-/// that has it open then sees a hang-up.
+/// A pseudo terminal in raw mode that simulates a serial line. Destroying it hangs up the line for
+/// a host that has it open.
 class PseudoTerminal {
   public:
-    /// Throws std::system_error where the system gives none.
+    /// Throws std::system_error if the system has none left.
     PseudoTerminal();
     ~PseudoTerminal();
     PseudoTerminal(const PseudoTerminal&) = delete;
@@ -22,20 +22,20 @@ class PseudoTerminal {
     /// Readable when the host has sent something.
     int Descriptor() const { return sensorEnd_; }
 
-    /// Readable when a host has opened or closed the device; -1 where the system can't tell.
+    /// Readable when a host has opened or closed the device; -1 if the system can't report that.
     int WatchDescriptor() const { return watch_; }
 
-    /// Takes off the exclusive mark that a host left on the device when it closed it or died.
-    void ClearMarkIfClosed() const;
+    /// Clears the exclusive mode (TIOCEXCL) that a host left behind when it closed the device or
+    /// died.
+    void ClearExclusiveIfClosed() const;
 
-    /// The speed that the host has set, in bits a second; 0 where it has set none, -1 for one that
-    /// no sensor knows.
+    /// The baud rate that the host has set; 0 if it has set none, -1 for one that no sensor has.
     int HostBaud() const;
 
-    /// What the host has sent, empty where there is nothing.
+    /// The bytes that the host has sent since the last call.
     Bytes Read() const;
 
-    /// Sends `bytes` in one write; what the host leaves no room for is lost.
+    /// Sends `bytes` in one write; those beyond the host's buffer are lost.
     void Write(const Bytes& bytes) const;
 
   private:
@@ -43,7 +43,7 @@ class PseudoTerminal {
     void Close() noexcept;
 
     int sensorEnd_ = -1;
-    int hostEnd_ = -1;  // kept open, or the sensor's end would fail whenever the host closes
+    int hostEnd_ = -1;  // kept open, else reading fails while no host has it open
     int watch_ = -1;
     std::filesystem::path path_;
 };

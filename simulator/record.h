@@ -10,13 +10,13 @@
 
 namespace orbkl4sim {
 
-/// What came over the line, for any thread to ask.
+/// The requests and bytes received; safe to use from any thread.
 class Record {
   public:
     void Add(Request request) {
         const std::lock_guard guard(mutex_);
         requests_.push_back(std::move(request));
-        grown_.notify_all();
+        requestAdded_.notify_all();
     }
 
     void Add(const Bytes& bytes) {
@@ -42,12 +42,12 @@ class Record {
 
     bool WaitForRequests(std::size_t count, std::chrono::milliseconds limit) const {
         std::unique_lock lock(mutex_);
-        return grown_.wait_for(lock, limit, [&] { return requests_.size() >= count; });
+        return requestAdded_.wait_for(lock, limit, [&] { return requests_.size() >= count; });
     }
 
   private:
     mutable std::mutex mutex_;
-    mutable std::condition_variable grown_;
+    mutable std::condition_variable requestAdded_;
     std::vector<Request> requests_;
     Bytes received_;
 };

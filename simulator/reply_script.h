@@ -10,27 +10,27 @@
 
 namespace orbkl4sim {
 
-/// Takes a request and the sensor's own reply (empty where it has none) and gives what is to be
-/// sent in its place, nothing for silence.
+/// Takes a request and the sensor's own reply (empty if it has none) and returns the reply to send
+/// instead, or nothing for silence.
 using ReplyFilter = std::function<std::optional<Bytes>(const Bytes& request, const Bytes& reply)>;
 
-/// Replies that stand in for the sensor's own. The sensor carries out every request all the same.
+/// Scripted replies that replace the sensor's own. The sensor still carries out every request.
 class ReplyScript {
   public:
-    /// The next request that begins with `command` gets `reply`, the one after it what is queued
-    /// next, and so on; empty bytes are silence.
+    /// Queues `reply` for the next request that begins with `command` and has nothing queued yet;
+    /// empty for silence.
     void Queue(std::uint8_t command, Bytes reply) { queued_[command].push_back(std::move(reply)); }
 
-    /// Every request that begins with `command` and finds nothing queued gets `reply`.
+    /// Sets the reply to every request that begins with `command` while nothing is queued for it.
     void Always(std::uint8_t command, Bytes reply) { always_[command] = std::move(reply); }
 
-    /// `filter` decides on the replies to all other requests; an empty one leaves them alone.
+    /// Sets the filter for the replies to all other requests; an empty one changes nothing.
     void Filter(ReplyFilter filter) { filter_ = std::move(filter); }
 
-    /// Forgets all of that.
+    /// Removes all scripted replies and the filter.
     void Clear() { *this = {}; }
 
-    /// What to send for `request`, the sensor's own answer being `reply`; empty for silence.
+    /// What to send for `request` in place of the sensor's own `reply`; empty for silence.
     Bytes Apply(const Bytes& request, Bytes reply);
 
   private:

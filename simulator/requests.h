@@ -7,30 +7,30 @@
 
 namespace orbkl4sim {
 
-/// A byte of a request that may be anything.
+/// Stands for a byte of a request that may have any value.
 inline constexpr int kAny = -1;
 
-/// What one command asks for: the length of the whole request and the bytes after the command.
-struct RequestShape {
+/// The length of a command's whole request, and the bytes after the command.
+struct RequestFormat {
     std::uint8_t command;
     std::size_t length;
     std::array<int, 6> rest{};
 };
 
-/// The shape of requests that begin with `command`; none where the sensor knows no such command.
-const RequestShape* ShapeOf(std::uint8_t command);
+/// The format of requests that begin with `command`; null for an unknown command.
+const RequestFormat* FindFormat(std::uint8_t command);
 
-/// Whether `request` is whole and carries the fixed bytes that its command demands.
+/// Whether `request` is complete and has the fixed bytes of its command.
 bool IsWellFormed(const Bytes& request);
 
-/// Finds the requests in a stream of bytes. Bytes that begin no request are passed over.
+/// Finds the requests in a stream of bytes. Bytes that don't begin a request are skipped.
 class RequestParser {
   public:
-    /// Takes `byte`, which arrived at `time`, and gives the request that it completes, fixed bytes
-    /// right or wrong. A request that stalls for 100 ms is forgotten.
+    /// Takes the `byte` that arrived at `time` and returns the request that it completes, whether
+    /// its fixed bytes are right or wrong. A request is dropped after a gap of 100 ms.
     std::optional<Bytes> Feed(std::uint8_t byte, Time time);
 
-    /// Forgets a request begun.
+    /// Drops an incomplete request.
     void Reset() { partial_.clear(); }
 
   private:

@@ -37,6 +37,18 @@ void Simulator::Replug() {
     worker_->Do([&] { worker_->Plug(); });
 }
 
+void Simulator::ReplugAs(const std::filesystem::path& link) {
+    worker_->Do([&] { worker_->PlugAs(link); });
+}
+
+void Simulator::SetPower(bool on) {
+    worker_->Do([&] { worker_->Wire().SetPower(on, worker_->Now()); });
+}
+
+void Simulator::SetStuck(int address, bool stuck) {
+    worker_->Do([&] { worker_->Sensor().Memory().SetStuck(address, stuck); });
+}
+
 void Simulator::PowerCycle() {
     worker_->Do([&] { worker_->Wire().PowerCycle(worker_->Now()); });
 }
@@ -53,8 +65,22 @@ void Simulator::SetFaults(const FaultRates& faults) {
     worker_->Do([&] { worker_->Wire().Faults().Rates() = faults; });
 }
 
+FaultState Simulator::Faults() const {
+    FaultState state;
+    worker_->Do([&] {
+        Line& line = worker_->Wire();
+        state = {.rates = line.Faults().Rates(),
+                 .silent = line.IsSilent(),
+                 .flooding = line.IsFlooding(),
+                 .unpowered = !line.IsPowered(),
+                 .unplugged = worker_->Terminal() == nullptr,
+                 .stuckWords = worker_->Sensor().Memory().Stuck()};
+    });
+    return state;
+}
+
 void Simulator::SetMotion(Motion motion) {
-    worker_->Do([&] { worker_->Sensor().Place().SetMotion(std::move(motion)); });
+    worker_->Do([&] { worker_->Sensor().SetMotion(std::move(motion)); });
 }
 
 void Simulator::SetTemperature(double celsius) {
@@ -88,7 +114,7 @@ void Simulator::ClearReplies() {
 }
 
 void Simulator::CutReplies(std::vector<std::size_t> sizes, Time gap) {
-    worker_->Do([&] { worker_->Wire().Cut(std::move(sizes), gap); });
+    worker_->Do([&] { worker_->Wire().Split(std::move(sizes), gap); });
 }
 
 void Simulator::SendUnasked(const Bytes& bytes) {

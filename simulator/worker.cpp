@@ -4,12 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <exception>
-#include <fcntl.h>
 #include <poll.h>
-#include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #ifdef __linux__
@@ -20,8 +16,8 @@ namespace orbkl4sim {
 
 namespace {
 
-/// Lets waits end on the microsecond rather than somewhere in the next fifty.
-void WakeSharply() {
+/// Lets waits end within a microsecond; the default slack of Linux is 50.
+void UsePreciseTimers() {
 #ifdef __linux__
     prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
 #endif
@@ -33,24 +29,10 @@ Simulator::Worker::Worker(SimulatorOptions options)
     : options_(std::move(options)),
       device_(options_.motion, options_.noise, options_.seed),
       line_(device_, options_.paced, options_.seed + 1) {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-    wakeReader_ = ends[0];
-    wakeWriter_ = ends[1];
-    for (const int end : ends) {
-        fcntl(end, F_SETFD, FD_CLOEXEC);
-        fcntl(end, F_SETFL, O_NONBLOCK);
-    }
     line_.Faults().Rates() = options_.faults;
-    line_.SetListener([this](const Bytes& request, bool heard) { Note(request, heard); });
+    line_.SetListener([this](const Bytes& request, bool heard) { AddRequest(request, heard); });
     if (!options_.eepromFile.empty()) LoadEeprom(options_.eepromFile, device_.Memory());
     if (options_.baud != 0) device_.Memory().SetWord(address::kBaudRate, BaudCode(options_.baud));
-}
-
-Simulator::Worker::~Worker() {
-    Stop();
-    close(wakeReader_);
-    close(wakeWriter_);
 }
 
 void Simulator::Worker::Start() {
@@ -58,7 +40,7 @@ void Simulator::Worker::Start() {
     SaveMemory();
     line_.PowerCycle(Now());
     Plug();
-    const std::lock_guard guard(mutex_);  // held until the thread may look at itself
+    const std::lock_guard guard(mutex_);  // the thread must not run before thread_ is assigned
     stopping_ = false;
     thread_ = std::thread([this] { Run(); });
 }
@@ -69,7 +51,7 @@ void Simulator::Worker::Stop() {
         const std::lock_guard guard(mutex_);
         stopping_ = true;
     }
-    Wake();
+    wake_.Wake();
     thread_.join();
     RunTasks();
     Unplug();
@@ -86,16 +68,28 @@ void Simulator::Worker::Do(const std::function<void()>& task) {
         const std::lock_guard guard(mutex_);
         tasks_.push_back(std::move(packaged));
     }
-    Wake();
+    wake_.Wake();
     done.get();
 }
 
 void Simulator::Worker::Plug() {
     if (terminal_ != nullptr) return;
     line_.Reset(Now());
-    terminal_ = std::make_unique<PseudoTerminal>();
-    for (const std::filesystem::path& link : linkPaths_) {
-        links_.emplace_back(link, terminal_->Path());
+    auto terminal = std::make_unique<PseudoTerminal>();
+    std::deque<PortLink> links;
+    for (const std::filesystem::path& link : linkPaths_) links.emplace_back(link, terminal->Path());
+    terminal_ = std::move(terminal);
+    links_ = std::move(links);
+}
+
+void Simulator::Worker::PlugAs(const std::filesystem::path& link) {
+    Unplug();
+    const auto before = std::exchange(linkPaths_, {link});
+    try {
+        Plug();
+    } catch (...) {
+        linkPaths_ = before;
+        throw;
     }
 }
 
@@ -111,7 +105,7 @@ void Simulator::Worker::AddLink(const std::filesystem::path& link) {
 }
 
 void Simulator::Worker::Run() {
-    WakeSharply();
+    UsePreciseTimers();
     while (true) {
         {
             const std::lock_guard guard(mutex_);
@@ -125,11 +119,11 @@ void Simulator::Worker::Run() {
     }
 }
 
-/// Sleeps until the host sends or closes, a task comes or bytes are due.
+/// Sleeps until the host sends or closes, a task is added or bytes are due.
 void Simulator::Worker::Wait() {
     const bool plugged = terminal_ != nullptr;
     std::array<pollfd, 3> watched{
-        pollfd{wakeReader_, POLLIN, 0},
+        pollfd{wake_.Descriptor(), POLLIN, 0},
         pollfd{plugged ? terminal_->Descriptor() : -1, POLLIN, 0},
         pollfd{plugged ? terminal_->WatchDescriptor() : -1, POLLIN, 0},
     };
@@ -144,12 +138,8 @@ void Simulator::Worker::Wait() {
     const auto wait = std::chrono::ceil<std::chrono::milliseconds>(left).count();
     poll(watched.data(), watched.size(), due ? static_cast<int>(wait) : -1);
 #endif
-    if (watched[0].revents != 0) {
-        std::array<char, 64> wakes;  // NOLINT(*-member-init): filled by read
-        while (read(wakeReader_, wakes.data(), wakes.size()) > 0) {
-        }
-    }
-    if (watched[2].revents != 0) terminal_->ClearMarkIfClosed();
+    if (watched[0].revents != 0) wake_.Clear();
+    if (watched[2].revents != 0) terminal_->ClearExclusiveIfClosed();
 }
 
 void Simulator::Worker::RunTasks() {
@@ -190,15 +180,10 @@ void Simulator::Worker::SaveMemory() {
     }
 }
 
-void Simulator::Worker::Note(const Bytes& request, bool heard) {
-    const Request noted{request, std::chrono::steady_clock::now(), hostBaud_, heard};
-    if (options_.record) record_.Add(noted);
-    if (options_.onRequest) options_.onRequest(noted);
-}
-
-void Simulator::Worker::Wake() const {
-    // A full pipe wakes the thread as well.
-    [[maybe_unused]] const ssize_t size = write(wakeWriter_, "", 1);
+void Simulator::Worker::AddRequest(const Bytes& request, bool heard) {
+    const Request added{request, std::chrono::steady_clock::now(), hostBaud_, heard};
+    if (options_.record) record_.Add(added);
+    if (options_.onRequest) options_.onRequest(added);
 }
 
 }  // namespace orbkl4sim

@@ -6,6 +6,7 @@
 #include "simulator/pseudo_terminal.h"
 #include "simulator/record.h"
 #include "simulator/simulator.h"
+#include "simulator/wake_pipe.h"
 
 #include <deque>
 #include <functional>
@@ -17,25 +18,29 @@
 
 namespace orbkl4sim {
 
-/// The thread of a simulator and all that it owns. While it runs, only tasks given to `Do` touch
-/// device, line and terminal.
+/// The thread of a simulator and everything it owns. While it runs, device, line and terminal may
+/// only be used by tasks passed to `Do`.
 class Simulator::Worker {
   public:
     explicit Worker(SimulatorOptions options);
-    ~Worker();
+    ~Worker() { Stop(); }
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
     void Start();
     void Stop();
 
-    /// Runs `task` on the thread and waits for its end; what it throws is thrown here.
+    /// Runs `task` on the thread and waits for its end; rethrows its exceptions.
     void Do(const std::function<void()>& task);
 
-    /// The time that device and line go by.
+    /// The time of device and line.
     Time Now() const { return std::chrono::steady_clock::now() - start_; }
 
+    /// Plugs the sensor in if it isn't yet; leaves it unplugged if a link can't be made.
     void Plug();
+
+    /// Plugs the sensor in, after unplugging it if necessary, with `link` as its only link.
+    void PlugAs(const std::filesystem::path& link);
     void Unplug();
     void AddLink(const std::filesystem::path& link);
 
@@ -51,8 +56,7 @@ class Simulator::Worker {
     void ReceiveAll();
     void SendDue();
     void SaveMemory();
-    void Note(const Bytes& request, bool heard);
-    void Wake() const;
+    void AddRequest(const Bytes& request, bool heard);
 
     const SimulatorOptions options_;
     const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
@@ -69,8 +73,7 @@ class Simulator::Worker {
     std::mutex mutex_;  // guards tasks_ and stopping_
     std::deque<std::packaged_task<void()>> tasks_;
     bool stopping_ = false;
-    int wakeReader_ = -1;
-    int wakeWriter_ = -1;
+    WakePipe wake_;
 };
 
 }  // namespace orbkl4sim

@@ -1,7 +1,7 @@
 #include "all_screens.h"
 #include "main_window/screens/artwork.h"
 #include "main_window/screens/mdi_form1.h"
-#include "platform/windows/look.h"
+#include "platform/controls/house_style.h"
 #include "platform/windows/screen_registry.h"
 
 #include <QApplication>
@@ -11,7 +11,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    orbkl4::ApplyHouseLook();
+    orbkl4::ApplyHouseStyle();
     QApplication::setWindowIcon(orbkl4::ProgramIcon());
     orbkl4::RegisterAllScreens();
     orbkl4::MDIForm1 frame;

@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test and .ci/run: installs what is missing on a Debian or Ubuntu machine.
 
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
-  libcli11-dev fonts-dejavu-core"
+  libcli11-dev libmosquitto-dev fonts-dejavu-core"
 test_packages="libgtest-dev"
 lint_packages="clang-format clang-tidy clang-tools clang libclang-rt-14-dev"
 

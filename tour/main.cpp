@@ -1,7 +1,7 @@
 #include "all_screens.h"
 #include "main_window/screens/mdi_form1.h"
+#include "platform/controls/house_style.h"
 #include "platform/system/folders.h"
-#include "platform/windows/look.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
 #include "simulator/simulator.h"
@@ -82,7 +82,7 @@ int Tour(const Choices& choices, MDIForm1& frame) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const Choices choices = ReadCommandLine(application);
-    ApplyHouseLook();
+    ApplyHouseStyle();
     RegisterAllScreens();
     orbkl4sim::Simulator sensor;
     if (choices.device.isEmpty()) {

@@ -39,7 +39,7 @@ struct Rows {
 
 bool IsListed(const CLI::App* part) { return !part->get_group().empty(); }
 
-/// The values of `option` where it takes one of several, which stand in braces in its type.
+/// The values of `option` if it takes one of several, which stand in braces in its type.
 std::string ValuesOf(const CLI::Option& option) {
     const std::string type = option.get_type_name();
     const auto begin = type.find('{');
@@ -61,8 +61,9 @@ std::string AppendOptions(Rows& rows, const CLI::App& part, const std::string& p
     for (const CLI::Option* option : part.get_options()) {
         const std::string values = ValuesOf(*option);
         for (const std::string& name : option->get_lnames()) {
-            words += " --" + name;
-            if (!values.empty()) rows.values += Row(path + "--" + name, Offer(values));
+            const std::string dashed = "--" + name;
+            words += " " + dashed;
+            if (!values.empty()) rows.values += Row(path + dashed, Offer(values));
         }
         if (option->get_positional()) words += " " + values;
     }

@@ -45,7 +45,7 @@ SensorsByDevice AskFreePorts(const SensorChoice& choice) {
     return sensors;
 }
 
-/// `text` as JSON, null where it is empty.
+/// `text` as JSON, null if it is empty.
 QJsonValue OrNull(const QString& text) { return text.isEmpty() ? QJsonValue() : QJsonValue(text); }
 
 QJsonObject Described(const Port& port, const FoundSensor* sensor) {
@@ -58,7 +58,7 @@ QJsonObject Described(const Port& port, const FoundSensor* sensor) {
     return {{"port", port.number},
             {"device", OrNull(port.device.name)},
             {"byId", OrNull(QString::fromStdString(port.byId))},
-            {"description", OrNull(AdapterOf(port.device))},
+            {"description", OrNull(QString::fromStdString(port.description))},
             {"state", QLatin1String(RowOf(port.state).name)},
             {"remedy", OrNull(QString::fromStdString(port.remedy))},
             {"sensor", found}};
@@ -73,8 +73,12 @@ std::vector<Cell> RowFor(const Port& port, const FoundSensor* sensor) {
                      .arg(QString::fromStdString(sensor->firmware))
                      .arg(sensor->line->Baud());
     }
-    return {QString::number(port.number), port.device.name, Cell(state.name, state.colour),
-            AdapterOf(port.device),       port.byId,        remark};
+    return {QString::number(port.number),
+            port.device.name,
+            Cell(state.name, state.colour),
+            port.description,
+            port.byId,
+            remark};
 }
 
 ExitCode ShowPorts(const Context& context, bool probe) {

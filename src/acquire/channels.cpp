@@ -33,8 +33,7 @@ void DiscardInput(MSComm& port) {
     while (port.InBufferCount() != 0) port.Input(AppState.CommandBytes);
 }
 
-constexpr ChannelExtras passOverClosedPort{.input = InputUnlessClosed,
-                                           .output = OutputUnlessClosed};
+constexpr ChannelExtras passOverClosedPort{.input = InputUnlessClosed, .send = SendUnlessClosed};
 constexpr ChannelExtras nudgeAndDrain{
     .afterInput = NudgeIfOverlong, .beforeResend = DiscardInput, .onError = Nudge};
 

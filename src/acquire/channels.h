@@ -14,9 +14,9 @@ class Screen;
 
 /// What one channel does besides; null where it does nothing.
 struct ChannelExtras {
-    /// In the place of the port's `Input` and `Output` while a reply is handled.
+    /// Instead of the port's `Input` and of `Send` while a reply is handled.
     void (*input)(MSComm& port, Bytes& bytes) = nullptr;
-    void (*output)(MSComm& port, const Bytes& bytes) = nullptr;
+    void (*send)(MSComm& port, DeviceCommand command) = nullptr;
     /// Right after the reply has been taken into `CommandBytes`.
     void (*afterInput)(const Screen& screen) = nullptr;
     /// Before the request that follows a reply of wrong length or header.

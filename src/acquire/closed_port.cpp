@@ -1,6 +1,7 @@
 #include "acquire/closed_port.h"
 
 #include "base/run_time_error.h"
+#include "link/communication.h"
 #include "platform/events/mscomm.h"
 
 namespace orbkl4 {
@@ -22,8 +23,8 @@ void InputUnlessClosed(MSComm& port, Bytes& bytes) {
     PassOverClosedPort([&] { port.Input(bytes); });
 }
 
-void OutputUnlessClosed(MSComm& port, const Bytes& bytes) {
-    PassOverClosedPort([&] { port.Output(bytes); });
+void SendUnlessClosed(MSComm& port, DeviceCommand command) {
+    PassOverClosedPort([&] { Send(port, command); });
 }
 
 }  // namespace orbkl4

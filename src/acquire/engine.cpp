@@ -30,12 +30,6 @@ Control* Find(const Screen& screen, const char* name) {
     return wanted.isEmpty() ? nullptr : screen.findChild<Control*>(wanted);
 }
 
-/// Puts the one byte of `command` in `CommandBytes`.
-const Bytes& OneByte(DeviceCommand command) {
-    AppState.CommandBytes.assign(1, ByteOf(command));
-    return AppState.CommandBytes;
-}
-
 void Run(const std::function<void()>& step) {
     if (step) step();
 }
@@ -57,11 +51,11 @@ void InputReply(LiveChannel& channel) {
 }
 
 void RequestNext(LiveChannel& channel) {
-    const Bytes& request = OneByte(channel.row.Command());
-    if (channel.row.extras.output != nullptr) {
-        channel.row.extras.output(channel.port, request);
+    const auto send = channel.row.extras.send;
+    if (send != nullptr) {
+        send(channel.port, channel.row.Command());
     } else {
-        channel.port.Output(request);
+        Send(channel.port, channel.row.Command());
     }
 }
 
@@ -104,11 +98,11 @@ void CaptureWhileSampling(LiveChannel& channel) {
     constexpr std::int32_t milliseconds = 100;
     channel.port.RThreshold(0);
     WaitMilliseconds(milliseconds);
-    channel.port.Output(OneByte(DeviceCommand::CmdCaptureGyroBias));
+    Send(channel.port, DeviceCommand::CmdCaptureGyroBias);
     WaitMilliseconds(milliseconds);
     channel.port.Input(AppState.CommandBytes);
     channel.port.RThreshold(static_cast<std::int16_t>(channel.packet.length));
-    channel.port.Output(OneByte(channel.row.Command()));
+    Send(channel.port, channel.row.Command());
 }
 
 }  // namespace
@@ -155,7 +149,7 @@ void StartChannel(LiveChannel& channel) {
     channel.timer.Enabled(true);
     StartSampleTime(SampleState, PerformanceCounter());
     if (channel.ownFrame != nullptr) channel.ownFrame->setEnabled(true);
-    channel.port.Output(OneByte(channel.row.Command()));
+    Send(channel.port, channel.row.Command());
 }
 
 void StopChannel(LiveChannel& channel) {
@@ -218,7 +212,7 @@ void CaptureGyroBias(std::span<LiveChannel> channels) {
     }
     LiveChannel& first = channels.front();
     OpenCommPort(first.port, first.screen);
-    first.port.Output(OneByte(DeviceCommand::CmdCaptureGyroBias));
+    Send(first.port, DeviceCommand::CmdCaptureGyroBias);
     CloseCommPort(first.port, first.screen);
 }
 

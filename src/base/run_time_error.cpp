@@ -2,8 +2,6 @@
 
 namespace orbkl4 {
 
-namespace {
-
 const char* UsualDescription(ErrorNumber number) {
     switch (number) {
         case ErrorNumber::Overflow: return "Overflow";
@@ -25,8 +23,6 @@ const char* UsualDescription(ErrorNumber number) {
     }
     return "Application-defined error";
 }
-
-}  // namespace
 
 void Raise(ErrorNumber number) { throw RuntimeError(number, UsualDescription(number)); }
 

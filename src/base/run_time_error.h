@@ -38,6 +38,9 @@ class RuntimeError : public std::runtime_error {
     ErrorNumber number_;
 };
 
+/// The usual description of the error `number`.
+const char* UsualDescription(ErrorNumber number);
+
 /// Throws the error `number` with its usual description.
 [[noreturn]] void Raise(ErrorNumber number);
 

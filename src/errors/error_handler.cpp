@@ -14,8 +14,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// A channel that was opened here is closed again, also where a print on it fails; one that was
-/// open before belongs to somebody else.
+/// Closes the channel also where a print on it fails, but not one that was open before.
 void AppendToLog(const std::string& record) {
     FileChannel& channel = Channel1();
     channel.OpenForAppend((LogsFolder() + QStringLiteral("/error.log")).toStdString());

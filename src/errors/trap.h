@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "errors/error_handler.h"
 #include "platform/events/event_gate.h"
+#include "platform/windows/boxes.h"
 #include "platform/windows/screen_registry.h"
 
 #include <exception>
@@ -11,8 +12,8 @@
 
 namespace orbkl4 {
 
-/// Runs `body` as the procedure `source`; an error in it goes to `SimpleErrorHandler` under that
-/// name and the name that `screen` gives, and no further.
+/// Runs `body` as the procedure `source`; an error in it goes to `SimpleErrorHandler` with that
+/// name and the screen's name that `screen` returns, and no further.
 template <typename Body, typename ScreenName>
 void RunTrapped(std::string_view source, const Body& body, const ScreenName& screen) {
     const HandlerScope scope;
@@ -25,13 +26,29 @@ void RunTrapped(std::string_view source, const Body& body, const ScreenName& scr
     }
 }
 
-/// The trap of an event handler or procedure of a screen: errors bear the active screen's name.
+/// The trap of an event handler or procedure of a screen: reports errors under the active screen's
+/// name.
 template <typename Body>
 void Trap(std::string_view source, const Body& body) {
     RunTrapped(source, body, ActiveScreenName);
 }
 
-/// The trap of a procedure whose errors bear a name of their own, a module's or a given screen's.
+/// As `Trap`, under the hourglass: an error sets the pointer back to normal before it is reported.
+/// Otherwise the pointer is left to `body`, as the work may go on after it.
+template <typename Body>
+void TrapUnderHourglass(std::string_view source, const Body& body) {
+    Trap(source, [&] {
+        MousePointer(Pointer::Hourglass);
+        try {
+            body();
+        } catch (...) {
+            MousePointer(Pointer::Default);
+            throw;
+        }
+    });
+}
+
+/// As `Trap`, under the name `screen`: that of a module or of a given screen.
 template <typename Body>
 void TrapAs(std::string_view screen, std::string_view source, const Body& body) {
     RunTrapped(source, body, [screen] { return screen; });

@@ -10,8 +10,8 @@ namespace orbkl4 {
 class MSComm;
 class Screen;
 
-/// Opens `port` at `AppState`'s port number and line settings, unless it is open; an error is
-/// reported under the name of `screen` and goes no further.
+/// Opens `port` with the port number and line settings of `AppState`, unless it is open; an error
+/// is reported under the name of `screen` and goes no further.
 void OpenCommPort(MSComm& port, const Screen& screen);
 
 /// Closes `port`, unless it is closed; an error is reported as by `OpenCommPort`.
@@ -24,8 +24,8 @@ void Send(MSComm& port, const Bytes& request);
 /// allocates nothing once `AppState.CommandBytes` has held as many bytes.
 void Send(MSComm& port, DeviceCommand command);
 
-/// Holds the thread for `milliseconds` (0 or less: not at all) without letting any event run; error
-/// 6 (overflow) where the difference of two tick counts leaves the signed 32-bit range.
+/// Blocks the thread for `milliseconds` (0 or less: not at all); no event runs meanwhile. Error 6
+/// (overflow) where the difference of two tick counts leaves the signed 32-bit range.
 void WaitMilliseconds(std::int32_t milliseconds);
 
 }  // namespace orbkl4

@@ -18,25 +18,19 @@ namespace orbkl4 {
 
 namespace {
 
-/// The answer of `body`, false where it raises an error; `port` is then closed, or a line that went
-/// in mid-test would keep the search from every port after it.
+/// The result of `body`, false where it raises an error.
 template <typename Body>
-bool Succeeds(MSComm& port, const Body& body) {
+bool Succeeds(const Body& body) {
     try {
         return body();
     } catch (const std::exception&) {
-        port.PortOpen(false);
         return false;
     }
 }
 
 void TakeOver(const DeviceIdentity& identity) {
-    AppState.FirmwareText = identity.firmwareText;
-    AppState.FirmwareNumber = identity.firmwareNumber;
-    AppState.SerialNumber = identity.serialNumber;
-    AppState.GyroGainScale = identity.gyroGainScale;
-    AppState.AccGainScale = identity.accGainScale;
-    AppState.MagGainScale = identity.magGainScale;
+    static_cast<SensorIdentity&>(AppState) = identity;
+    static_cast<GainScales&>(AppState) = identity;
 }
 
 }  // namespace
@@ -45,7 +39,7 @@ DeviceSearch::DeviceSearch(MSComm& port, const Screen& screen, ShowStep showStep
     : port_(port), screen_(screen), showStep_(std::move(showStep)) {}
 
 bool DeviceSearch::PortExists(std::int16_t port) {
-    return Succeeds(port_, [&] {
+    return Succeeds([&] {
         DoEvents();
         showStep_("Testing Port " + std::to_string(port));
         port_.CommPort(port);
@@ -57,11 +51,11 @@ bool DeviceSearch::PortExists(std::int16_t port) {
 
 bool DeviceSearch::TestPortAtBaud(std::int16_t port, std::string_view baud) {
     const std::string speed(baud);
-    const bool found = Succeeds(port_, [&] {
+    const bool found = Succeeds([&] {
         DoEvents();
         showStep_("Testing Port " + std::to_string(port) + " at " + speed + " baud");
         OpenAt(port, baud);
-        // A sensor in continuous mode would drown its reply in samples.
+        // Samples of a sensor in continuous mode would hide the reply.
         SendAndWait(WriteEepromRequest(eeprom::continuousMode, 0));
         DropInput();
         SendAndWait(Request(DeviceCommand::CmdFirmwareVersion));
@@ -75,7 +69,7 @@ bool DeviceSearch::TestPortAtBaud(std::int16_t port, std::string_view baud) {
 }
 
 bool DeviceSearch::ReadDeviceIdentity() {
-    return Succeeds(port_, [&] {
+    return Succeeds([&] {
         port_.CommPort(AppState.CommPort);
         port_.Settings(AppState.CommSettings);
         OpenCommPort(port_, screen_);
@@ -92,7 +86,7 @@ bool DeviceSearch::ReadDeviceIdentity() {
 }
 
 bool DeviceSearch::ResetDeviceSettings(std::int16_t port, std::string_view baud) {
-    return Succeeds(port_, [&] {
+    return Succeeds([&] {
         DoEvents();
         OpenAt(port, baud);
         for (const EepromWrite& write : resetWrites) {

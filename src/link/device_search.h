@@ -12,35 +12,37 @@ namespace orbkl4 {
 class MSComm;
 class Screen;
 
-/// The exchanges by which a sensor is found, set to its defaults and identified, on a port control
-/// that is closed in between. None of them reports an error: one that fails answers false, and a
-/// port that it had open stays open.
+/// The exchanges that find a sensor, set it to its defaults and read its identity. Each opens the
+/// port control and closes it again. One in which an error occurs returns false without a message
+/// and leaves the port as it is: where a line goes while it is open the port stays open, and every
+/// later exchange fails too, as the number of an open port can't be changed.
 class DeviceSearch {
   public:
     using ShowStep = std::function<void(const std::string& step)>;
 
-    /// A search on the control `port` of `screen`; `showStep` is told what is being tried.
+    /// Works on the control `port` of `screen`; `showStep` is called with each step's text.
     DeviceSearch(MSComm& port, const Screen& screen, ShowStep showStep);
 
-    /// The port of the last test, 0 where that found no sensor.
+    /// The port number of the last test, 0 where it found no sensor.
     std::int16_t FoundPort() const { return foundPort_; }
 
-    /// The speed of the last test in baud, empty where that found no sensor.
+    /// The speed of the last test in baud, empty where it found no sensor.
     const std::string& FoundBaud() const { return foundBaud_; }
 
     /// Whether port number `port` can be opened.
     bool PortExists(std::int16_t port);
 
-    /// Whether a sensor on `port` gives its firmware version at `baud`; continuous output is
+    /// Whether a sensor on `port` sends its firmware version at `baud`; continuous output is
     /// stopped first.
     bool TestPortAtBaud(std::int16_t port, std::string_view baud);
 
-    /// Reads the identity at `AppState`'s port into `AppState`, warns of each gain scale that is
-    /// unset, and tells whether the replies were recognised.
+    /// Reads the identity of the sensor at `AppState.CommPort` into `AppState` and warns of each
+    /// gain scale that is unset; false where the replies aren't recognised. An error in opening or
+    /// closing the port is reported.
     bool ReadDeviceIdentity();
 
-    /// Writes the default settings on `port` at `baud` without looking for replies; true where the
-    /// port could be used.
+    /// Writes the default settings on `port` at `baud` and reads no replies; true where the port
+    /// could be used.
     bool ResetDeviceSettings(std::int16_t port, std::string_view baud);
 
   private:

@@ -21,7 +21,7 @@ void StopExchange(const Exchange& exchange) {
     EndExchange(exchange);
 }
 
-void TakeReply(const Exchange& exchange) {
+void CollectReply(const Exchange& exchange) {
     exchange.port.Input(AppState.CommandBytes);
     CloseCommPort(exchange.port, exchange.screen);
 }

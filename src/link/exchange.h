@@ -11,27 +11,26 @@ class MenuEntry;
 class MSComm;
 class Screen;
 
-/// An exchange with the sensor that a click on a menu entry starts and a second click stops. It has
-/// a port of its own, whose event comes when all that is awaited has.
+/// An exchange with the sensor that one click on a menu entry starts and the next click stops. It
+/// has its own port, on which `OnComm` fires when the whole reply is in.
 struct Exchange {
     const Screen& screen;
     MSComm& port;
     MenuEntry& entry;                ///< checked while the exchange runs
-    std::vector<MenuEntry*> others;  ///< disabled meanwhile
-    std::size_t replyLength;         ///< bytes awaited
+    std::vector<MenuEntry*> others;  ///< disabled while it runs
+    std::size_t replyLength;         ///< in bytes, of all frames together
 };
 
-/// Marks the exchange as running and opens its port; the request is the caller's to send.
+/// Checks the entry, disables the others and opens the port; the caller sends the request.
 void StartExchange(const Exchange& exchange);
 
-/// Closes the port and marks the exchange as ended.
+/// Closes the port, unchecks the entry and enables the others.
 void StopExchange(const Exchange& exchange);
 
-/// Takes what has come into `AppState.CommandBytes` and closes the port; the exchange is still
-/// marked as running.
-void TakeReply(const Exchange& exchange);
+/// Moves the reply into `AppState.CommandBytes` and closes the port; the entry stays checked.
+void CollectReply(const Exchange& exchange);
 
-/// Marks the exchange as ended.
+/// Unchecks the entry and enables the others.
 void EndExchange(const Exchange& exchange);
 
 }  // namespace orbkl4

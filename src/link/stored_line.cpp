@@ -1,5 +1,6 @@
 #include "link/stored_line.h"
 
+#include "link/logic/baud_rates.h"
 #include "platform/system/settings_store.h"
 
 namespace orbkl4 {
@@ -16,7 +17,7 @@ constexpr const char* settingsKey = "CurrentCommSettings";
 std::string StoredCommPort() { return GetSetting(application, section, portKey, "1"); }
 
 std::string StoredCommSettings() {
-    return GetSetting(application, section, settingsKey, "38400,n,8,1");
+    return GetSetting(application, section, settingsKey, LineSettingsAt(defaultBaudRate.text));
 }
 
 void StoreCommPort(const std::string& number) {

@@ -4,16 +4,17 @@
 
 namespace orbkl4 {
 
-/// The stored port number as text, "1" where none is stored; errors as `GetSetting`.
+/// The port number of the settings store as text, "1" where there is none; errors of `GetSetting`.
 std::string StoredCommPort();
 
-/// The stored line settings, "38400,n,8,1" where none are stored; errors as `GetSetting`.
+/// The line settings of the settings store, "38400,n,8,1" where there are none; errors of
+/// `GetSetting`.
 std::string StoredCommSettings();
 
-/// Stores the port number, given as text; errors as `SaveSetting`.
+/// Stores the port number, given as text; errors of `SaveSetting`.
 void StoreCommPort(const std::string& number);
 
-/// Stores the line settings; errors as `SaveSetting`.
+/// Stores the line settings; errors of `SaveSetting`.
 void StoreCommSettings(const std::string& settings);
 
 }  // namespace orbkl4

@@ -8,8 +8,8 @@ namespace orbkl4 {
 
 class MSComm;
 
-/// Writes one word after another to the sensor's EEPROM by the open `port`, 250 ms apart; holds the
-/// thread meanwhile. Errors of the port go on, as does error 6 (overflow) for a word that is none.
+/// Writes words to the sensor's EEPROM through the open `port`, 250 ms apart, blocking the thread.
+/// Errors of `Send`; error 6 (overflow) for a word outside 0 to 65535.
 void WriteWords(MSComm& port, std::span<const EepromWrite> writes);
 
 }  // namespace orbkl4

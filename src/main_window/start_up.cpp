@@ -3,7 +3,6 @@
 #include "base/arithmetic.h"
 #include "base/number_text.h"
 #include "base/program.h"
-#include "base/run_time_error.h"
 #include "errors/trap.h"
 #include "link/stored_line.h"
 #include "platform/system/clock.h"
@@ -11,18 +10,7 @@
 #include "state/app_state.h"
 #include "state/sample_state.h"
 
-#include <QDir>
-
 namespace orbkl4 {
-
-namespace {
-
-void MakeFolder(const QString& folder) {
-    if (QDir(folder).exists() || QDir().mkdir(folder)) return;
-    Raise(ErrorNumber::PathNotFound, "Path not found: " + folder.toStdString());
-}
-
-}  // namespace
 
 void StartUp() {
     AppState.CounterFrequency = PerformanceFrequency();

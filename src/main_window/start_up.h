@@ -6,7 +6,7 @@ namespace orbkl4 {
 /// and makes the program's folders, in this order; an error leaves the rest undone.
 void StartUp();
 
-/// Makes the folders for data files and logs where they don't exist; errors are reported here.
+/// Makes the folders for data files and logs if they don't exist, and reports errors in a box.
 void TestForFileFolders();
 
 }  // namespace orbkl4

@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QProgressBar>
 
+#include <array>
 #include <string_view>
 
 namespace orbkl4 {
@@ -21,9 +22,9 @@ namespace {
 constexpr const char* progress = "Progress";
 constexpr std::string_view calcCycleEntry = "mnuSetCalcCycle";
 
-/// The entries that are disabled while an operation runs, in order; the other operation's stands
-/// where the name is null.
-constexpr const char* disabledEntries[] = {
+/// The entries that are disabled while an operation runs, in order; null is the entry of the other
+/// operation.
+constexpr auto disabledEntries = std::to_array<const char*>({
     "mnuConnect",
     "mnuDisplay",
     "mnuHelp",
@@ -39,7 +40,7 @@ constexpr const char* disabledEntries[] = {
     "mnuVertical",
     "mnuSelfTest",
     "mnuSetCalcCycle",
-};
+});
 
 template <typename Visit>
 void ForEachEntry(const Screen& main, const TareOperation& operation, const Visit& visit) {
@@ -64,12 +65,12 @@ void Start(const Screen& main, const TareOperation& operation) {
             .setTitle(QString::fromUtf8(operation.caption));
     }
     OpenCommPort(port, main);
-    port.Input(AppState.CommandBytes);  // stale bytes must not be taken for the reply
+    port.Input(AppState.CommandBytes);  // discards stale bytes
     Send(port, operation.command);
     Find<Timer>(main, operation.timer).Enabled(true);
 }
 
-/// What both a stop and a success begin with.
+/// The first steps of both a stop and a success.
 void End(const Screen& main, const TareOperation& operation) {
     Find<Timer>(main, operation.timer).Enabled(false);
     CloseCommPort(PortOf(main), main);
@@ -100,8 +101,7 @@ void Succeed(const Screen& main, const TareOperation& operation) {
     ShowMessage(operation.succeeded);
 }
 
-/// Lets the bar run from 1 to 9 again and again. Behind a success it acts on a `Progress` that is
-/// loaded anew and not shown.
+/// Moves the bar through 1 to 9 in turn.
 void MoveBar() {
     constexpr int turn = 10;
     auto& bar = Find<QProgressBar>(*LoadScreen(progress), "PBar");
@@ -121,8 +121,11 @@ void ToggleTare(const Screen& main, const TareOperation& operation) {
 
 void TareTick(const Screen& main, const TareOperation& operation) {
     PortOf(main).Input(AppState.CommandBytes);
-    if (IsTareReply(AppState.CommandBytes, operation.command)) Succeed(main, operation);
-    MoveBar();
+    if (IsTareReply(AppState.CommandBytes, operation.command)) {
+        Succeed(main, operation);
+    } else {
+        MoveBar();
+    }
 }
 
 }  // namespace orbkl4

@@ -8,20 +8,20 @@ namespace orbkl4 {
 
 class Screen;
 
-/// One of the two operations on the sensor's coordinate system. They work on the main window's menu
-/// entries, its `MSComm1` and a timer there, and on the screen `Progress`.
+/// Tare or remove tare: an operation of the main window, with its menu entries, `MSComm1` and a
+/// timer of its own, and with the screen `Progress`.
 struct TareOperation {
     DeviceCommand command;
-    const char* entry;       ///< starts the operation, is checked while it runs, and stops it
-    const char* otherEntry;  ///< that of the other operation
-    const char* timer;       ///< looks for the reply
-    const char* caption;     ///< of the frame of `Progress`; empty leaves its own
-    const char* stopped;     ///< what the user is told
-    const char* succeeded;
-    bool enablesCalcCycle;  ///< whether success enables `mnuSetCalcCycle` again, or just shows it
+    const char* entry;       ///< starts and stops the operation; checked while it runs
+    const char* otherEntry;  ///< of the other operation
+    const char* timer;       ///< whose ticks look for the reply
+    const char* caption;     ///< of the frame on `Progress`; empty for the standard one
+    const char* stopped;     ///< message after a stop by the user
+    const char* succeeded;   ///< message after success
+    bool enablesCalcCycle;   ///< whether success enables `mnuSetCalcCycle`, or only shows it
 };
 
-inline constexpr std::array tareOperations = std::to_array<TareOperation>({
+inline constexpr auto tareOperations = std::to_array<TareOperation>({
     {DeviceCommand::CmdTare, "mnuTare", "mnuRemove", "TimerTare", "",
      "Tare Cooordinate System stopped by user!", "Tare Cooordinate System succeeded!", false},
     {DeviceCommand::CmdRemoveTare, "mnuRemove", "mnuTare", "TimerRemove",
@@ -29,11 +29,10 @@ inline constexpr std::array tareOperations = std::to_array<TareOperation>({
      "Remove Tare Cooordinate System succeeded!", true},
 });
 
-/// A click on the operation's entry, when the sensor is in polled mode: starts the operation, or
-/// stops it where it runs.
+/// Starts the operation, or stops it where it runs; the sensor must be in polled mode.
 void ToggleTare(const Screen& main, const TareOperation& operation);
 
-/// A tick of the operation's timer: ends the operation when the reply has come, and moves the bar.
+/// One tick of the operation's timer: ends the operation where the reply is in, else moves the bar.
 void TareTick(const Screen& main, const TareOperation& operation);
 
 }  // namespace orbkl4

@@ -4,8 +4,8 @@
 
 namespace orbkl4 {
 
-/// Reads the Time Tick Table that lies with the logs into `rows`, which stay as they were unless
-/// they are `Loaded`.
+/// Reads the Time Tick Table in the folder of the logs into `rows`, which change only where the
+/// result is `Loaded`.
 TickTableVerdict LoadTimeTickTable(TickTableRows& rows);
 
 }  // namespace orbkl4

@@ -18,15 +18,15 @@ TEST(ClosedPort, PassesOverTheClosedPortAlone) {
     Bytes bytes{1, 2};
     InputUnlessClosed(port, bytes);
     EXPECT_EQ(bytes, (Bytes{1, 2})) << "what was there stays";
-    OutputUnlessClosed(port, bytes);
+    SendUnlessClosed(port, DeviceCommand::CmdRawSensorBits);
     port.CommPort(1);
     port.PortOpen(true);
-    OutputUnlessClosed(port, bytes);
-    EXPECT_EQ(line.Take(2), (Bytes{1, 2}));
+    SendUnlessClosed(port, DeviceCommand::CmdRawSensorBits);
+    EXPECT_EQ(line.Take(1), (Bytes{1}));
     line.HangUp();
     EXPECT_TRUE(WaitFor([&] {
         try {
-            OutputUnlessClosed(port, bytes);
+            SendUnlessClosed(port, DeviceCommand::CmdRawSensorBits);
             return false;
         } catch (const RuntimeError& error) {
             return error.Number() == ErrorNumber::DeviceGone;

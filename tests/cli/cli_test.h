@@ -25,7 +25,7 @@ struct Outcome {
     std::string out;
     std::string err;
 
-    /// The JSON document on standard output; empty where there is none.
+    /// The JSON document on standard output; empty if there is none.
     QJsonObject Json() const;
 
     /// The code of the JSON error.

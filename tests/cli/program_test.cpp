@@ -47,7 +47,7 @@ TEST_F(Program, CompletesItsOwnOptions) {
     EXPECT_EQ("info\n", Shell(complete + "of in"));
     EXPECT_EQ("--probe\n", Shell(complete + "of --json ports --pr"));
     EXPECT_EQ("", Shell(complete + "of info --pr | xargs -r echo"));
-    EXPECT_EQ("19200 38400 115200\n", Shell(complete + "of info --baud \"\""));
+    EXPECT_EQ("38400 115200 19200\n", Shell(complete + "of info --baud \"\""));
 }
 
 TEST_F(Program, EndsWithFiveWhereItsOutputCannotBeWritten) {

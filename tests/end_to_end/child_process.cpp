@@ -36,20 +36,19 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
     if (!process_.waitForStarted()) throw std::runtime_error("can't start " + program);
 }
 
-void ChildProcess::Say(const std::string& text) {
+void ChildProcess::Write(const std::string& text) {
     process_.write(text.data(), static_cast<qint64>(text.size()));
     if (!process_.waitForBytesWritten()) throw std::runtime_error("the program has ended");
 }
 
-std::string ChildProcess::Hear(char end) {
-    // Handing over what is said takes in what has come meanwhile.
-    while (!(heard_ += process_.readAllStandardOutput()).contains(end)) {
+std::string ChildProcess::ReadUpTo(char end) {
+    while (!(received_ += process_.readAllStandardOutput()).contains(end)) {
         if (!process_.waitForReadyRead(Milliseconds(patience)))
             throw std::runtime_error("the program doesn't answer, or has ended");
     }
-    const auto length = heard_.indexOf(end);
-    const std::string text = heard_.left(length).toStdString();
-    heard_.remove(0, length + 1);
+    const auto length = received_.indexOf(end);
+    const std::string text = received_.left(length).toStdString();
+    received_.remove(0, length + 1);
     return text;
 }
 

@@ -13,10 +13,10 @@ namespace orbkl4::test {
 
 using namespace std::chrono_literals;
 
-// The program stands still for a second and more at times, and longer still on a busy machine.
+// The program blocks for a second and more at times, and longer on a busy machine.
 constexpr std::chrono::milliseconds patience = 20s;
 
-/// Looks every few milliseconds whether `condition` holds; false where it doesn't within `limit`.
+/// Checks every few milliseconds whether `condition` holds; false if it doesn't within `limit`.
 template <typename Condition>
 bool WaitUntil(Condition condition, std::chrono::milliseconds limit = patience) {
     const auto end = std::chrono::steady_clock::now() + limit;
@@ -27,45 +27,44 @@ bool WaitUntil(Condition condition, std::chrono::milliseconds limit = patience) 
     return true;
 }
 
-/// A process of our own, its standard input and output in our hand. It has an ordinary user's
-/// rights, whoever runs the tests, and is killed with this object, and with the test.
+/// A child process with pipes to its standard input and output. It has an ordinary user's rights,
+/// whoever runs the tests, and is killed with this object or with the test.
 class ChildProcess {
   public:
-    /// Starts `program` with `environment` beside what is inherited; throws std::runtime_error
-    /// where that fails.
+    /// Starts `program` with `environment` added to ours; throws std::runtime_error if that fails.
     ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                  const std::map<std::string, std::string>& environment);
     ~ChildProcess() { Kill(); }
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// Hands it `text`; throws std::runtime_error where it has ended.
-    void Say(const std::string& text);
+    /// Writes `text` to its input; throws std::runtime_error if it has ended.
+    void Write(const std::string& text);
 
-    /// What it says next, up to `end`, which is taken off; throws std::runtime_error where
-    /// nothing comes for long or it has ended.
-    std::string Hear(char end);
+    /// Reads its output up to `end`, which is left out; throws std::runtime_error if nothing comes
+    /// for `patience` or it has ended.
+    std::string ReadUpTo(char end);
 
-    /// Stops it where it stands, until `Resume`.
+    /// Stops it until `Resume`.
     void Pause() const;
     void Resume() const;
 
-    /// Ends it as nothing can resist, and waits for that.
+    /// Kills it and waits until it has ended.
     void Kill();
 
-    /// Waits until it has ended by itself and returns its exit code, -1 where a signal ended it
-    /// or it doesn't end within `limit`.
+    /// Waits until it has ended by itself and returns its exit code, -1 if a signal ended it or it
+    /// doesn't end within `limit`.
     int AwaitEnd(std::chrono::milliseconds limit = patience);
 
-    /// Processor time that it has used so far, in seconds.
+    /// Processor time used so far, in seconds.
     double ProcessorSeconds() const;
 
   private:
     QProcess process_;
-    QByteArray heard_;
+    QByteArray received_;
 };
 
-/// The whole content of the file at `path`, empty where there is none.
+/// The whole content of the file at `path`, empty if there is none.
 std::string ContentOf(const std::filesystem::path& path);
 
 }  // namespace orbkl4::test

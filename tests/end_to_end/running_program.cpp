@@ -49,32 +49,32 @@ RunningProgram::RunningProgram(const Stage& stage)
     : process_(stage.Program(), {},
                {{"QT_QPA_PLATFORM", "offscreen"},
                 {"QT_PLUGIN_PATH", stage.PluginFolder()},
-                {"QT_QPA_GENERIC_PLUGINS", "hand"},
+                {"QT_QPA_GENERIC_PLUGINS", "driver"},
                 {"HOME", stage.Root()},
                 {"XDG_RUNTIME_DIR", stage.Root()},
                 {"XDG_CONFIG_HOME", stage.Config()}}) {}
 
-std::vector<std::string> RunningProgram::Order(const std::vector<std::string>& words) {
-    process_.Say(MessageOf(words));
-    auto answer = FieldsOf(process_.Hear(messageEnd));
+std::vector<std::string> RunningProgram::Run(const std::vector<std::string>& words) {
+    process_.Write(MessageOf(words));
+    auto answer = FieldsOf(process_.ReadUpTo(messageEnd));
     if (answer.front() != "ok") throw std::runtime_error(words.front() + ": " + answer.back());
     answer.erase(answer.begin());
     return answer;
 }
 
 void RunningProgram::AwaitScreen(const std::string& name) {
-    const auto shown = [&] { return std::ranges::count(Order({"screens"}), name) > 0; };
+    const auto shown = [&] { return std::ranges::count(Run({"screens"}), name) > 0; };
     if (!WaitUntil(shown)) throw std::runtime_error("no screen " + name + " comes up");
 }
 
 void RunningProgram::AwaitNoScreen(const std::string& name) {
-    const auto gone = [&] { return std::ranges::count(Order({"screens"}), name) == 0; };
+    const auto gone = [&] { return std::ranges::count(Run({"screens"}), name) == 0; };
     if (!WaitUntil(gone)) throw std::runtime_error("the screen " + name + " stays up");
 }
 
 std::string RunningProgram::Get(const std::string& screen, const std::string& name,
                                 const std::string& property) {
-    return Order({"get", screen, name, property}).front();
+    return Run({"get", screen, name, property}).front();
 }
 
 void RunningProgram::Await(const std::string& screen, const std::string& name,
@@ -86,7 +86,7 @@ void RunningProgram::Await(const std::string& screen, const std::string& name,
 }
 
 std::optional<MessageBox> RunningProgram::BoxUp() {
-    const auto words = Order({"box"});
+    const auto words = Run({"box"});
     if (words.empty()) return std::nullopt;
     return MessageBox{words[0], WithDatesMasked(words[1]), {words.begin() + 2, words.end()}};
 }
@@ -100,7 +100,7 @@ MessageBox RunningProgram::AwaitBox() {
 }
 
 void RunningProgram::Search(const std::function<void()>& beforeRetry) {
-    constexpr int retries = 2;
+    constexpr int retries = 9;
     AwaitScreen("Main");
     Choose("Main", "mnuConnect");
     AwaitScreen("Connect");
@@ -115,7 +115,7 @@ void RunningProgram::Search(const std::function<void()>& beforeRetry) {
 }
 
 void RunningProgram::SaveAs(const std::string& path) {
-    const auto saved = [&] { return !Order({"file", path}).empty(); };
+    const auto saved = [&] { return !Run({"file", path}).empty(); };
     if (!WaitUntil(saved)) throw std::runtime_error("no file dialog comes up");
 }
 

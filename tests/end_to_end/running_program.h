@@ -20,13 +20,13 @@ struct MessageBox {
     bool operator==(const MessageBox&) const = default;
 };
 
-/// Prints `box` where an expectation fails.
+/// Prints `box` if an expectation fails.
 std::ostream& operator<<(std::ostream& out, const MessageBox& box);
 
-/// A box of the program that tells something.
+/// A message box with `text` and an OK button.
 MessageBox Telling(const std::string& text);
 
-/// An error that is reported.
+/// A reported error.
 struct Reported {
     std::string number;
     std::string source;
@@ -40,9 +40,8 @@ struct Reported {
     std::string Record() const;
 };
 
-/// The real program, run on `stage` without a screen, and a hand in it that does what a person
-/// could do. What can't be done or doesn't come about within some seconds throws
-/// std::runtime_error.
+/// The real program, run on `stage` without a display, and a driver in it that does what a user
+/// could do. What can't be done or doesn't happen within `patience` throws std::runtime_error.
 class RunningProgram {
   public:
     explicit RunningProgram(const Stage& stage);
@@ -65,16 +64,16 @@ class RunningProgram {
 
     /// Chooses a menu entry, which must be there and enabled.
     void Choose(const std::string& screen, const std::string& entry) {
-        Order({"choose", screen, entry});
+        Run({"choose", screen, entry});
     }
 
-    /// Shows and enables an entry of the main menu, as the program would do it after the hidden
-    /// gesture, and after a connection, which takes seconds.
-    void Unlock(const std::string& entry) { Order({"unlock", "Main", entry}); }
+    /// Shows and enables an entry of the main menu, as the program does after the hidden gesture or
+    /// a connection.
+    void Unlock(const std::string& entry) { Run({"unlock", "Main", entry}); }
 
     /// Presses a button.
     void Press(const std::string& screen, const std::string& button) {
-        Order({"press", screen, button});
+        Run({"press", screen, button});
     }
 
     /// The message box that is up, its date masked.
@@ -84,21 +83,20 @@ class RunningProgram {
     MessageBox AwaitBox();
 
     /// Answers the message box that is up.
-    void Answer(const std::string& button) { Order({"answer", button}); }
+    void Answer(const std::string& button) { Run({"answer", button}); }
 
-    /// Lets it search for the sensor, and waits for the box that tells of success. A sensor that
-    /// isn't found is tried again, twice: it has 100 milliseconds to answer, and a busy machine
-    /// may not let it; `beforeRetry` is done then.
+    /// Searches for the sensor and waits for the box of success. Retries up to nine times, each
+    /// after `beforeRetry`, as a busy machine may not answer in the 100 milliseconds allowed.
     void Search(const std::function<void()>& beforeRetry = [] {});
 
-    /// Waits for the file dialog and saves as `path`, typed as it is.
+    /// Waits for the file dialog, types `path` and saves.
     void SaveAs(const std::string& path);
 
     /// Closes the program's window.
-    void CloseWindow() { Order({"close"}); }
+    void CloseWindow() { Run({"close"}); }
 
   private:
-    std::vector<std::string> Order(const std::vector<std::string>& words);
+    std::vector<std::string> Run(const std::vector<std::string>& words);
 
     ChildProcess process_;
 };

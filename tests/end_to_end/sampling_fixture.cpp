@@ -9,8 +9,8 @@ namespace orbkl4::test {
 
 namespace {
 
-/// A time in seconds, to two decimals at most and with nothing before the point where that would
-/// be 0, and ten words from 0 to 65535, each behind one blank.
+/// A time in seconds with two decimals at most and no 0 before the point, and ten words from 0 to
+/// 65535, each after one blank.
 bool IsRow(const QStringList& columns) {
     static const QRegularExpression time(R"(^(0|[1-9]\d*|([1-9]\d*)?\.\d?[1-9])$)");
     const auto isWord = [](const QString& text) {

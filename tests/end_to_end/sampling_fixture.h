@@ -12,16 +12,15 @@ namespace orbkl4::test {
 /// The rows of a data file, their columns with the blank before a number.
 using Rows = std::vector<std::vector<std::string>>;
 
-/// A stage on which the raw sensor bits of port 16, which no adapter of this machine is likely to
-/// be, are saved in the folder for data files.
+/// A stage for sampling on port 16, which no adapter of this machine is likely to use.
 class SamplingTest : public testing::Test {
   protected:
     SamplingTest() { stage.StoreSettings("CurrentCommPort=16\n"); }
 
-    /// Opens the view without a connection, which takes seconds, and saves under `name`.
+    /// Opens the view without a connection, which takes seconds, and samples into the file `name`.
     static void StartSaving(RunningProgram& program, const std::string& name);
 
-    /// What the data file `name` holds, empty where there is none.
+    /// The content of the data file `name`, empty if there is none.
     std::string Content(const std::string& name) const {
         return ContentOf(stage.DataFiles() / name);
     }
@@ -29,8 +28,8 @@ class SamplingTest : public testing::Test {
     /// Waits until the data file `name` has grown by `bytes`.
     testing::AssertionResult Grows(const std::string& name, std::size_t bytes = 500) const;
 
-    /// The rows of the data file `name` behind its head; throws std::runtime_error where one isn't
-    /// whole: a time and ten words from 0 to 65535, each line ended by CR LF.
+    /// The rows of the data file `name` after its head; throws std::runtime_error unless each is a
+    /// time and ten words from 0 to 65535, ended by CR LF.
     Rows ReadRows(const std::string& name) const;
 
     Stage stage;

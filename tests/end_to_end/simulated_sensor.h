@@ -16,16 +16,16 @@ class SimulatedSensor {
     /// Starts it with `options` and waits until the sensor is plugged in.
     SimulatedSensor(const Stage& stage, const std::vector<std::string>& options)
         : process_(SIMULATOR_PROGRAM, options, {{"XDG_CONFIG_HOME", stage.Config()}}) {
-        process_.Hear('\n');  // it tells its link once all is set up
+        process_.ReadUpTo('\n');  // it prints its link once all is set up
     }
 
     /// Gives it one of its commands, such as "unplug", which it must take.
     void Command(const std::string& command) {
-        process_.Say(command + '\n');
-        std::string answer = process_.Hear('\n');
+        process_.Write(command + '\n');
+        std::string answer = process_.ReadUpTo('\n');
         while (answer.starts_with('<')) {
             requests_.push_back(std::move(answer));
-            answer = process_.Hear('\n');
+            answer = process_.ReadUpTo('\n');
         }
         if (answer != "ok") throw std::runtime_error(command + ": " + answer);
     }

@@ -16,7 +16,7 @@ namespace orbkl4::test {
 
 namespace {
 
-/// A hard link is as good as a copy: the program looks for its folder under the name it ran as.
+/// A hard link will do: the program finds its folder by the path it was started with.
 void Place(const fs::path& from, const fs::path& to) {
     std::error_code failed;
     fs::create_directories(to.parent_path());
@@ -24,7 +24,7 @@ void Place(const fs::path& from, const fs::path& to) {
     if (failed) fs::copy_file(from, to);
 }
 
-/// Whether `text` is a date and time in the log's form, of the last few minutes.
+/// Whether `text` is a date and time of the last few minutes in the log's format.
 bool IsRecent(const std::string& text) {
     constexpr qint64 fewMinutes = 600;
     const QString form = QStringLiteral("dd/MM/yyyy hh:mm:ss ap");
@@ -39,7 +39,7 @@ bool IsRecent(const std::string& text) {
 Stage::Stage() {
     fs::create_directories(Config());
     Place(WORKBENCH_PROGRAM, Program());
-    Place(DRIVER_PLUGIN, PluginFolder() / "generic" / "libhand.so");
+    Place(DRIVER_PLUGIN, PluginFolder() / "generic" / "libdriver.so");
 }
 
 void Stage::LinkPort(int number, const fs::path& target) const {

@@ -7,8 +7,7 @@
 
 namespace orbkl4::test {
 
-/// A temporary folder with the program in it, beside which data files and logs lie, and a
-/// configuration folder of its own.
+/// A temporary folder with the program, its data files and logs, and a configuration folder.
 class Stage {
   public:
     Stage();
@@ -25,10 +24,10 @@ class Stage {
         return Config() / "Kestrelmoor" / "ORB-KL4-RS232.ini";
     }
 
-    /// Lets port `number`, which had no link yet, be the file, device or folder `target`.
+    /// Links port `number` to the file, device or folder `target`.
     void LinkPort(int number, const std::filesystem::path& target) const;
 
-    /// Makes the settings store hold `lines` in its one section.
+    /// Stores `lines` as the settings' one section.
     void StoreSettings(const std::string& lines) const;
 
     /// The error log, its dates masked.
@@ -38,7 +37,7 @@ class Stage {
     QTemporaryDir root_;
 };
 
-/// `text` with "D" in place of each date and time of the last few minutes that has its form.
+/// `text` with "D" in place of each date and time of the last few minutes.
 std::string WithDatesMasked(std::string text);
 
 }  // namespace orbkl4::test

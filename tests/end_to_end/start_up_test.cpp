@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 namespace fs = std::filesystem;
 
 namespace orbkl4::test {
@@ -47,6 +49,28 @@ TEST(BadPortText, OnTheVeryFirstStartHasNoLogToGoTo) {
     program.AwaitScreen("Main");
     EXPECT_FALSE(program.BoxUp());
     EXPECT_FALSE(fs::exists(stage.Logs()));
+}
+
+TEST(StartUp, ReportsAFolderThatCannotBeMade) {
+    const Stage stage;
+    const fs::path folder = stage.Program().parent_path();
+    fs::create_directory(stage.Logs());
+    std::string log;
+    const auto start = [&](const std::string& number, const std::string& text) {
+        const Reported error{number, "TestForFileFolders", "General",
+                             text + ": " + stage.DataFiles().string()};
+        RunningProgram program(stage);
+        EXPECT_EQ(program.AwaitBox(), error.Box());
+        EXPECT_EQ(stage.ErrorLog(), log += error.Record());
+        program.Answer("Retry");
+        program.AwaitScreen("Main");
+    };
+    std::ofstream(stage.DataFiles()).close();  // a file in its place
+    start("76", "Path not found");
+    fs::remove(stage.DataFiles());
+    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+    start("70", "Permission denied");
+    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::add);
 }
 
 TEST(StartUp, EndsAfterItsLastMessageOnCancel) {

@@ -6,19 +6,19 @@
 
 namespace orbkl4::test {
 
-// What the tests and the hand inside the program say to each other: messages of fields. No text
-// of the program bears the bytes that end them.
+// Messages between the tests and the driver inside the program consist of fields. No text of the
+// program contains the bytes that end them.
 constexpr char fieldEnd = '\x1F';
 constexpr char messageEnd = '\0';
 
-/// The message, with its end, that bears `fields`.
+/// The message of `fields`, with its end.
 inline std::string MessageOf(const std::vector<std::string>& fields) {
     std::string message;
     for (const std::string& field : fields) message += field + fieldEnd;
     return message + messageEnd;
 }
 
-/// The fields of `message`, which comes without its end.
+/// The fields of `message`, which is without its end.
 inline std::vector<std::string> FieldsOf(const std::string& message) {
     std::vector<std::string> fields;
     std::istringstream text(message);

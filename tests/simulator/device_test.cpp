@@ -4,19 +4,21 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <tuple>
 
 namespace orbkl4sim {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr Time kCycle = 6553600ns;  // 16 x 16 x 256 x 1 counts of 100 ns
+constexpr Time kCycle = 6553600ns;  // 16 x 16 x 256 x 1 counts of 100 ns each
 
 Device Level() { return {Rest({0, 0, 0}), false, 1}; }
 
-Bytes ReplyOf(Device& device, const Bytes& request, Time taken = {}) {
-    const auto answer = device.Handle(request, taken);
+Bytes ReplyOf(Device& device, const Bytes& request, Time start = {}) {
+    const auto answer = device.Handle(request, start);
     return answer ? answer->reply : Bytes{};
 }
 
@@ -26,8 +28,8 @@ struct Exchange {
     Bytes reply;
 };
 
-TEST(Device, AnswersOfAFreshSensorToTheByte) {
-    // A ticks word of 2 and a checksum, the sum of header and words.
+TEST(Device, RepliesWithFactoryDefaults) {
+    // The ticks word is 2, the checksum the sum of header and words.
     const Exchange exchanges[] = {
         {"read", {0x28, 0x00, 44}, {0x28, 0x00, 0x40, 0x00, 0x02, 0x00, 0x6A}},
         {"write",
@@ -52,53 +54,45 @@ TEST(Device, AnswersOfAFreshSensorToTheByte) {
     }
 }
 
-TEST(Device, ASensorAtRestSendsItsWords) {
-    struct Row {
-        Euler attitude;
-        std::uint8_t command;
-        Bytes reply;
-    };
-    // The ticks word is 1, that of the cycle at whose end the sample is taken.
-    const Row rows[] = {
-        // 32768 and 12000 a gauss, 6000 a g, 3000 a rad/s: the field's 0.24, -0.04, 0.60 hold the
-        // iron's share, the rates are the gyros' bias 0.02, -0.015, 0.01.
+TEST(Device, DataRepliesAtRest) {
+    // The ticks word is 1: the sample is taken at the end of the first cycle.
+    const std::tuple<Euler, std::uint8_t, Bytes> rows[] = {
+        // 32768 plus 12000 per gauss, 6000 per g, 3000 per rad/s: field and iron are 0.24, -0.04,
+        // 0.60, the rates are the gyro bias 0.02, -0.015, 0.01.
         {{}, 0x01, {0x01, 0x8B, 0x40, 0x7E, 0x20, 0x9C, 0x20, 0x80, 0x00, 0x80, 0x00, 0x97,
                     0x70, 0x80, 0x3C, 0x7F, 0xD3, 0x80, 0x1E, 0x00, 0x01, 0xBD, 0x1F}},
-        // 13107.2 a gauss, 6553.6 a g, 3754.8 a rad/s.
+        // 13107.2 per gauss, 6553.6 per g, 3754.8 per rad/s.
         {{}, 0x02, {0x02, 0x0C, 0x4A, 0xFD, 0xF4, 0x1E, 0xB8, 0x00, 0x00, 0x00, 0x00, 0x19,
                     0x9A, 0x00, 0x4B, 0xFF, 0xC8, 0x00, 0x26, 0x00, 0x01, 0x42, 0xCC}},
         {{}, 0x12, {0x12, 0x20, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x0C, 0x4A,
                     0xFD, 0xF4, 0x1E, 0xB8, 0x00, 0x00, 0x00, 0x00, 0x19, 0x9A, 0x00,
                     0x4B, 0xFF, 0xC8, 0x00, 0x26, 0x00, 0x01, 0x62, 0xDC}},
-        // 65536 a circle: 16384, 5461, -16384.
+        // 65536 per circle: 16384, 5461, -16384.
         {{90, 30, -90}, 0x0E, {0x0E, 0x40, 0x00, 0x15, 0x55, 0xC0, 0x00, 0x00, 0x01, 0x15, 0x64}},
-        // East is ahead: the columns are the body's axes in the earth's frame.
+        // Heading east: the columns are the body axes in earth coordinates.
         {{0, 0, 90}, 0x0A, {0x0A, 0, 0, 0x20, 0, 0,    0, 0xE0, 0,    0,    0,   0,
                             0,    0, 0, 0,    0, 0x20, 0, 0,    0x01, 0x20, 0x0B}},
-        // Of q and -q the one with q0 above 0: half of 340 degrees is cos 170 = -0.98481, sin =
-        // 0.17365.
+        // cos 170 = -0.98481 and sin 170 = 0.17365, with the signs changed so that q0 > 0.
         {{340, 0, 0}, 0x04, {0x04, 0x1F, 0x84, 0xFA, 0x71, 0, 0, 0, 0, 0, 0x01, 0x19, 0xFA}},
     };
     Device device = Level();
     for (const auto& [attitude, command, reply] : rows) {
-        device.Place().SetMotion(Rest(attitude));
+        device.SetMotion(Rest(attitude));
         EXPECT_EQ(reply, ReplyOf(device, {command})) << int(command);
     }
 }
 
-TEST(Device, TakesNoNoticeWhereAFixedByteIsWrong) {
-    const Bytes requests[] = {
-        {0x29, 0x72, 0x00, 0x84, 0x00, 0x01, 0xAA},
-        {0x29, 0x71, 0x01, 0x84, 0x00, 0x01, 0xAA},
-        {0x29, 0x71, 0x00, 0x84, 0x00, 0x01, 0xAB},
-        {0x29, 0x71, 0x00, 0x85, 0x00, 0x01, 0xAA},
-        {0x28, 0x01, 0x84},
-        {0x28, 0x00, 0x85},
-        {0x0F, 0xC1, 0xC3, 0xC4},
-        {0x40, 0x71, 0x3F},
-        {0x42, 0x70, 0x3E, 0x00, 0x02, 0x08},
-        {0x30},
-    };
+TEST(Device, IgnoresRequestsWithAWrongFixedByte) {
+    const Bytes requests[] = {{0x29, 0x72, 0x00, 0x84, 0x00, 0x01, 0xAA},
+                              {0x29, 0x71, 0x01, 0x84, 0x00, 0x01, 0xAA},
+                              {0x29, 0x71, 0x00, 0x84, 0x00, 0x01, 0xAB},
+                              {0x29, 0x71, 0x00, 0x85, 0x00, 0x01, 0xAA},
+                              {0x28, 0x01, 0x84},
+                              {0x28, 0x00, 0x85},
+                              {0x0F, 0xC1, 0xC3, 0xC4},
+                              {0x40, 0x71, 0x3F},
+                              {0x42, 0x70, 0x3E, 0x00, 0x02, 0x08},
+                              {0x30}};
     Device device(Rest({10, 20, 30}), false, 1);
     device.Memory().SetWord(address::kIronOffset, 7);
     const std::uint64_t changes = device.Memory().Changes();
@@ -108,14 +102,25 @@ TEST(Device, TakesNoNoticeWhereAFixedByteIsWrong) {
     EXPECT_EQ(changes, device.Memory().Changes());
 }
 
-TEST(Device, TakesSpeedAndCycleOverAtPowerUp) {
+TEST(Device, AStuckWordConfirmsWritesButStays) {
+    const Bytes write{0x29, 0x71, 0x00, 26, 0x12, 0x34, 0xAA};
+    const Bytes confirmed{0x29, 0x12, 0x34, 0x00, 0x00, 0x12, 0x5D};
+    Device device = Level();
+    device.Memory().SetStuck(26, true);
+    EXPECT_EQ(confirmed, ReplyOf(device, write));
+    EXPECT_EQ(10, device.Memory().Word(26));
+    device.Memory().SetStuck(26, false);
+    EXPECT_EQ(confirmed, ReplyOf(device, write));
+    EXPECT_EQ(0x1234, device.Memory().Word(26));
+}
+
+TEST(Device, LoadsBaudRateAndCycleAtPowerUp) {
     Device device = Level();
     Eeprom& memory = device.Memory();
-    memory.SetWord(44, 21);
-    memory.SetWord(238, 1);
-    memory.SetWord(240, 2);
-    memory.SetWord(242, 50);
-    memory.SetWord(246, 3);
+    for (const auto& [address, word] :
+         {std::pair(44, 21), {238, 1}, {240, 2}, {242, 50}, {246, 3}}) {
+        memory.SetWord(address, static_cast<std::uint16_t>(word));
+    }
     EXPECT_EQ(38400, device.Baud());
     EXPECT_EQ(kCycle, device.Cycle());
     EXPECT_EQ(10, device.Ticks(10 * kCycle));
@@ -135,42 +140,38 @@ TEST(Device, TakesSpeedAndCycleOverAtPowerUp) {
     EXPECT_EQ(38400, device.Baud());
 }
 
-TEST(Device, RepeatsDataCommandsOnly) {
+TEST(Device, ContinuousModeTakesDataCommandsOnly) {
     Device device = Level();
-    const std::pair<std::uint16_t, bool> words[] = {{0, false},    {0x31, true},  {0x01, true},
-                                                    {0x28, false}, {0x41, false}, {0x131, false}};
-    for (const auto& [word, repeats] : words) {
-        device.Memory().SetWord(address::kContinuousMode, word);
+    for (const auto& [word, repeats] :
+         {std::pair(0, false), {0x31, true}, {0x41, false}, {0x131, false}}) {
+        device.Memory().SetWord(address::kContinuousMode, static_cast<std::uint16_t>(word));
         EXPECT_EQ(repeats, device.ContinuousCommand().has_value()) << word;
     }
 }
 
 TEST(Device, SelfTestShiftsTheRawWords) {
-    struct Row {
-        std::uint8_t bits;
-        int mags;
-        int accs;
-        int gyros;
-    };
     Device device = Level();
-    for (const auto& [bits, mags, accs, gyros] :
-         {Row{1, 0, 0, -6000}, Row{2, 0, 4000, 6000}, Row{3, 0, 4000, 0}, Row{8, 0, 0, 0},
-          Row{12, -5000, 0, 0}, Row{6, 5000, 4000, 6000}}) {
-        ReplyOf(device, {0x27, bits});
+    for (const auto& [bits, mags, accs, gyros] : {std::array{1, 0, 0, -6000},
+                                                  {2, 0, 4000, 6000},
+                                                  {3, 0, 4000, 0},
+                                                  {8, 0, 0, 0},
+                                                  {12, -5000, 0, 0},
+                                                  {6, 5000, 4000, 6000}}) {
+        ReplyOf(device, {0x27, static_cast<std::uint8_t>(bits)});
         const Bytes reply = ReplyOf(device, {0x01});
-        EXPECT_EQ(0x8B40 + mags, WordAt(reply, 1)) << int(bits);
-        EXPECT_EQ(0x8000 + accs, WordAt(reply, 7)) << int(bits);
-        EXPECT_EQ(0x803C + gyros, WordAt(reply, 13)) << int(bits);
+        EXPECT_EQ(0x8B40 + mags, WordAt(reply, 1)) << bits;
+        EXPECT_EQ(0x8000 + accs, WordAt(reply, 7)) << bits;
+        EXPECT_EQ(0x803C + gyros, WordAt(reply, 13)) << bits;
     }
     device.PowerUp(0s);
     EXPECT_EQ(0x8B40, WordAt(ReplyOf(device, {0x01}), 1)) << "power-up ends the self test";
 }
 
-TEST(Device, WordsStopAtTheirLimits) {
+TEST(Device, LimitsWordsToTheirRange) {
     Device device = Level();
     device.Memory().SetWord(address::kAccGainScale, 10);  // full scale 0.01 g
     EXPECT_EQ(0x7FFF, WordAt(ReplyOf(device, {0x03}), 11));
-    device.Place().SetMotion(Rest({180, 0, 0}));
+    device.SetMotion(Rest({180, 0, 0}));
     EXPECT_EQ(0x8000, WordAt(ReplyOf(device, {0x03}), 11));
     device.Memory().SetWord(address::kAccGainScale, 0);
     EXPECT_EQ(0, WordAt(ReplyOf(device, {0x03}), 11));
@@ -180,7 +181,7 @@ TEST(Device, WordsStopAtTheirLimits) {
     EXPECT_EQ(0, WordAt(ReplyOf(device, {0x07}), 1));
 }
 
-TEST(RequestParser, FindsRequestsAmongOtherBytesAndForgetsWhatStalls) {
+TEST(RequestParser, SkipsOtherBytesAndDropsStalledRequests) {
     RequestParser parser;
     std::vector<Bytes> found;
     const auto feed = [&](const Bytes& bytes, Time time) {
@@ -188,7 +189,7 @@ TEST(RequestParser, FindsRequestsAmongOtherBytesAndForgetsWhatStalls) {
             if (auto request = parser.Feed(byte, time)) found.push_back(*request);
         }
     };
-    // Those with wrong fixed bytes are swallowed whole, so that none of their bytes is obeyed.
+    // A request with wrong fixed bytes is consumed whole, so that no byte of it starts another.
     feed({0x00, 0xAA, 0x28, 0x00, 0x01, 0x55, 0x29, 0x00, 0x01, 0x02, 0x03, 0x04, 0x05}, 0ms);
     feed({0x28, 0x00}, 100ms);
     feed({0x02, 0x28}, 200ms);

@@ -1,28 +1,25 @@
 #pragma once
 
 #include "simulator/bytes.h"
+#include "simulator/throw_errno.h"
 
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
 namespace orbkl4sim {
 
-/// The host's end of a serial line, by plain system calls.
+/// The host's end of a serial line, using plain system calls.
 class HostLine {
   public:
-    /// Opens `device` at `baud`; 0 leaves the speed as it stands.
+    /// Opens `device` at `baud`; 0 doesn't set the baud rate.
     explicit HostLine(const std::filesystem::path& device, int baud = 0)
         : descriptor_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {
-        if (descriptor_ < 0) {
-            throw std::system_error(errno, std::generic_category(), device.string());
-        }
+        if (descriptor_ < 0) ThrowErrno(device.string());
         if (baud != 0) SetBaud(baud);
     }
     ~HostLine() { close(descriptor_); }
@@ -40,11 +37,11 @@ class HostLine {
 
     void Send(const Bytes& bytes) const {
         if (write(descriptor_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) {
-            throw std::system_error(errno, std::generic_category(), "send");
+            ThrowErrno("send");
         }
     }
 
-    /// Bytes as they come until there are `count`, or none has come for `limit`.
+    /// Receives up to `count` bytes, until none has arrived for `limit`.
     Bytes Receive(std::size_t count, std::chrono::milliseconds limit) const {
         Bytes received;
         while (received.size() < count && Comes(POLLIN, limit)) {
@@ -56,7 +53,7 @@ class HostLine {
         return received;
     }
 
-    /// The answer of `count` bytes to `request`; fewer where they don't come in time.
+    /// The reply of `count` bytes to `request`, or less if it isn't complete in time.
     Bytes Ask(const Bytes& request, std::size_t count) const {
         Send(request);
         return Receive(count, std::chrono::seconds(2));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -8,7 +9,7 @@
 
 namespace orbkl4sim {
 
-/// A folder of a test's own that goes with this object.
+/// A temporary folder, removed with this object.
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -22,7 +23,7 @@ class TemporaryFolder {
     const std::filesystem::path& Path() const { return path_; }
     std::filesystem::path operator/(const char* name) const { return path_ / name; }
 
-    /// Writes `text` to the file `name` and gives its path.
+    /// Writes `text` to the file `name` and returns its path.
     std::filesystem::path Write(const char* name, const std::string& text) const {
         std::ofstream(path_ / name) << text;
         return path_ / name;
@@ -36,6 +37,17 @@ inline std::string ContentOf(const std::filesystem::path& file) {
     std::ostringstream text;
     text << std::ifstream(file).rdbuf();
     return text.str();
+}
+
+/// The text of the exception that `action` throws; empty if it throws none.
+template <typename Action>
+std::string ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "";
 }
 
 }  // namespace orbkl4sim

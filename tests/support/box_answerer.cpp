@@ -32,7 +32,7 @@ void BoxAnswerer::Reply(QMessageBox& box) {
     Button button = texts_.size() <= answers_.size() ? answers_[texts_.size() - 1] : otherwise_;
     if (box.button(button) == nullptr) button = QMessageBox::Ok;
     QAbstractButton* chosen = box.button(button);
-    if (chosen == nullptr) chosen = box.escapeButton();  // a box that wasn't expected hangs nothing
+    if (chosen == nullptr) chosen = box.escapeButton();  // an unexpected box must not block
     chosen->click();
 }
 

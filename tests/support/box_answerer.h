@@ -10,18 +10,18 @@
 
 namespace orbkl4::test {
 
-/// Answers the program's message boxes as a person would, and remembers what they said.
+/// Answers the program's message boxes as a user would, and keeps their texts.
 class BoxAnswerer {
   public:
     using Button = QMessageBox::StandardButton;
 
-    /// Gives `answers` in turn, then `otherwise` (or OK, where a box has no other button).
+    /// Gives `answers` in turn, then `otherwise`, or OK if a box has no such button.
     explicit BoxAnswerer(std::vector<Button> answers = {}, Button otherwise = QMessageBox::Cancel);
 
-    /// Gives `otherwise` from now on where `answers` are used up.
+    /// Gives `otherwise` from now on once `answers` are used up.
     void Otherwise(Button otherwise) { otherwise_ = otherwise; }
 
-    /// Does `look` while a box is up, before it is answered.
+    /// Calls `look` with each box before it is answered.
     void BeforeAnswer(std::function<void(QMessageBox&)> look) { look_ = std::move(look); }
 
     /// How long each box stays up before it is answered, in milliseconds.
@@ -30,8 +30,7 @@ class BoxAnswerer {
     /// The texts of all boxes so far, in order.
     const std::vector<std::string>& Texts() const { return texts_; }
 
-    /// The number, source and screen of the error that the box `index` reported, empty where it
-    /// reported none.
+    /// The number, source and screen of the error in box `index`, empty if it is no error box.
     std::string Error(std::size_t index) const;
 
     /// The number of boxes so far.

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -30,7 +31,7 @@ void FileDialogAnswerer::Look() {
         current_ = dialog;
         ++count_;
         folder_ = dialog->directory().absolutePath();
-        filter_ = dialog->selectedNameFilter();
+        filter_ = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->currentText();
     }
     const QString name = count_ <= names_.size() ? names_[count_ - 1] : QString();
     if (name.isEmpty()) return dialog->reject();

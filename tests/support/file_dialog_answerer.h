@@ -9,11 +9,11 @@
 
 namespace orbkl4::test {
 
-/// Answers the program's file dialogs as a person would.
+/// Answers the program's file dialogs as a user would.
 class FileDialogAnswerer {
   public:
-    /// Types `names` in turn and saves; an empty one, or none left, cancels. Asked whether a file
-    /// is to be overwritten, it says yes or, if `overwrites` is false, no and then cancels.
+    /// Types `names` in turn and saves; an empty one, or none left, cancels. The question whether
+    /// to overwrite a file is answered with yes or, if not `overwrites`, with no and then Cancel.
     explicit FileDialogAnswerer(std::vector<QString> names, bool overwrites = true);
 
     /// The number of dialogs answered so far.

@@ -15,7 +15,7 @@ inline void MendChecksum(Bytes& reply) {
     reply[reply.size() - 1] = static_cast<std::uint8_t>(sum);
 }
 
-/// A reply of `header` and `words` (ticks included) with a good checksum behind them.
+/// A reply of `header`, `words` (ticks included) and a good checksum.
 inline Bytes Frame(unsigned header, const std::vector<unsigned>& words) {
     Bytes reply{static_cast<std::uint8_t>(header)};
     for (const unsigned word : words) {

@@ -36,7 +36,7 @@ void PtyMaster::Send(const Bytes& bytes) const {
 
 Bytes PtyMaster::Take(std::size_t count) const {
     Bytes taken;
-    const QDeadlineTimer deadline(2000);
+    const QDeadlineTimer deadline(10000);
     do {
         std::array<std::uint8_t, 4096> chunk{};
         const auto length = ::read(master_, chunk.data(), chunk.size());

@@ -20,16 +20,17 @@ class PtyMaster {
     /// The speed that the port was last set to, a code such as B38400.
     unsigned Speed() const;
 
-    /// Sends `bytes` to whoever holds the port.
+    /// Sends `bytes` to the program.
     void Send(const Bytes& bytes) const;
 
-    /// Takes what has come from the port, waiting until `count` bytes have or two seconds are over.
+    /// Takes what has come from the port, and waits up to ten seconds until there are `count`
+    /// bytes.
     Bytes Take(std::size_t count) const;
 
     /// Takes what has come from the port so far.
     Bytes TakeAll() const { return Take(0); }
 
-    /// Pulls the line out: whoever holds the port sees it hang up.
+    /// Pulls the line out: the program sees it hang up.
     void HangUp();
 
   private:

@@ -5,7 +5,7 @@
 
 namespace orbkl4::test {
 
-/// A configuration folder and a program folder of the test process's own, for the object's
+/// A temporary configuration folder and program folder, used by this process during the object's
 /// lifetime.
 class TemporaryFolders {
   public:
@@ -14,13 +14,13 @@ class TemporaryFolders {
     TemporaryFolders(const TemporaryFolders&) = delete;
     TemporaryFolders& operator=(const TemporaryFolders&) = delete;
 
-    /// The folder in the place of the per-user configuration folder.
+    /// The folder that replaces the per-user configuration folder.
     QString ConfigFolder() const { return root_.filePath(QStringLiteral("config")); }
 
-    /// Puts a symbolic link to `target` for port `number` into the ports folder.
+    /// Links port `number` to `target` in the ports folder.
     void LinkPort(int number, const QString& target) const;
 
-    /// Takes the link of port `number` away.
+    /// Removes the link of port `number`.
     void UnlinkPort(int number) const;
 
   private:
@@ -28,7 +28,7 @@ class TemporaryFolders {
     QByteArray formerConfig_;
 };
 
-/// The whole content of the file at `path`, empty where there is none.
+/// The whole content of the file at `path`, empty if there is none.
 QByteArray ContentOf(const QString& path);
 
 }  // namespace orbkl4::test

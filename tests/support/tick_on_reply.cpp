@@ -9,7 +9,7 @@ namespace orbkl4::test {
 TickOnReply::TickOnReply(Timer& timer, MSComm& port, int patience)
     : QObject(&timer), timer_(timer), port_(port), patience_(patience) {
     timer_.Interval(patience_);
-    // Connected last, so it runs behind the timer's own handler.
+    // Connected last, so it runs after the screen's handler.
     connect(&timer_, &Timer::Tick, this, [this] { timer_.Interval(patience_); });
     connect(&looks_, &QTimer::timeout, this, [this] { Look(); });
     looks_.start(1);

@@ -9,13 +9,13 @@ class Timer;
 
 namespace orbkl4::test {
 
-/// Lets a timer that waits for a reply tick as soon as that has come, and else after a patience
-/// that no sensor needs: quick runs, and none that fails because the machine is busy. It lives as
-/// long as the timer.
+/// Lets a timer that polls for replies tick as soon as a reply is in, and without one only after
+/// `patience`: runs are short, and a busy machine doesn't make them fail. Lives as long as the
+/// timer.
 class TickOnReply : public QObject {
   public:
-    /// Hastens `timer`, whose handler takes its replies from `port`; `patience` in milliseconds.
-    TickOnReply(Timer& timer, MSComm& port, int patience = 500);
+    /// For `timer`, whose handler takes the replies from `port`; `patience` in milliseconds.
+    TickOnReply(Timer& timer, MSComm& port, int patience = 1500);
 
   private:
     void Look();
@@ -23,7 +23,7 @@ class TickOnReply : public QObject {
     Timer& timer_;
     MSComm& port_;
     int patience_;
-    int waiting_ = 0;  ///< bytes seen at the last look
+    int waiting_ = 0;  ///< bytes waiting at the last look
     QTimer looks_;
 };
 

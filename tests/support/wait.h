@@ -8,11 +8,12 @@
 
 namespace orbkl4::test {
 
-/// Lets events run until `condition` holds; false where it doesn't within `milliseconds`.
+/// Runs events until `condition` holds; false if it doesn't within `milliseconds`, which only a
+/// fault exceeds, however busy the machine is.
 template <typename Condition>
-bool WaitFor(Condition condition, int milliseconds = 5000) {
+bool WaitFor(Condition condition, int milliseconds = 20000) {
     const QDeadlineTimer deadline(milliseconds);
-    QTimer wake;  // looks at the condition at least so often
+    QTimer wake;  // checks the condition at least so often
     wake.start(1);
     while (!condition()) {
         if (deadline.hasExpired()) return false;
@@ -22,7 +23,7 @@ bool WaitFor(Condition condition, int milliseconds = 5000) {
     return true;
 }
 
-/// Lets events run for `milliseconds`: only to show that something does NOT happen meanwhile.
+/// Runs events for `milliseconds`: only to show that something does NOT happen meanwhile.
 inline void LetPass(int milliseconds) {
     WaitFor([] { return false; }, milliseconds);
 }

@@ -89,10 +89,10 @@ inline constexpr auto instVectors = Joined(instMag, instAcc, instAngRate);
 inline constexpr auto stabMatrix = As(Matrix, fields::stabMatrix);
 inline constexpr auto instMatrix = As(Matrix, fields::instMatrix);
 inline constexpr auto euler = Joined(rollPitch, As(Angle, fields::yaw));
-/// The angles of this packet run from -180 to 180 but the yaw, which runs from 0 to 360.
+/// Roll and pitch of this packet run from -180 to 180, its yaw from 0 to 360.
 inline constexpr auto eulerAccelRate =
     Joined(rollPitch, As(UnsignedAngle, fields::yaw), instAcc, compAngRate);
-/// The vectors beside the stabilized quaternion are the instantaneous ones but the rates.
+/// Next to the stabilized quaternion come instantaneous vectors, but compensated rates.
 inline constexpr auto quatCompVectors = Joined(stabQuat, instMag, instAcc, compAngRate);
 inline constexpr auto quatInstVectors = Joined(instQuat, instMag, instAcc, instAngRate);
 

@@ -34,7 +34,7 @@ QLabel* MakeFieldLabel(QWidget* frame, const char* text) {
     return label;
 }
 
-/// Fills a panel's grid: a field behind its label in each row, but for the elements of a matrix.
+/// Fills a panel's grid: one labelled field per row, except for the elements of a matrix.
 class PanelFiller {
   public:
     PanelFiller(QWidget* frame, const TextPanel& panel)
@@ -60,7 +60,7 @@ class PanelFiller {
         return field;
     }
 
-    /// Few rows don't spread over all of the panel.
+    /// Keeps few rows from spreading over the whole height of the panel.
     void Finish() {
         constexpr int rowsBelow = 4;
         grid_->setRowStretch(row_, rowsBelow);
@@ -100,7 +100,7 @@ QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob
     TextField* text = MakeField(frame, row.text, 1);
     text->Characters(7);
     text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    KeepLarger(*text, readout);
+    KeepFontScaled(*text, readout);
     QObject::connect(dial, &CWKnob::ValueChanged, text,
                      [text](double value) { text->Text(ScreenText(value)); });
     auto* column = new QVBoxLayout(frame);
@@ -118,7 +118,7 @@ QWidget* BuildPanel(QWidget* screen, const TextPanel& panel,
     PanelFiller filler(frame, panel);
     for (const TextRow& row : panel.rows) fields.push_back({row.field, filler.Add(row)});
     filler.Finish();
-    if (panel.led[0] != '\0') PutBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
+    if (panel.led[0] != '\0') KeepBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
     return frame;
 }
 

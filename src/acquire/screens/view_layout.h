@@ -25,8 +25,8 @@ QWidget* BuildPanel(QWidget* screen, const TextPanel& panel, std::vector<Shown<T
 QWidget* BuildSlides(QWidget* screen, std::span<const SlideRow> rows,
                      std::vector<Shown<CWSlide>>& slides);
 
-/// The frames of the dials side by side, each dial's text field following it; `dials` gets them in
-/// the order of `rows`.
+/// The frames of the dials side by side, each with a text field that shows the dial's value;
+/// `dials` gets them in the order of `rows`.
 QWidget* BuildDials(QWidget* screen, std::span<const DialRow> rows,
                     std::vector<Shown<CWKnob>>& dials);
 

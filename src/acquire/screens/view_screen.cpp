@@ -24,7 +24,7 @@ ViewScreen::ViewScreen(const View& view) : Screen(view.name, view.title), view_(
     channels_.reserve(rows.size());  // handlers refer to the elements
     for (const SamplingChannel& row : rows) AddChannel(row, channels_.size());
     ConnectMenu();
-    // Views of few fields don't outgrow the others.
+    // Keeps the type of views with few fields as large as that of the others.
     constexpr QSize least(840, 460);
     DesignSize(sizeHint().expandedTo(least));
 }
@@ -37,7 +37,7 @@ void ViewScreen::BuildLayout() {
         panels->addWidget(BuildPanel(this, panel, panels_.emplace_back()), 1);
     }
     const bool alone = view_.panels.size() == 1 && view_.slides.empty();
-    if (alone) {  // no wider than one of two
+    if (alone) {  // as wide as one of two panels
         panels->insertStretch(0, 1);
         panels->setStretch(1, 2);
         panels->addStretch(1);

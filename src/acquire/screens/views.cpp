@@ -8,7 +8,7 @@ namespace {
 
 using enum TextPanel::Layout;
 
-constexpr bool group = true;  // stands off from the row above
+constexpr bool group = true;  // has extra space above
 
 // Sensor bits
 
@@ -243,8 +243,8 @@ constexpr auto compQuatVecRows = std::to_array<TextRow>({
     {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 });
 
-// The sensor sends its stabilized quaternion with this packet too, so the labels say so, though it
-// goes to the fields of the instantaneous one.
+// The sensor sends its stabilized quaternion in this packet too, and the labels say so, but the
+// packet fills the fields of the instantaneous one.
 constexpr auto instQuatVecRows = std::to_array<TextRow>({
     {"txtHeaderI", "Header", &Sample::HeaderInstant},
     {"txtQuat0", "Stabilized Quaternion 0", &Sample::InstQuat0, group},

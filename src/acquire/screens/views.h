@@ -15,7 +15,7 @@ struct TextRow {
     const char* name;
     const char* label;
     SampleField field;
-    bool startsGroup = false;  ///< stands off from the row above
+    bool startsGroup = false;  ///< has extra space above
 };
 
 /// A frame of text fields, in the order in which they are filled.
@@ -37,7 +37,7 @@ struct SlideRow {
     SampleField field;
 };
 
-/// A dial in a frame of its own, with a text field that follows it.
+/// A dial in a frame of its own, with a text field that shows its value.
 struct DialRow {
     const char* frame;
     const char* caption;

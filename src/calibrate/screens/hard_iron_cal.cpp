@@ -3,6 +3,8 @@
 #include "acquire/watchdog.h"
 #include "base/number_text.h"
 #include "errors/trap.h"
+#include "link/communication.h"
+#include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/requests.h"
 #include "platform/controls/combo_box.h"
@@ -23,20 +25,12 @@ namespace {
 
 using enum DeviceCommand;
 
-constexpr const char* badReply = "Return bytes and/or header failed!";
-constexpr std::uint32_t unusedColor = 0xE0E0E0;
-
 template <std::size_t count>
 void Show(const HardIronReply<count>& reply, std::span<TextField* const, count + 3> fields) {
     fields.front()->Text(ScreenText(reply.header));
     for (std::size_t i = 0; i < count; ++i) fields[i + 1]->Text(ScreenText(reply.gauss[i]));
     fields[count + 1]->Text(ScreenText(reply.ticks));
     fields.back()->Text(ScreenText(reply.checksum));
-}
-
-void Send(MSComm& port, const Bytes& request) {
-    AppState.CommandBytes = request;
-    port.Output(AppState.CommandBytes);
 }
 
 }  // namespace
@@ -80,7 +74,7 @@ void HardIronCal::Form_Activate() {
         ShowMessage("ORB-KL4 firmware version " + AppState.FirmwareText +
                     " has been detected! Hard Iron Calibration requires firmware version 3.1.01 or "
                     "higher. Please contact Kestrelmoor to upggrade.");
-        // The erasure stays open to a sensor of any age.
+        // Erasing works with any firmware.
         for (const char* entry : {"mnuInit", "mnuCollect", "mnuCompute"})
             Menu(entry).Enabled(false);
     });
@@ -122,7 +116,7 @@ void HardIronCal::cmbType_Click() {
     Trap("cmbType_Click", [this] {
         const bool flat = cmbType_->Text() == ToQString(twoDimensional);
         numEditMagZ_->setEnabled(flat);
-        numEditMagZ_->BackColorText(flat ? windowBackground : unusedColor);
+        numEditMagZ_->BackColorText(flat ? windowBackground : unusedBackground);
     });
 }
 
@@ -150,16 +144,16 @@ void HardIronCal::mnuInit_Click() {
 void HardIronCal::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange initializing = Initializing();
-        TakeReply(initializing);
+        CollectReply(initializing);
         ReportInit();
         EndExchange(initializing);
     });
 }
 
-/// An erasure and an initialization are the same to the sensor; only the words differ.
+/// Erasing and initializing are the same command; only the messages differ.
 void HardIronCal::ReportInit() {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronInit)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const std::string what = eraseRequested_ ? "Erase" : "Initialization";
@@ -183,7 +177,7 @@ void HardIronCal::mnuCollect_Click() {
         led_->Value(false);
         timer_.Enabled(true);
         StartExchange(collecting);
-        Send(collectPort_, Request(CmdHardIronCollect));
+        Send(collectPort_, CmdHardIronCollect);
     });
 }
 
@@ -192,7 +186,7 @@ void HardIronCal::MSComm2_OnComm() {
         NoteReply(*lblWarning_);
         collectPort_.Input(AppState.CommandBytes);
         TakeCollectReply();
-        Send(collectPort_, Request(CmdHardIronCollect));
+        Send(collectPort_, CmdHardIronCollect);
     });
 }
 
@@ -230,7 +224,7 @@ void HardIronCal::mnuCompute_Click() {
 void HardIronCal::MSComm3_OnComm() {
     Trap("MSComm3_OnComm", [this] {
         const Exchange computing = Computing();
-        TakeReply(computing);
+        CollectReply(computing);
         ReportCompute();
         EndExchange(computing);
     });
@@ -238,7 +232,7 @@ void HardIronCal::MSComm3_OnComm() {
 
 void HardIronCal::ReportCompute() const {
     if (!HasFrames(AppState.CommandBytes, CmdHardIronCompute)) {
-        ShowMessage(badReply);
+        ShowMessage(malformedReplyText);
         return;
     }
     const auto computed = DecodeHardIronComputeReply(AppState.CommandBytes, AppState.MagGainScale);

@@ -19,8 +19,7 @@ class CWButton;
 class CWNumEdit;
 class TextField;
 
-/// Drives the sensor's own calibration against hard iron: begin, collect while it is turned,
-/// compute.
+/// Runs the sensor's own hard iron calibration: initialize, collect while it is turned, compute.
 class HardIronCal : public Screen {
     Q_OBJECT
 
@@ -70,7 +69,8 @@ class HardIronCal : public Screen {
     QLabel* lblWarning_ = nullptr;
     std::array<TextField*, 12> collectFields_{};
     std::array<TextField*, 6> parameterFields_{};
-    bool eraseRequested_ = false;  ///< what is said of the next good reply to an initialization
+    bool eraseRequested_ =
+        false;  ///< the next reply to an initialization is reported as that to an erasure
 };
 
 }  // namespace orbkl4

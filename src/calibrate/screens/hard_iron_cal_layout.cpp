@@ -28,7 +28,7 @@ constexpr MenuRow menuTree[] = {
 struct FieldRow {
     const char* name;
     const char* label;
-    bool startsGroup = false;  ///< stands off from the row above
+    bool startsGroup = false;  ///< has extra space above
 };
 
 constexpr bool group = true;
@@ -59,7 +59,7 @@ constexpr FieldRow parameterRows[] = {
 
 constexpr QSize designSize(960, 470);
 
-/// Makes the fields of `rows` behind their labels in `frame`, in the order of the rows.
+/// Makes the labelled fields of `rows` in `frame`, in the order of the rows.
 void BuildFields(QGroupBox* frame, std::span<const FieldRow> rows, std::span<TextField*> fields) {
     constexpr int rowGap = 4;
     constexpr int groupGap = 6;
@@ -78,7 +78,7 @@ void BuildFields(QGroupBox* frame, std::span<const FieldRow> rows, std::span<Tex
         grid->addWidget(field, line, 1, Qt::AlignVCenter);
         grid->setRowStretch(line++, 1);
     }
-    // Half the room that is over goes below the fields, the rest between them.
+    // Half of the spare height goes below the fields, the rest between them.
     grid->setRowStretch(line, static_cast<int>(rows.size()));
 }
 
@@ -125,7 +125,7 @@ QGroupBox* HardIronCal::BuildCollect() {
     auto* frame = MakeFrame(this, "fraCollect", "Collect");
     BuildFields(frame, collectRows, collectFields_);
     led_ = Named(new CWButton(frame), "LED");
-    PutBesideCaption(*frame, *led_);
+    KeepBesideCaption(*frame, *led_);
     return frame;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "errors/trap.h"
+#include "link/communication.h"
 #include "link/logic/requests.h"
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/form.h"
@@ -29,9 +30,9 @@ constexpr MenuRow menuTree[] = {
     {"mnuReturn", "&Return", "mnuFile"},
 };
 
-constexpr bool group = true;  // stands off from the row above
+constexpr bool group = true;  // has extra space above
 
-/// The first and the last two are no plots.
+/// The first row and the last two have no plot.
 constexpr TextRow rows[] = {
     {"txtHeader", "Header", &Sample::HeaderGyro},
     {"txtRawMag1", "Mag 1 (solid)", &Sample::RawMag1, group},
@@ -94,7 +95,7 @@ QGroupBox* SelfTest::BuildShift() {
     }
     lblSelfTestByte_ = MakeLabel(frame, "lblSelfTestByte", "0");
     column->addWidget(lblSelfTestByte_, 0, Qt::AlignRight);
-    KeepLarger(*lblSelfTestByte_, readoutGrowth);
+    KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
     frame->setEnabled(false);
     return frame;
 }
@@ -145,8 +146,7 @@ void SelfTest::SendSelfTestByte() {
         for (std::size_t i = 0; i < ticked.size(); ++i) ticked.at(i) = checks_.at(i)->isChecked();
         const std::uint8_t sum = SelfTestByte(ticked);
         lblSelfTestByte_->setText(QString::number(sum));
-        AppState.CommandBytes = Request(DeviceCommand::CmdSelfTest, {sum});
-        channel_->port.Output(AppState.CommandBytes);
+        Send(channel_->port, Request(DeviceCommand::CmdSelfTest, {sum}));
     } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): it ends silently
     }
 }

@@ -38,15 +38,11 @@ std::string ErrorRecordText(const ErrorReport& report, const std::tm& time) {
 }
 
 std::string ErrorBoxText(std::string_view record) {
-    const std::array<std::string_view, 8> lines{
-        "The error shown below has occurred!",
-        "The data being generated at this time may have been corrupted.",
-        "Please correct the error or contact Kestrelmoor for customer support.",
-        "",
-        record,
-        "",
-        "RETRY will allow application to continue.",
-        "CANCEL will terminate application."};
+    const auto lines = std::to_array<std::string_view>(
+        {"The error shown below has occurred!",
+         "The data being generated at this time may have been corrupted.",
+         "Please correct the error or contact Kestrelmoor for customer support.", "", record, "",
+         "RETRY will allow application to continue.", "CANCEL will terminate application."});
     std::string text;
     for (const std::string_view line : lines) text.append(line).append(lineEnd);
     return text;

@@ -6,7 +6,7 @@
 
 namespace orbkl4 {
 
-/// One error as it is reported.
+/// An error to report.
 struct ErrorReport {
     int number = 0;
     std::string_view source;       ///< the failed procedure's name
@@ -20,7 +20,7 @@ inline constexpr std::string_view recordRule = "----------";
 /// The seven lines of a log record between its rules, joined by CR LF, with none after the last.
 std::string ErrorRecordText(const ErrorReport& report, const std::tm& time);
 
-/// What the error box says around the lines of `record`.
+/// The text of the error box about `record`.
 std::string ErrorBoxText(std::string_view record);
 
 /// `time` as "dd/mm/yyyy hh:mm:ss am", on a 12-hour clock.

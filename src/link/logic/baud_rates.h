@@ -6,20 +6,31 @@
 
 namespace orbkl4 {
 
-/// The speeds that a sensor can be set to, in baud, in the order in which it is reset.
-inline constexpr std::array<std::string_view, 3> baudRates{"19200", "38400", "115200"};
+/// A speed that a sensor can be set to.
+struct BaudRate {
+    std::string_view text;  ///< in baud
+    int code;               ///< the sensor's word for it, at `eeprom::baudRate`
+};
 
-/// The same in the order of the search: the sensor's default speed first.
-inline constexpr std::array<std::string_view, 3> baudSearchOrder{"38400", "115200", "19200"};
+/// All speeds, in the order in which a sensor is reset.
+inline constexpr auto baudRates =
+    std::to_array<BaudRate>({{"19200", 129}, {"38400", 64}, {"115200", 21}});
 
-/// The line settings at `baud`: no parity, 8 data bits, 1 stop bit.
+/// The speed that a sensor has unless it was set to another.
+inline constexpr const BaudRate& defaultBaudRate = baudRates[1];
+
+/// All speeds, in the order of the search.
+inline constexpr auto baudSearchOrder =
+    std::to_array<BaudRate>({defaultBaudRate, baudRates[2], baudRates[0]});
+
+/// The line settings at the speed `baud`: no parity, 8 data bits, 1 stop bit.
 inline std::string LineSettingsAt(std::string_view baud) { return std::string(baud) + ",n,8,1"; }
 
-/// The first of `baudRates` that occurs in `settings`, empty where none does.
-constexpr std::string_view BaudRateIn(std::string_view settings) {
-    for (const std::string_view baud : baudRates)
-        if (settings.find(baud) != std::string_view::npos) return baud;
-    return {};
+/// The first of `baudRates` whose text occurs in `settings`, null where none does.
+constexpr const BaudRate* BaudRateIn(std::string_view settings) {
+    for (const BaudRate& rate : baudRates)
+        if (settings.find(rate.text) != std::string_view::npos) return &rate;
+    return nullptr;
 }
 
 }  // namespace orbkl4

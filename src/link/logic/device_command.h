@@ -44,10 +44,10 @@ enum class DeviceCommand : std::uint8_t {
 /// ticks, they are its last word before the checksum.
 struct CommandFormat {
     DeviceCommand command;
-    std::size_t replyLength;                ///< of the whole frame; 0 where none is looked at
-    std::span<const std::uint8_t> fixed;    ///< demanded by the sensor behind the command byte
-    std::size_t parameters;                 ///< how many bytes the sender chooses
-    std::span<const std::uint8_t> closing;  ///< demanded by the sensor at the end
+    std::size_t replyLength;                ///< of the whole frame; 0 where no reply is checked
+    std::span<const std::uint8_t> fixed;    ///< constants that follow the command byte
+    std::size_t parameters;                 ///< number of bytes that the sender chooses
+    std::span<const std::uint8_t> closing;  ///< constants that end the request
     std::string_view contents;              ///< parameters -> words before the checksum
 };
 
@@ -67,8 +67,8 @@ inline constexpr Fixed<3> confirmTare{0xC1, 0xC3, 0xC5};
 
 }  // namespace detail
 
-/// Every command there is; the words of the data commands stand in acquire/logic/packets.h.
-inline constexpr std::array commandFormats = [] {
+/// All commands; acquire/logic/packets.h says what the words of the data commands mean.
+inline constexpr auto commandFormats = [] {
     using namespace detail;
     return std::to_array<CommandFormat>({
         {CmdRawSensorBits, 23, none, 0, none, "-> 9 words, ticks"},
@@ -76,7 +76,7 @@ inline constexpr std::array commandFormats = [] {
         {CmdInstantVectors, 23, none, 0, none, "-> 9 words, ticks"},
         {CmdInstantQuaternion, 13, none, 0, none, "-> 4 words, ticks"},
         {CmdGyroStabQuaternion, 13, none, 0, none, "-> 4 words, ticks"},
-        {CmdCaptureGyroBias, 0, none, 0, none, "-> whatever comes is dropped"},
+        {CmdCaptureGyroBias, 0, none, 0, none, "-> discarded"},
         {CmdTemperature, 7, none, 0, none, "-> temperature, ticks"},
         {CmdInstantMatrix, 23, none, 0, none, "-> 9 words, ticks"},
         {CmdGyroStabMatrix, 23, none, 0, none, "-> 9 words, ticks"},
@@ -108,10 +108,10 @@ constexpr const CommandFormat& FormatOf(DeviceCommand command) {
     return commandFormats.at(row);
 }
 
-/// The byte that stands for `command` on the line.
+/// The byte of `command` on the line.
 constexpr std::uint8_t ByteOf(DeviceCommand command) { return static_cast<std::uint8_t>(command); }
 
-/// The bytes of a whole reply to `command`; 0 where none is looked at.
+/// The length of a reply to `command` in bytes; 0 where no reply is checked.
 constexpr std::size_t ReplyLength(DeviceCommand command) { return FormatOf(command).replyLength; }
 
 }  // namespace orbkl4

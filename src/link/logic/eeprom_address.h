@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// Addresses of those EEPROM words that the program itself knows a use for.
+/// Addresses of the EEPROM words that the program itself uses.
 namespace orbkl4::eeprom {
 
 using Address = std::int16_t;  ///< even, 0 to 254
@@ -13,7 +13,8 @@ inline constexpr Address baudRate = 44;
 inline constexpr Address biasCompensationType = 120;
 inline constexpr Address magneticErrorGain = 126;
 inline constexpr Address gyroGainScale = 130;
-inline constexpr Address continuousMode = 132;  ///< the command repeated by itself; 0 is polled
+inline constexpr Address continuousMode =
+    132;  ///< the command that the sensor repeats; 0 is polled
 inline constexpr Address serialNumber = 134;
 inline constexpr Address firmwareVersion = 198;
 inline constexpr Address analogCommand = 202;

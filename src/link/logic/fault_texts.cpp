@@ -1,7 +1,6 @@
 #include "link/logic/fault_texts.h"
 
 #include <array>
-#include <string_view>
 
 namespace orbkl4 {
 
@@ -12,15 +11,14 @@ struct FaultWording {
     std::string_view header, length, checksum;
 };
 
-constexpr std::array wordings = {
-    FaultWording{DeviceCommand::CmdReadEeprom, "Read EEPROM Error: header is not 0x28!",
-                 "Read EEPROM Error: packet length is <> 7 bytes!",
-                 "Read EEPROM Error: checksum failed!"},
-    FaultWording{DeviceCommand::CmdReadSystemGains, "Header is not 0x25!",
-                 "Packet length is <> 11 bytes!", "Checksum failed!"},
-    FaultWording{DeviceCommand::CmdWriteSystemGains, "Header is not 0x24!",
-                 "Packet length is <> 5 bytes!", "Checksum failed!"},
-};
+constexpr auto wordings = std::to_array<FaultWording>({
+    {DeviceCommand::CmdReadEeprom, "Read EEPROM Error: header is not 0x28!",
+     "Read EEPROM Error: packet length is <> 7 bytes!", "Read EEPROM Error: checksum failed!"},
+    {DeviceCommand::CmdReadSystemGains, "Header is not 0x25!", "Packet length is <> 11 bytes!",
+     "Checksum failed!"},
+    {DeviceCommand::CmdWriteSystemGains, "Header is not 0x24!", "Packet length is <> 5 bytes!",
+     "Checksum failed!"},
+});
 
 std::string_view Wording(const FaultWording& wording, ReplyFault fault) {
     switch (fault) {

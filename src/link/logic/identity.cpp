@@ -11,7 +11,7 @@ namespace {
 
 constexpr double unsetScale = 65535;
 
-// Offsets of the five replies in the one read: two of 5 bytes, three of 7.
+// Offsets of the five replies, two of 5 bytes and three of 7, which are read together.
 constexpr std::size_t firmwareReply = 0;
 constexpr std::size_t serialReply = 5;
 constexpr std::size_t gyroScaleReply = 10;
@@ -39,12 +39,12 @@ std::optional<DeviceIdentity> ParseIdentity(const Bytes& replies) {
         replies[serialReply] != ByteOf(DeviceCommand::CmdSerialNumber))
         return std::nullopt;
     const double firmware = WordAt(replies, firmwareReply + 1);
-    return DeviceIdentity{.firmwareText = FirmwareText(firmware),
-                          .firmwareNumber = firmware,
-                          .serialNumber = WordAt(replies, serialReply + 1),
-                          .gyroGainScale = WordAt(replies, gyroScaleReply + 1),
-                          .accGainScale = WordAt(replies, accScaleReply + 1),
-                          .magGainScale = WordAt(replies, magScaleReply + 1)};
+    return DeviceIdentity{{.FirmwareText = FirmwareText(firmware),
+                           .FirmwareNumber = firmware,
+                           .SerialNumber = WordAt(replies, serialReply + 1)},
+                          {.GyroGainScale = WordAt(replies, gyroScaleReply + 1),
+                           .AccGainScale = WordAt(replies, accScaleReply + 1),
+                           .MagGainScale = WordAt(replies, magScaleReply + 1)}};
 }
 
 std::string FirmwareText(double number) {
@@ -55,17 +55,24 @@ std::string FirmwareText(double number) {
            (rest.size() > 1 ? rest.substr(1) : "");
 }
 
-std::vector<std::string_view> GainScaleWarnings(const DeviceIdentity& identity) {
+std::vector<std::string_view> GainScaleWarnings(const GainScales& scales) {
+    struct Warning {
+        double scale;
+        std::string_view text;
+    };
     std::vector<std::string_view> warnings;
-    if (identity.gyroGainScale == unsetScale)
-        warnings.emplace_back(
-            "Gyro Gain Scale has not been initialized! Program performance may be affected.");
-    if (identity.accGainScale == unsetScale)
-        warnings.emplace_back(
-            "Acc Gain Scale has not been initialized! Program performance may be affected.");
-    if (identity.magGainScale == unsetScale)
-        warnings.emplace_back(
-            "Mag Gain Scale has not been initialized! Program performance may be affected.");
+    for (const Warning& warning : {
+             Warning{scales.GyroGainScale,
+                     "Gyro Gain Scale has not been initialized! Program performance may be "
+                     "affected."},
+             Warning{scales.AccGainScale,
+                     "Acc Gain Scale has not been initialized! Program performance may be "
+                     "affected."},
+             Warning{scales.MagGainScale,
+                     "Mag Gain Scale has not been initialized! Program performance may be "
+                     "affected."},
+         })
+        if (warning.scale == unsetScale) warnings.push_back(warning.text);
     return warnings;
 }
 

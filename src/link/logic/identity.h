@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/bytes.h"
+#include "state/app_state.h"
 
 #include <array>
 #include <optional>
@@ -11,30 +12,23 @@
 namespace orbkl4 {
 
 /// What the sensor says of itself when a connection is made.
-struct DeviceIdentity {
-    std::string firmwareText;   ///< with its points, such as "3.1.01"
-    double firmwareNumber = 0;  ///< as sent, such as 3101
-    double serialNumber = 0;
-    double gyroGainScale = 0;  ///< this and the next two: a word, 65535 is unset
-    double accGainScale = 0;
-    double magGainScale = 0;
-};
+struct DeviceIdentity : SensorIdentity, GainScales {};
 
-/// Whether `reply` is a firmware version reply by the search's own rule: 5 bytes, its header, a sum
-/// that isn't wrapped. An empty reply is none.
+/// Whether `reply` counts as a firmware version reply in the search: 5 bytes, the header, and a
+/// checksum that is the sum without the modulo. False for an empty one.
 bool IsFirmwareReply(const Bytes& reply);
 
-/// The five requests whose replies, back to back in one read, make up the identity; in order.
+/// The five requests for the identity, in order; their replies are read together.
 std::array<Bytes, 5> IdentityRequests();
 
-/// The identity told by the five replies, nothing unless they are 31 bytes with the firmware's
-/// header or the serial number's in its place; no checksum is tested.
+/// The identity in the five replies. Nothing where they aren't 31 bytes, or where neither the
+/// firmware's header nor the serial number's is in its place; no checksum is tested.
 std::optional<DeviceIdentity> ParseIdentity(const Bytes& replies);
 
-/// A firmware number with its points: "3.1.01" for 3101, "12.3.45" for 12345.
+/// A firmware number with points: "3.1.01" for 3101, "12.3.45" for 12345.
 std::string FirmwareText(double number);
 
 /// The warning for each gain scale that is unset, in the order gyro, accelerometer, magnetometer.
-std::vector<std::string_view> GainScaleWarnings(const DeviceIdentity& identity);
+std::vector<std::string_view> GainScaleWarnings(const GainScales& scales);
 
 }  // namespace orbkl4

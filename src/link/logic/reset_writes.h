@@ -6,17 +6,19 @@
 
 namespace orbkl4 {
 
-/// One word of the sensor's EEPROM and what it is to hold.
+/// A word to write to the sensor's EEPROM.
 struct EepromWrite {
     eeprom::Address address;
     double word;
 };
 
-/// Polled mode and the default calculation cycle of 6.5536 ms, in the order of writing.
-inline constexpr std::array resetWrites = {
-    EepromWrite{eeprom::continuousMode, 0},     EepromWrite{eeprom::timer2Prescaler, 16},
-    EepromWrite{eeprom::timer2Postscaler, 16},  EepromWrite{eeprom::timer2Compare, 256},
-    EepromWrite{eeprom::timerTicksInterval, 1},
-};
+/// The default settings, in the order of writing: polled mode and a calculation cycle of 6.5536 ms.
+inline constexpr auto resetWrites = std::to_array<EepromWrite>({
+    {eeprom::continuousMode, 0},
+    {eeprom::timer2Prescaler, 16},
+    {eeprom::timer2Postscaler, 16},
+    {eeprom::timer2Compare, 256},
+    {eeprom::timerTicksInterval, 1},
+});
 
 }  // namespace orbkl4

@@ -16,7 +16,7 @@ std::uint8_t ToByte(std::int32_t x) {
 
 std::uint8_t ValueToMSB(double x) {
     const std::int32_t whole = ToInt32(x);
-    // -255 to -1 would come out as byte 0: a negative number has no bytes at all.
+    // The division would turn -255 to -1 into byte 0, but no negative number is a word.
     return ToByte(whole < 0 ? whole : whole / 256);
 }
 

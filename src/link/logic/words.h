@@ -4,10 +4,10 @@
 
 namespace orbkl4 {
 
-/// A word as a signed number: 65536 is taken off an `x` above 32767; the range isn't checked.
+/// A word as a signed number: `x` less 65536 above 32767; the range isn't checked.
 constexpr double ToSigned16(double x) { return x > 32767 ? x - 65536 : x; }
 
-/// A signed number as a word: 65536 is added to an `x` below 0; the range isn't checked.
+/// A signed number as a word: `x` plus 65536 below 0; the range isn't checked.
 constexpr double ToUnsigned16(double x) { return x < 0 ? x + 65536 : x; }
 
 /// The high byte of `x`, rounded half to even first; error 6 (overflow) outside 0 to 65535.

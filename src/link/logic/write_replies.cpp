@@ -1,5 +1,6 @@
 #include "link/logic/write_replies.h"
 
+#include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
 
 namespace orbkl4 {
@@ -13,6 +14,16 @@ WriteVerdict CheckWriteReplies(const Bytes& replies, std::span<const bool> mustP
             return WriteVerdict::BadChecksum;
     }
     return WriteVerdict::Good;
+}
+
+std::string_view WriteVerdictText(WriteVerdict verdict, std::string_view succeeded,
+                                  std::string_view badChecksum) {
+    switch (verdict) {
+        case WriteVerdict::Good: return succeeded;
+        case WriteVerdict::BadChecksum: return badChecksum;
+        case WriteVerdict::Malformed: break;
+    }
+    return malformedReplyText;
 }
 
 }  // namespace orbkl4

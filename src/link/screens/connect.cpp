@@ -38,7 +38,7 @@ constexpr const char* autoFailureText =
 
 constexpr const char* successText = "ORB-KL4 connection successful!";
 
-/// "<what> on comm port <port> at <baud> baud rate!", by `AppState`'s port.
+/// "<what> on comm port <port> at <baud> baud rate!", with the port number of `AppState`.
 std::string AtPortText(const char* what, std::string_view baud) {
     return std::string(what) + " on comm port " + std::to_string(AppState.CommPort) + " at " +
            std::string(baud) + " baud rate!";
@@ -50,20 +50,13 @@ std::string ManualFailureText(std::string_view baud) {
            "power. Click Retry to attempt re-connect or Cancel to stop.";
 }
 
-/// Shows the hourglass and keeps the screen from being closed by hand; both end with it, so that an
-/// error is reported under the normal pointer.
-class Busy {
+/// Keeps the user from closing the screen while it exists.
+class KeepOpen {
   public:
-    explicit Busy(Screen& screen) : screen_(screen) {
-        MousePointer(Pointer::Hourglass);
-        screen_.CloseAllowed(false);
-    }
-    ~Busy() {
-        MousePointer(Pointer::Default);
-        screen_.CloseAllowed(true);
-    }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    explicit KeepOpen(Screen& screen) : screen_(screen) { screen_.CloseAllowed(false); }
+    ~KeepOpen() { screen_.CloseAllowed(true); }
+    KeepOpen(const KeepOpen&) = delete;
+    KeepOpen& operator=(const KeepOpen&) = delete;
 
   private:
     Screen& screen_;
@@ -79,15 +72,14 @@ void EnableMainMenus() {
 
 void Connect::Form_Load() {
     NumEditCommPort_->Value(AppState.CommPort);
-    const auto* stored = std::ranges::find(baudRates, BaudRateIn(AppState.CommSettings));
-    if (stored != baudRates.end()) {
-        baudOptions_.at(static_cast<std::size_t>(stored - baudRates.begin()))->Value(true);
-    }
+    const BaudRate* const stored = BaudRateIn(AppState.CommSettings);
+    for (std::size_t i = 0; i < baudRates.size(); ++i)
+        if (&baudRates.at(i) == stored) baudOptions_.at(i)->Value(true);
     lblReset_->setText(QString::fromUtf8(resetText));
     ShowDevice();
 }
 
-/// The tabs come first, so that the focus finds no other control to settle on.
+/// The tabs are disabled first, so that the focus doesn't move to another control in them.
 void Connect::Enable(bool enabled, std::initializer_list<QWidget*> controls) {
     SSTab1_->setEnabled(enabled);
     for (QWidget* control : controls) control->setEnabled(enabled);
@@ -102,8 +94,8 @@ void Connect::EnableManual(bool enabled) {
 void Connect::EnableReset(bool enabled) { Enable(enabled, {cmdReset_, cmdQuitReset_}); }
 
 void Connect::cmdConnectAuto_Click() {
-    Trap("cmdConnectAuto_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdConnectAuto_Click", [this] {
+        const KeepOpen keepOpen(*this);
         EnableAuto(false);
         const bool found = SearchAllPorts();
         MousePointer(Pointer::Default);
@@ -122,7 +114,7 @@ void Connect::cmdConnectAuto_Click() {
     });
 }
 
-/// A fresh run inside the one that failed, which does nothing more when that has ended.
+/// Runs the search anew inside the run that failed, which does nothing more afterwards.
 void Connect::RetryAuto() {
     EnableAuto(true);
     cmdConnectAuto_Click();
@@ -132,8 +124,8 @@ bool Connect::SearchAllPorts() {
     for (std::int16_t number = 1; number <= lastPortNumber; ++number) {
         PBar_->setValue(number);
         if (!search_.PortExists(number)) continue;
-        for (const std::string_view baud : baudSearchOrder) {
-            if (search_.TestPortAtBaud(number, baud)) return true;
+        for (const BaudRate& rate : baudSearchOrder) {
+            if (search_.TestPortAtBaud(number, rate.text)) return true;
         }
     }
     return false;
@@ -145,8 +137,8 @@ void Connect::UseFoundPort() {
 }
 
 void Connect::cmdConnectManual_Click() {
-    Trap("cmdConnectManual_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdConnectManual_Click", [this] {
+        const KeepOpen keepOpen(*this);
         const std::string baud = SelectedBaud();
         AppState.CommPort = ToInt16(NumEditCommPort_->Value());
         AppState.CommSettings = LineSettingsAt(baud);
@@ -157,7 +149,7 @@ void Connect::cmdConnectManual_Click() {
         if (!found) return AskManualRetry(baud);
         UseFoundPort();
         if (!search_.ResetDeviceSettings(search_.FoundPort(), search_.FoundBaud())) {
-            // This one answer is taken as the "Auto" tab takes it.
+            // Only here is the answer treated as on the "Auto" tab.
             if (AskRetryCancel(ManualFailureText(baud)) == Answer::Cancel) return Unload();
             return RetryAuto();
         }
@@ -165,7 +157,7 @@ void Connect::cmdConnectManual_Click() {
         ShowParameters("1");
         ShowMessage(successText);
         StoreCommPort(std::to_string(AppState.CommPort));
-        StoreCommSettings("");  // the next connection sets them anew
+        StoreCommSettings("");  // empty until the next connection sets them
         EnableMainMenus();
         Unload();
     });
@@ -179,14 +171,14 @@ void Connect::AskManualRetry(std::string_view baud) {
 
 std::string Connect::SelectedBaud() const {
     for (std::size_t i = 0; i < baudRates.size(); ++i) {
-        if (baudOptions_.at(i)->Value()) return std::string(baudRates.at(i));
+        if (baudOptions_.at(i)->Value()) return std::string(baudRates.at(i).text);
     }
     return {};
 }
 
 void Connect::cmdReset_Click() {
-    Trap("cmdReset_Click", [this] {
-        const Busy busy(*this);
+    TrapUnderHourglass("cmdReset_Click", [this] {
+        const KeepOpen keepOpen(*this);
         EnableReset(false);
         const bool completed = ResetAllPorts();
         MousePointer(Pointer::Default);
@@ -207,11 +199,11 @@ bool Connect::ResetAllPorts() {
     return true;
 }
 
-/// False where the user has had enough.
+/// False where the user cancels.
 bool Connect::ResetPort(std::int16_t number) {
-    return std::ranges::all_of(baudRates, [&](std::string_view baud) {
-        return search_.ResetDeviceSettings(number, baud) ||
-               AskRetryCancel(AtPortText("ORB-KL4 reset failed", baud) +
+    return std::ranges::all_of(baudRates, [&](const BaudRate& rate) {
+        return search_.ResetDeviceSettings(number, rate.text) ||
+               AskRetryCancel(AtPortText("ORB-KL4 reset failed", rate.text) +
                               " Click Retry to continue reset attempts or Cancel to stop.") ==
                    Answer::Retry;
     });

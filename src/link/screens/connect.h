@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/device_search.h"
+#include "link/logic/baud_rates.h"
 #include "platform/events/mscomm.h"
 #include "platform/windows/screen.h"
 
@@ -20,8 +21,8 @@ namespace orbkl4 {
 class CWNumEdit;
 class OptionButton;
 
-/// Finds the sensor on a serial port, sets it to its default cycle, reads its identity and then
-/// lets the main window's menus be used; or resets a sensor that can't be found.
+/// Finds the sensor on a serial port, sets it to its default cycle, reads its identity and enables
+/// the main window's menus; or resets a sensor that can't be found.
 class Connect : public Screen {
     Q_OBJECT
 
@@ -71,7 +72,7 @@ class Connect : public Screen {
     CWNumEdit* NumEditCommPort_ = nullptr;
     QLabel* lblDevice_ = nullptr;  ///< what the chosen port number names
     QGroupBox* fraBaud_ = nullptr;
-    std::array<OptionButton*, 3> baudOptions_{};  ///< in the order of `baudRates`
+    std::array<OptionButton*, baudRates.size()> baudOptions_{};  ///< in the order of `baudRates`
     QPushButton* cmdReset_ = nullptr;
     QPushButton* cmdQuitReset_ = nullptr;
     QLabel* lblReset_ = nullptr;

@@ -1,5 +1,4 @@
 #include "base/number_text.h"
-#include "link/logic/baud_rates.h"
 #include "link/screens/connect.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
@@ -15,19 +14,20 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace orbkl4 {
 
 namespace {
 
-/// One thing told of a sensor that has been found; the fields of the "Manual" tab bear the name
-/// with a "1" behind it.
+/// A text field about the sensor that was found; on the "Manual" tab its name ends in "1".
 struct ParameterRow {
     const char* name;
     const char* caption;
     std::string (*text)(const DeviceSearch& search);
 };
 
-constexpr ParameterRow parameterRows[] = {
+constexpr auto parameterRows = std::to_array<ParameterRow>({
     {"txtPort", "Serial Port",
      [](const DeviceSearch& search) { return std::to_string(search.FoundPort()); }},
     {"txtBaudRate", "Baud Rate", [](const DeviceSearch& search) { return search.FoundBaud(); }},
@@ -40,20 +40,9 @@ constexpr ParameterRow parameterRows[] = {
      [](const DeviceSearch&) { return ScreenText(AppState.AccGainScale); }},
     {"txtMGS", "Mag Gain Scale",
      [](const DeviceSearch&) { return ScreenText(AppState.MagGainScale); }},
-};
+});
 
-struct BaudRow {
-    const char* name;
-    const char* caption;
-};
-
-/// In the order of `baudRates`; shown the fastest first.
-constexpr BaudRow baudRows[] = {
-    {"optBaud19200", "19200"}, {"optBaud38400", "38400 (Default)"}, {"optBaud115200", "115200"}};
-static_assert(std::size(baudRows) == baudRates.size());
-constexpr std::size_t defaultBaudRow = 1;
-
-/// The rows in two columns, which stand alike on both tabs.
+/// The rows in two columns, the same on both tabs.
 QGroupBox* MakeParameters(QWidget* tab, const char* name, const std::string& suffix) {
     constexpr int firstColumnRows = 4;
     constexpr int columnGap = 24;
@@ -84,7 +73,7 @@ QGroupBox* MakeProgress(QWidget* tab, const char* name, QProgressBar* bar) {
     return frame;
 }
 
-/// A button row that ends at the right.
+/// A row of buttons, aligned at the right.
 QHBoxLayout* MakeButtonRow(std::initializer_list<QPushButton*> buttons) {
     auto* row = new QHBoxLayout;
     row->addStretch(1);
@@ -111,7 +100,7 @@ Connect::Connect()
 
 void Connect::ShowStep(const std::string& step) {
     fraProgress_->setTitle(QString::fromStdString(step));
-    fraProgress_->repaint();  // the waits that follow let no event run
+    fraProgress_->repaint();  // no event runs during the waits that follow
 }
 
 QWidget* Connect::MakeAutoTab() {
@@ -153,7 +142,7 @@ QGroupBox* Connect::MakePortFrame(QWidget* tab) {
     lblDevice_ = MakeLabel(fraPort_, "lblDevice", "");
     lblDevice_->setWordWrap(true);
     lblDevice_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    // Room for the longest text, so that nothing moves as the numbers are stepped through.
+    // Room for the longest text, so that no control moves when the number changes.
     constexpr int lines = 4;
     constexpr int characters = 30;
     const QFontMetrics metrics = lblDevice_->fontMetrics();
@@ -172,12 +161,15 @@ QGroupBox* Connect::MakeBaudFrame(QWidget* tab) {
     fraBaud_ = MakeFrame(tab, "fraBaud", "Select Baud Rate");
     auto* column = new QVBoxLayout(fraBaud_);
     for (std::size_t i = 0; i < baudRates.size(); ++i) {
-        const BaudRow& row = baudRows[i];
-        baudOptions_.at(i) =
-            Named(new OptionButton(QString::fromUtf8(row.caption), fraBaud_), row.name);
-        column->insertWidget(0, baudOptions_.at(i));
+        const BaudRate& rate = baudRates.at(i);
+        const bool isDefault = &rate == &defaultBaudRate;
+        const QString baud = ToQString(rate.text);
+        auto* option = new OptionButton(isDefault ? baud + " (Default)" : baud, fraBaud_);
+        option->setObjectName("optBaud" + baud);
+        option->Value(isDefault);
+        column->insertWidget(0, option);  // the fastest on top
+        baudOptions_.at(i) = option;
     }
-    baudOptions_.at(defaultBaudRow)->Value(true);
     return fraBaud_;
 }
 
@@ -199,7 +191,7 @@ QWidget* Connect::MakeResetTab() {
     return tab;
 }
 
-/// Enter does what the tab is for, but nothing is reset by a stray key.
+/// Enter runs the search or the connection of the tab, but never the reset.
 void Connect::TabTurned(int index) {
     const std::array<QPushButton*, 3> defaults{cmdConnectAuto_, cmdConnectManual_, cmdQuitReset_};
     DefaultButton(*defaults.at(static_cast<std::size_t>(index)));

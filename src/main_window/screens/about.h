@@ -4,7 +4,7 @@
 
 namespace orbkl4 {
 
-/// Says which program and version this is.
+/// Shows the program's name and version.
 class About : public Screen {
     Q_OBJECT
 

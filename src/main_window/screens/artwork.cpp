@@ -11,7 +11,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// The square of `box` in its middle, as large as it can be.
+/// The largest square in the middle of `box`.
 QRectF Square(const QRectF& box) {
     const double side = std::min(box.width(), box.height());
     QRectF square(0, 0, side, side);
@@ -19,7 +19,7 @@ QRectF Square(const QRectF& box) {
     return square;
 }
 
-/// Sky and ground, tilted as in a bank, in the unit circle.
+/// Sky and ground, tilted as in a turn, in the unit circle.
 void PaintBall(QPainter& painter) {
     constexpr double bankDegrees = -18;
     QPainterPath ball;
@@ -66,7 +66,7 @@ void PaintEmblem(QPainter& painter, const QRectF& box) {
     painter.setBrush(bezel);
     painter.drawEllipse(QPointF(), 0.97, 0.97);
     PaintBall(painter);
-    // The fixed wings, by which the ball is read.
+    // The fixed wings.
     painter.setBrush(Qt::NoBrush);
     painter.setPen(
         QPen(QColor(0xFF, 0xB0, 0x2E), 0.11, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -15,10 +15,10 @@ void PaintEmblem(QPainter& painter, const QRectF& box);
 /// The emblem as an icon, in the sizes that desktops ask for.
 QIcon ProgramIcon();
 
-/// A label that shows a painted picture, sharp in every size and at every scale of the screen.
+/// A label that shows a painted picture, sharp at every size and screen scale.
 class Picture : public QLabel {
   public:
-    /// Shows what `paint` paints, `naturalSize` large unless there is more or less room.
+    /// Shows what `paint` paints; `naturalSize` is the preferred size.
     Picture(ArtworkPainter paint, QSize naturalSize, QWidget* parent = nullptr);
 
     QSize sizeHint() const override { return naturalSize_; }

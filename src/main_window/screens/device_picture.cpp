@@ -13,16 +13,15 @@ namespace orbkl4 {
 
 namespace {
 
-// The housing, in its own lengths: x runs to the lower right of the picture, y to the lower left, z
-// up.
+// The size of the housing: x runs to the lower right of the picture, y to the lower left, z up.
 constexpr double sizeX = 3.0;
 constexpr double sizeY = 2.2;
 constexpr double sizeZ = 0.95;
 
-// What the whole picture takes, in the same lengths.
+// The size of the whole picture, in the same unit.
 constexpr QRectF extent{-2.35, -1.8, 5.4, 4.75};
 
-/// The place in the picture of a point of the housing.
+/// The point of the picture that shows a point of the housing.
 QPointF Place(double x, double y, double z) {
     constexpr double across = 0.8660254037844386;  // cosine of 30 degrees
     constexpr double down = 0.5;                   // and its sine

@@ -21,6 +21,8 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace orbkl4 {
 
 namespace {
@@ -29,7 +31,7 @@ constexpr bool enabled = true;
 constexpr bool disabled = false;
 constexpr bool hidden = false;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuConnect", "&Connect", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
@@ -60,12 +62,12 @@ constexpr MenuRow menuTree[] = {
     {"mnuHelp", "&Help"},
     {"mnuHelpHelp", "&Help", "mnuHelp"},
     {"mnuAbout", "&About", "mnuHelp"},
-};
+});
 
 /// The entries that the hidden gesture shows.
-constexpr const char* hiddenEntries[] = {"mnuSep1",     "mnuAnalog",      "mnuTare",
-                                         "mnuRemove",   "mnuGains",       "mnuVertical",
-                                         "mnuSelfTest", "mnuSetCalcCycle"};
+constexpr auto hiddenEntries =
+    std::to_array<const char*>({"mnuSep1", "mnuAnalog", "mnuTare", "mnuRemove", "mnuGains",
+                                "mnuVertical", "mnuSelfTest", "mnuSetCalcCycle"});
 
 using Shower = void (*)(const char* name);
 
@@ -74,10 +76,10 @@ struct OpenRow {
     const char* entry;
     const char* screen;
     Shower show;
-    bool polledFirst;  ///< the sensor must not flood the screen with continuous output
+    bool polledFirst;  ///< whether continuous output is stopped first
 };
 
-constexpr OpenRow openTable[] = {
+constexpr auto openTable = std::to_array<OpenRow>({
     {"mnuConnect", "Connect", ShowModalScreen, false},
     {"mnuEEPROMmap", "EEPROMmap", ShowScreen, true},
     {"mnuGetVersionSerial", "VersionSerial", ShowModalScreen, false},
@@ -97,7 +99,7 @@ constexpr OpenRow openTable[] = {
     {"mnuSensorBits", "SensorBits", ShowScreen, true},
     {"mnuVectors", "Vectors", ShowScreen, true},
     {"mnuAbout", "About", ShowModalScreen, false},
-};
+});
 
 constexpr const char* helpFile = "ORB-KL4 Version 204 Help.pdf";
 

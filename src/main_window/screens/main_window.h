@@ -9,8 +9,7 @@ namespace orbkl4 {
 
 struct TareOperation;
 
-/// The hub of the program: the picture of the sensor and the menu tree from which every other
-/// screen is opened.
+/// The main window: a picture of the sensor, and the menus that open all other screens.
 class Main : public Screen {
     Q_OBJECT
 

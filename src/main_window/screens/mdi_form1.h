@@ -4,14 +4,15 @@
 
 namespace orbkl4 {
 
-/// The program's parent window; making it is what starts the program up.
+/// The program's parent window, in which the screens are shown.
 class MDIForm1 : public MdiFrame {
     Q_OBJECT
 
   public:
     MDIForm1();
 
-    /// Starts the program up; false where another instance is running and this one must end.
+    /// Starts up the program: reads the settings and makes the folders. False where another
+    /// instance is running and this one must end.
     bool MDIForm_Load();
 };
 

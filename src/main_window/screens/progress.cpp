@@ -17,7 +17,7 @@ Progress::Progress() : Screen("Progress", "Progress") {
     auto* column = new QVBoxLayout(this);
     column->addWidget(frame);
     setMinimumWidth(leastWidth);
-    // The main window keeps the focus: its menu entry is the way to stop.
+    // The main window keeps the focus: the operation is stopped by its menu entry.
     setAttribute(Qt::WA_ShowWithoutActivating);
     CloseAllowed(false);
 }

@@ -10,7 +10,7 @@
 
 namespace orbkl4 {
 
-/// One of the analog words: its label, its range as text, and the limit of entry.
+/// One of the analog words: its label, its range as text, and the greatest number to enter.
 struct AnalogWord {
     eeprom::Address address;
     std::string_view label;
@@ -18,9 +18,9 @@ struct AnalogWord {
     int maximum;
 };
 
-/// The eleven analog words in the order of reading and writing. The range of the command byte
-/// follows the function: see `AnalogFunction`.
-inline constexpr std::array analogWords = std::to_array<AnalogWord>({
+/// The eleven analog words, in the order of reading and writing. The range of the command byte
+/// is another one for the custom function.
+inline constexpr auto analogWords = std::to_array<AnalogWord>({
     {202, "Analog Command Byte", "0-11", 65535},
     {204, "Analog Output Test 1", "0-4095", 4095},
     {206, "Analog Output Test 2", "0-4095", 4095},
@@ -37,7 +37,7 @@ inline constexpr std::array analogWords = std::to_array<AnalogWord>({
 static_assert(analogWords.front().address == eeprom::analogCommand &&
               analogWords.back().address == eeprom::analogMidScale);
 
-/// One output function; its row number is the command byte.
+/// An output function; its row number is the command byte.
 struct AnalogFunction {
     std::string_view text;
     std::span<const eeprom::Address> adjustable;  ///< the words that it uses
@@ -63,7 +63,7 @@ inline constexpr Addresses<11> analogAll{202, 204, 206, 208, 210, 212, 214, 216,
 
 }  // namespace detail
 
-inline constexpr std::array analogFunctions = std::to_array<AnalogFunction>({
+inline constexpr auto analogFunctions = std::to_array<AnalogFunction>({
     {"Off", {}},
     {"Test", detail::analogTest},
     {"Instantaneous Euler Angles", detail::analogEuler},
@@ -79,7 +79,7 @@ inline constexpr std::array analogFunctions = std::to_array<AnalogFunction>({
     {"Custom Configuration", detail::analogAll},
 });
 
-/// The row whose command byte the user gives: 12 or more.
+/// The row for a command byte that the user enters: 12 or more.
 inline constexpr int customAnalogFunction = 12;
 inline constexpr std::string_view customAnalogRange = "12->";
 

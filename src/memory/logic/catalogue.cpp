@@ -8,8 +8,8 @@ namespace {
 
 using enum EepromAccess;
 
-// The name at 166 ends in M12 like that at 160, and long names are cut short: so they are shown.
-constexpr std::array<EepromWord, eepromWordCount> words{{
+// The name at 166 ends in M12 like that at 160, and long names are cut off: both on purpose.
+constexpr auto words = std::to_array<EepromWord>({
     {0, "Unused", 0, 0, Advanced},
     {2, "X Accelerometer Offset", 0, 65535, Advanced},
     {4, "Y Accelerometer Offset", 0, 65535, Advanced},
@@ -138,7 +138,7 @@ constexpr std::array<EepromWord, eepromWordCount> words{{
     {250, "Unused", 0, 0, Advanced},
     {252, "Unused", 0, 0, Advanced},
     {254, "Unused", 0, 0, Advanced},
-}};
+});
 
 constexpr auto CountOf(EepromAccess access) {
     return std::ranges::count(words, access, &EepromWord::access);

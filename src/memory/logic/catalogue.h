@@ -10,10 +10,10 @@
 
 namespace orbkl4 {
 
-/// Who may change a word: `User` anyone, `Advanced` only at the level "Advanced", `Fixed` no one.
+/// Who may change a word: `User` everyone, `Advanced` only at the level "Advanced", `Fixed` nobody.
 enum class EepromAccess : std::uint8_t { User, Advanced, Fixed };
 
-/// What is known of one word. `minimum` and `maximum` limit what a person may enter.
+/// An EEPROM word. `minimum` and `maximum` limit what the user can enter.
 struct EepromWord {
     eeprom::Address address;
     std::string_view name;
@@ -31,7 +31,7 @@ constexpr std::size_t IndexOf(eeprom::Address address) {
     return static_cast<std::size_t>(address) / 2;
 }
 
-/// The remark on a word; it doesn't look at the access level.
+/// The remark on a word of class `access`, the same at both levels.
 std::string_view RemarkOf(EepromAccess access);
 
 /// Whether a word's field is enabled at the level "Standard" or "Advanced".

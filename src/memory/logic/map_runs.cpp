@@ -1,18 +1,19 @@
 #include "memory/logic/map_runs.h"
 
 #include "base/number_text.h"
+#include "link/logic/baud_rates.h"
+
+#include <algorithm>
 
 namespace orbkl4 {
 
 namespace {
 
-struct BaudCode {
-    double code;
-    std::string_view settings;
-};
-
-constexpr std::array baudCodes = {BaudCode{129, "19200,n,8,1"}, BaudCode{64, "38400,n,8,1"},
-                                  BaudCode{21, "115200,n,8,1"}};
+/// The row of `code` in `baudRates`, null for any other number.
+const BaudRate* FindBaudRate(double code) {
+    const auto* row = std::ranges::find(baudRates, code, &BaudRate::code);
+    return row == baudRates.end() ? nullptr : row;
+}
 
 }  // namespace
 
@@ -25,17 +26,16 @@ std::vector<eeprom::Address> WriteListOf(std::span<const bool, eepromWordCount> 
 }
 
 double SnappedBaudCode(double value) {
-    return value == 129 || value == 64 || value == 21 ? value : 64;
+    return FindBaudRate(value) != nullptr ? value : defaultBaudRate.code;
 }
 
 double SnappedPrescaler(double value) {
     return value == 1 || value == 4 || value == 16 ? value : 1;
 }
 
-std::string_view CommSettingsOfBaudCode(double code) {
-    for (const BaudCode& row : baudCodes)
-        if (row.code == code) return row.settings;
-    return "0";
+std::string CommSettingsOfBaudCode(double code) {
+    const BaudRate* rate = FindBaudRate(code);
+    return rate != nullptr ? LineSettingsAt(rate->text) : "0";
 }
 
 std::array<std::string, 3> EepromLogLines(std::span<const double, eepromWordCount> numbers) {

@@ -7,14 +7,14 @@
 
 namespace orbkl4 {
 
-/// One of the EEPROM's matrices: nine words in a row, column by column.
+/// A matrix in the EEPROM: nine successive words, column by column.
 struct MatrixOption {
     std::string_view caption;
     eeprom::Address base;  ///< address of M11
 };
 
 /// The matrices in the order of their option buttons.
-inline constexpr std::array matrixOptions = std::to_array<MatrixOption>({
+inline constexpr auto matrixOptions = std::to_array<MatrixOption>({
     {"Accelerometer Orthogonality Matrix", 102},
     {"Magnetometer Orthogonality Matrix", 66},
     {"Gyroscope Orthogonality Matrix", 84},

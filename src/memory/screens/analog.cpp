@@ -1,37 +1,35 @@
 #include "memory/screens/analog.h"
 
 #include "errors/trap.h"
-#include "link/communication.h"
-#include "link/eeprom_write.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/look.h"
-#include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace orbkl4 {
 
 namespace {
 
 constexpr int tickMilliseconds = 100;
-constexpr std::uint32_t unusedColor = 0xE0E0E0;  // a field that the function doesn't use
 constexpr eeprom::Address first = analogWords.front().address;
 constexpr eeprom::Address last = analogWords.back().address;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "&Read", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 }  // namespace
 
@@ -43,10 +41,19 @@ Analog::Analog()
       port_(this, "MSComm1"),
       timerRead_(this, "TimerRead", tickMilliseconds),
       timerWrite_(this, "TimerWrite", tickMilliseconds),
-      readRun_{*this, port_, timerRead_, first, last, 2, {}, {}, {}} {
-    readRun_.take = [this] { TakeWord(); };
-    readRun_.pass = [this] { progress_.Value(AppState.CurrentEEPROMAddress); };
-    readRun_.end = [this] { EndRun("Read process has completed!"); };
+      readRun_{.screen = *this,
+               .port = port_,
+               .timer = timerRead_,
+               .first = first,
+               .last = last,
+               .take = [this](auto address, double number) { TakeWord(address, number); },
+               .pass = [this](auto address) { progress_.Value(address); },
+               .end = [this] { EndRun("Read process has completed!"); }},
+      writeRun_{.screen = *this,
+                .port = port_,
+                .timer = timerWrite_,
+                .number = [this](auto address) { return NumberToWrite(address); },
+                .end = [this] { EndWrite(); }} {
     BuildMenu(menuTree);
     BuildLayout();
     connect(cmbFunction_, &ComboBox::Click, this, &Analog::cmbFunction_Click);
@@ -122,7 +129,7 @@ void Analog::cmbFunction_Click() {
         const AnalogFunction& function = analogFunctions.at(static_cast<std::size_t>(row));
         for (CWNumEdit* field : fields_) {
             field->setEnabled(false);
-            field->BackColorText(unusedColor);
+            field->BackColorText(unusedBackground);
         }
         CWNumEdit& command = FieldOf(eeprom::analogCommand);
         lblCommandByte_->setText(ToQString(analogWords.front().range));
@@ -145,7 +152,6 @@ void Analog::EnableControls(bool enabled) {
 }
 
 void Analog::BeginRun(const char* caption) {
-    MousePointer(Pointer::Hourglass);
     EnableControls(false);
     progress_.Start(first, caption);
 }
@@ -157,7 +163,7 @@ void Analog::EndRun(const char* message) {
 }
 
 void Analog::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
+    TrapUnderHourglass("mnuRead_Click", [this] {
         BeginRun("Reading");
         StartEepromRead(readRun_);
     });
@@ -167,38 +173,33 @@ void Analog::TimerRead_Timer() {
     Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
-/// A command byte without a row in the list is an error, though its field has taken it already.
-void Analog::TakeWord() {
-    const eeprom::Address address = AppState.CurrentEEPROMAddress;
-    FieldOf(address).Value(AppState.EEPROMValue);
-    if (address == eeprom::analogCommand)
-        cmbFunction_->ListIndex(static_cast<int>(AppState.EEPROMValue));
+/// A command byte without a row in the list is an error, raised after its field has changed.
+void Analog::TakeWord(eeprom::Address address, double number) {
+    FieldOf(address).Value(number);
+    if (address == eeprom::analogCommand) cmbFunction_->ListIndex(static_cast<int>(number));
 }
 
 void Analog::mnuWrite_Click() {
-    Trap("mnuWrite_Click", [this] {
+    TrapUnderHourglass("mnuWrite_Click", [this] {
         BeginRun("Writing");
-        OpenCommPort(port_, *this);
-        AppState.CurrentEEPROMAddress = first;
-        timerWrite_.Enabled(true);
+        std::vector<eeprom::Address> addresses;
+        for (const AnalogWord& word : analogWords) addresses.push_back(word.address);
+        StartEepromWrite(writeRun_, std::move(addresses));
     });
 }
 
 void Analog::TimerWrite_Timer() {
-    Trap("TimerWrite_Timer", [this] {
-        const eeprom::Address address = AppState.CurrentEEPROMAddress;
-        progress_.Value(address);
-        SendEepromWrite(port_, FieldOf(address).Value());
-        if (address != last) {
-            AppState.CurrentEEPROMAddress = static_cast<eeprom::Address>(address + 2);
-            return;
-        }
-        timerWrite_.Enabled(false);
-        CloseCommPort(port_, *this);
-        MousePointer(Pointer::Default);
-        EndRun("Write process has completed!");
-        mnuRead_Click();
-    });
+    Trap("TimerWrite_Timer", [this] { EepromWriteTick(writeRun_); });
+}
+
+double Analog::NumberToWrite(eeprom::Address address) {
+    progress_.Value(address);
+    return FieldOf(address).Value();
+}
+
+void Analog::EndWrite() {
+    EndRun("Write process has completed!");
+    mnuRead_Click();
 }
 
 void Analog::mnuReturn_Click() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 #include "memory/logic/analog.h"
 #include "memory/screens/run_progress.h"
 #include "platform/events/mscomm.h"
@@ -40,8 +40,10 @@ class Analog : public Screen {
 
     void BeginRun(const char* caption);
     void EndRun(const char* message);
+    void EndWrite();
     void EnableControls(bool enabled);
-    void TakeWord();
+    void TakeWord(eeprom::Address address, double number);
+    double NumberToWrite(eeprom::Address address);
     CWNumEdit& FieldOf(eeprom::Address address) const;
 
     QGroupBox* fraAnalog_;
@@ -52,6 +54,7 @@ class Analog : public Screen {
     MSComm port_;
     Timer timerRead_, timerWrite_;
     EepromReadRun readRun_;
+    EepromWriteRun writeRun_;
 };
 
 }  // namespace orbkl4

@@ -1,8 +1,6 @@
 #include "memory/screens/eeprom_map.h"
 
 #include "errors/trap.h"
-#include "link/communication.h"
-#include "link/eeprom_write.h"
 #include "link/stored_line.h"
 #include "memory/logic/map_runs.h"
 #include "platform/controls/cw_num_edit.h"
@@ -18,6 +16,7 @@
 #include <QHoverEvent>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -27,25 +26,25 @@ namespace {
 
 constexpr int tickMilliseconds = 100;
 constexpr int fullBar = 256;
-constexpr eeprom::Address firstRead = 2;  // the word at 0 is never read
+constexpr eeprom::Address firstRead = 2;  // address 0 is never read
 
 constexpr std::string_view standardLevel = "Standard";
 constexpr std::string_view advancedLevel = "Advanced";
 
-/// The entries that can't be chosen during a run.
-constexpr const char* runEntries[] = {"mnuRead", "mnuWrite",   "mnuViewMatrix",
-                                      "mnuLog",  "mnuShowMin", "mnuShowMax"};
+/// The entries that are disabled during a run.
+constexpr auto runEntries = std::to_array<const char*>(
+    {"mnuRead", "mnuWrite", "mnuViewMatrix", "mnuLog", "mnuShowMin", "mnuShowMax"});
 
-/// A field that takes the nearest legal code when it is left.
+/// A field that changes to a legal code when it loses the focus.
 struct CodeField {
     eeprom::Address address;
     double (*snapped)(double value);
 };
 
-constexpr CodeField codeFields[] = {
+constexpr auto codeFields = std::to_array<CodeField>({
     {eeprom::baudRate, SnappedBaudCode},
     {eeprom::timer2Prescaler, SnappedPrescaler},
-};
+});
 
 }  // namespace
 
@@ -58,12 +57,20 @@ EEPROMmap::EEPROMmap()
       port_(this, "MSComm1"),
       timerRead_(this, "TimerRead", tickMilliseconds),
       timerWrite_(this, "TimerWrite", tickMilliseconds),
-      readRun_{*this, port_, timerRead_, firstRead, eeprom::last, 2, {}, {}, {}} {
-    readRun_.take = [this] {
-        NumEdit_.at(IndexOf(AppState.CurrentEEPROMAddress))->Value(AppState.EEPROMValue);
-    };
-    readRun_.pass = [this] { progress_.Value(AppState.CurrentEEPROMAddress); };
-    readRun_.end = [this] { EndRead(); };
+      readRun_{.screen = *this,
+               .port = port_,
+               .timer = timerRead_,
+               .first = firstRead,
+               .last = eeprom::last,
+               .take = [this](auto address, double number) { FieldOf(address).Value(number); },
+               .pass = [this](auto address) { progress_.Value(address); },
+               .end = [this] { EndRead(); }},
+      writeRun_{.screen = *this,
+                .port = port_,
+                .timer = timerWrite_,
+                .number = [this](auto address) { return FieldOf(address).Value(); },
+                .pass = [this](auto address) { progress_.Value(address); },
+                .end = [this] { EndWrite(); }} {
     connect(&timerRead_, &Timer::Tick, this, &EEPROMmap::TimerRead_Timer);
     connect(&timerWrite_, &Timer::Tick, this, &EEPROMmap::TimerWrite_Timer);
     BuildLayout();
@@ -78,9 +85,9 @@ void EEPROMmap::ConnectFields() {
         NumEdit_.at(index)->installEventFilter(this);
     }
     for (const CodeField& row : codeFields) {
-        CWNumEdit* field = NumEdit_.at(IndexOf(row.address));
-        connect(field, &CWNumEdit::LostFocus, this, [field, &row] {
-            Trap("NumEdit_LostFocus", [&] { field->Value(row.snapped(field->Value())); });
+        CWNumEdit& field = FieldOf(row.address);
+        connect(&field, &CWNumEdit::LostFocus, this, [&field, &row] {
+            Trap("NumEdit_LostFocus", [&] { field.Value(row.snapped(field.Value())); });
         });
     }
 }
@@ -99,20 +106,18 @@ void EEPROMmap::Form_Load() {
 }
 
 void EEPROMmap::PopulateNumEditMinimum() {
-    for (const EepromWord& word : eepromCatalogue)
-        NumEdit_.at(IndexOf(word.address))->Minimum(word.minimum);
+    for (const EepromWord& word : eepromCatalogue) FieldOf(word.address).Minimum(word.minimum);
 }
 
 void EEPROMmap::PopulateNumEditMaximum() {
-    for (const EepromWord& word : eepromCatalogue)
-        NumEdit_.at(IndexOf(word.address))->Maximum(word.maximum);
+    for (const EepromWord& word : eepromCatalogue) FieldOf(word.address).Maximum(word.maximum);
 }
 
 void EEPROMmap::ApplyAccessLevel(std::string_view level) {
     const bool advanced = level == advancedLevel;
     if (!advanced && level != standardLevel) return;
     for (const EepromWord& word : eepromCatalogue)
-        NumEdit_.at(IndexOf(word.address))->setEnabled(IsEnabled(word.access, advanced));
+        FieldOf(word.address).setEnabled(IsEnabled(word.access, advanced));
 }
 
 bool EEPROMmap::event(QEvent* event) {
@@ -177,13 +182,12 @@ void EEPROMmap::EnableControls(bool enabled) {
         frame->setEnabled(enabled);
 }
 
-double EEPROMmap::NumberAt(eeprom::Address address) const {
-    return NumEdit_.at(IndexOf(address))->Value();
+CWNumEdit& EEPROMmap::FieldOf(eeprom::Address address) const {
+    return *NumEdit_.at(IndexOf(address));
 }
 
 void EEPROMmap::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableControls(false);
         ClearModifiedMarks();
         readInProgress_ = true;
@@ -229,58 +233,38 @@ void EEPROMmap::Logger() {
 }
 
 void EEPROMmap::mnuWrite_Click() {
-    Trap("mnuWrite_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuWrite_Click", [this] {
         EnableControls(false);
         progress_.Start(0, "Writing");
-        OpenCommPort(port_, *this);
         std::array<bool, eepromWordCount> modified{};
         std::ranges::transform(NumEdit_, modified.begin(),
                                [](auto* field) { return field->BackColorText() == ModifiedColor; });
-        writeList_ = WriteListOf(modified);
-        writePosition_ = 0;
-        AppState.CurrentEEPROMAddress = writeList_.front();
-        timerWrite_.Enabled(true);
+        StartEepromWrite(writeRun_, WriteListOf(modified));
     });
 }
 
 void EEPROMmap::TimerWrite_Timer() {
-    Trap("TimerWrite_Timer", [this] {
-        const eeprom::Address address = AppState.CurrentEEPROMAddress;
-        SendEepromWrite(port_, NumberAt(address));
-        if (address == eeprom::baudRate) baudWritten_ = true;
-        if (writePosition_ + 1 == writeList_.size()) {
-            EndWrite();
-            return;
-        }
-        progress_.Value(address);
-        ++writePosition_;
-        AppState.CurrentEEPROMAddress = writeList_.at(writePosition_);
-    });
+    Trap("TimerWrite_Timer", [this] { EepromWriteTick(writeRun_); });
 }
 
 void EEPROMmap::EndWrite() {
-    timerWrite_.Enabled(false);
-    CloseCommPort(port_, *this);
-    MousePointer(Pointer::Default);
     ShowMessage("Write process has completed!");
-    if (baudWritten_) {
+    if (std::ranges::find(writeRun_.addresses, eeprom::baudRate) != writeRun_.addresses.end()) {
         ShowMessage(
             "BAUD RATE changes will not take effect until 1) the program is exited/re-started and "
             "2) the ORB-KL4 power is cycled!");
     }
-    baudWritten_ = false;
     SaveCommSettingsFromMap();
-    AppState.AccGainScale = NumberAt(eeprom::accGainScale);
-    AppState.MagGainScale = NumberAt(eeprom::magGainScale);
-    AppState.GyroGainScale = NumberAt(eeprom::gyroGainScale);
+    AppState.AccGainScale = FieldOf(eeprom::accGainScale).Value();
+    AppState.MagGainScale = FieldOf(eeprom::magGainScale).Value();
+    AppState.GyroGainScale = FieldOf(eeprom::gyroGainScale).Value();
     EnableControls(true);
     progress_.Rest();
     ClearModifiedMarks();
 }
 
 void EEPROMmap::SaveCommSettingsFromMap() {
-    StoreCommSettings(std::string(CommSettingsOfBaudCode(NumberAt(eeprom::baudRate))));
+    StoreCommSettings(CommSettingsOfBaudCode(FieldOf(eeprom::baudRate).Value()));
 }
 
 void EEPROMmap::mnuShowMin_Click() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 #include "memory/logic/catalogue.h"
 #include "memory/screens/run_progress.h"
 #include "memory/screens/word_panel.h"
@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 class QGridLayout;
 class QGroupBox;
@@ -21,11 +20,10 @@ namespace orbkl4 {
 
 class CWNumEdit;
 
-/// The background of a field whose number isn't in the sensor yet; a write run goes by it alone.
+/// The background of a modified field; a write run writes the fields that have it.
 inline constexpr std::uint32_t ModifiedColor = 0xC0C0FF;
 
-/// Shows all words of the sensor's EEPROM, reads them, writes those that were changed, and logs
-/// them.
+/// Shows all words of the sensor's EEPROM, reads them, writes the modified ones, and logs them.
 class EEPROMmap : public Screen {
     Q_OBJECT
 
@@ -34,10 +32,10 @@ class EEPROMmap : public Screen {
 
     void Form_Load() override;
 
-    /// Gives every field its lower limit.
+    /// Sets the lower limit of every field.
     void PopulateNumEditMinimum();
 
-    /// Gives every field its upper limit.
+    /// Sets the upper limit of every field.
     void PopulateNumEditMaximum();
 
   protected:
@@ -73,7 +71,7 @@ class EEPROMmap : public Screen {
     void EndWrite();
     void SaveCommSettingsFromMap();
     void Logger();
-    double NumberAt(eeprom::Address address) const;
+    CWNumEdit& FieldOf(eeprom::Address address) const;
 
     std::array<CWNumEdit*, eepromWordCount> NumEdit_{};
     QGroupBox* fraEEPROMAddresses1_;
@@ -83,11 +81,9 @@ class EEPROMmap : public Screen {
     MSComm port_;
     Timer timerRead_, timerWrite_;
     EepromReadRun readRun_;
-    std::vector<eeprom::Address> writeList_;
-    std::size_t writePosition_ = 0;
+    EepromWriteRun writeRun_;
     bool readInProgress_ = false;
     bool logAfterRead_ = false;
-    bool baudWritten_ = false;
 };
 
 }  // namespace orbkl4

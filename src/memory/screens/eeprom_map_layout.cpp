@@ -1,14 +1,15 @@
-// The look and the wiring of `EEPROMmap`; what it does stands in eeprom_map.cpp.
+// Layout and menu of `EEPROMmap`; its handlers are in eeprom_map.cpp.
 
 #include "memory/screens/eeprom_map.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
-#include "platform/windows/look.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QShortcut>
+
+#include <array>
 
 namespace orbkl4 {
 
@@ -17,7 +18,7 @@ namespace {
 constexpr bool enabled = true;
 constexpr bool hidden = false;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
@@ -28,13 +29,13 @@ constexpr MenuRow menuTree[] = {
     {"mnuShowMax", "Show &Max", "mnuFile", enabled, hidden},
     {"Sep1", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 constexpr std::size_t firstFrameFields = 8;
 constexpr int firstFrameRows = 4;
 constexpr int secondFrameRows = 12;
 
-// How a column's width is shared: room before a label parts it from the field on its left.
+// The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
 

@@ -1,18 +1,18 @@
 #include "memory/screens/gains.h"
 
 #include "errors/trap.h"
+#include "link/checked_reply.h"
 #include "link/communication.h"
-#include "link/reply_question.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/look.h"
 #include "state/app_state.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
@@ -22,13 +22,13 @@ namespace {
 constexpr int tickMilliseconds = 1000;
 constexpr double greatestGain = 65535;
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 struct GainRow {
     const char* label;
@@ -36,11 +36,11 @@ struct GainRow {
 };
 
 /// In the order of the gains in the packets.
-constexpr std::array<GainRow, 3> gainRows{{
+constexpr auto gainRows = std::to_array<GainRow>({
     {"Accelerometer Proportional Gain", "124"},
     {"Magnetometer Proportional Gain", "126"},
     {"Bias Tracking Gain", "128"},
-}};
+});
 
 }  // namespace
 
@@ -102,7 +102,7 @@ void Gains::EnableControls(bool enabled) {
 }
 
 void Gains::BeginRun(const char* caption) {
-    MousePointer(Pointer::Hourglass);
+    MousePointer(Pointer::Hourglass);  // stays where the run can't start, unlike on other screens
     EnableControls(false);
     progress_.Start(1, caption);
 }
@@ -135,7 +135,7 @@ void Gains::mnuRead_Click() {
         BeginRun("Reading");
         ShowGains({0, 0, 0});
         OpenCommPort(port_, *this);
-        port_.Input(AppState.CommandBytes);  // what stands there answers nothing of ours
+        port_.Input(AppState.CommandBytes);  // discards stale bytes
         SendRead();
         timerRead_.Enabled(true);
     });
@@ -143,7 +143,7 @@ void Gains::mnuRead_Click() {
 
 void Gains::TimerRead_Timer() {
     Trap("TimerRead_Timer", [this] {
-        switch (TakeReply(port_, DeviceCommand::CmdReadSystemGains)) {
+        switch (TakeCheckedReply(port_, DeviceCommand::CmdReadSystemGains)) {
             case ReplyVerdict::Retry: SendRead(); return;
             case ReplyVerdict::Good: ShowGains(GainsIn(AppState.CommandBytes)); break;
             case ReplyVerdict::Skip: break;
@@ -163,7 +163,7 @@ void Gains::mnuWrite_Click() {
 
 void Gains::TimerWrite_Timer() {
     Trap("TimerWrite_Timer", [this] {
-        if (TakeReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
+        if (TakeCheckedReply(port_, DeviceCommand::CmdWriteSystemGains) == ReplyVerdict::Retry) {
             SendWrite();
             return;
         }

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace orbkl4 {
 
-/// The frame `fraPB` of a screen, whose caption says what runs, with its bar `PBar`.
+/// The frame `fraPB` of a screen, whose caption says what runs, with the bar `PBar`.
 class RunProgress {
   public:
     /// A bar from `minimum` to `maximum`, at rest.

@@ -1,6 +1,7 @@
 #include "memory/screens/view_matrix.h"
 
 #include "base/number_text.h"
+#include "base/run_time_error.h"
 #include "errors/trap.h"
 #include "memory/logic/catalogue.h"
 #include "platform/controls/cw_num_edit.h"
@@ -12,13 +13,14 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {{"mnuClose", "&Close"}};
+constexpr auto menuTree = std::to_array<MenuRow>({{"mnuClose", "&Close"}});
 
 }  // namespace
 
@@ -87,6 +89,7 @@ void ViewMatrix::RefreshMatrix() {
 
 void ViewMatrix::ShowMatrixFrom(eeprom::Address base) {
     const Screen* map = FindScreen("EEPROMmap");
+    if (map == nullptr) Raise(ErrorNumber::SubscriptOutOfRange, "The EEPROM map isn't open");
     for (std::size_t k = 0; k < txtMatrix_.size(); ++k) {
         const auto index = static_cast<int>(IndexOf(base) + k);
         const auto* field = map->findChild<CWNumEdit*>(MemberName("NumEdit", index));

@@ -13,7 +13,7 @@ namespace orbkl4 {
 class OptionButton;
 class TextField;
 
-/// Shows one of the EEPROM's matrices as the fields of the EEPROM map stand when it is chosen.
+/// Shows a matrix of the EEPROM from the fields of the EEPROM map, which must be open.
 class ViewMatrix : public Screen {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// A text field `name` behind its label, in `columns` columns of `grid`.
+/// A text field `name` that spans `columns` columns of `grid`, after its label.
 TextField* AddText(QGridLayout& grid, int row, int column, const char* name, const char* caption,
                    int columns = 1) {
     QWidget* frame = grid.parentWidget();

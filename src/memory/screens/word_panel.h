@@ -9,7 +9,7 @@ class CWNumEdit;
 class TextField;
 struct EepromWord;
 
-/// The frame `fraEEPROM` with the five texts on one word of the EEPROM map.
+/// The frame `fraEEPROM` with five texts about a word of the EEPROM map.
 class WordPanel {
   public:
     /// A panel with empty texts.
@@ -18,7 +18,7 @@ class WordPanel {
     /// The frame, for the layout.
     QGroupBox* Frame() const { return fraEEPROM_; }
 
-    /// Tells of `word`, with the limits of its field.
+    /// Shows `word` with the limits of its field.
     void Show(const EepromWord& word, const CWNumEdit& field);
 
     /// Empties the texts.

@@ -1,7 +1,5 @@
 #include "platform/controls/cw_button.h"
 
-#include "platform/windows/look.h"
-
 #include <QPainter>
 #include <QPixmapCache>
 #include <QRadialGradient>

@@ -32,7 +32,7 @@ class CWButton : public QWidget {
 
   private:
     bool value_ = false;
-    DeferredUpdate repaint_{this};
+    DeferredUpdate repaint_{this, [this] { update(); }};
 };
 
 }  // namespace orbkl4

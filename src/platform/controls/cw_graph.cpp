@@ -1,7 +1,7 @@
 #include "platform/controls/cw_graph.h"
 
 #include "base/run_time_error.h"
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <algorithm>
 #include <array>
@@ -14,17 +14,17 @@ namespace {
 constexpr int frameMilliseconds = 17;  // just below 60 drawings a second
 
 constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
-constexpr std::array colours{QColor(0x1F, 0x6F, 0xB5), QColor(0xC8, 0x4B, 0x11),
-                             QColor(0x2E, 0x7D, 0x32), QColor(0x6A, 0x3D, 0x9A)};
+constexpr std::array plotColours{colours::accent, QColor(0xC8, 0x4B, 0x11),
+                                 QColor(0x2E, 0x7D, 0x32), QColor(0x6A, 0x3D, 0x9A)};
 
 void StyleAxis(QCPAxis& axis, const QFont& font) {
     axis.setLabelFont(font);
     axis.setTickLabelFont(font);
-    axis.setLabelColor(look::ink);
-    axis.setTickLabelColor(look::ink);
+    axis.setLabelColor(colours::ink);
+    axis.setTickLabelColor(colours::ink);
     for (const auto setPen :
          {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
-        (axis.*setPen)(QPen(look::disabledInk, 1));
+        (axis.*setPen)(QPen(colours::disabledInk, 1));
     }
     axis.grid()->setPen(QPen(QColor(0xE3, 0xE8, 0xED), 1));
 }
@@ -42,7 +42,7 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
     for (QCPAxis* axis : {xAxis2, yAxis2}) {
         axis->setVisible(true);
         axis->setTicks(false);
-        axis->setBasePen(QPen(look::line, 1));
+        axis->setBasePen(QPen(colours::line, 1));
     }
     xAxis->setRange(rangeX_);
     drawTimer_.setSingleShot(true);
@@ -52,7 +52,7 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 
 void CWGraph::AddPlot(std::size_t plot) {
     QCPGraph* graph = addGraph();
-    const QColor colour = colours.at(plot / lineStyles.size() % colours.size());
+    const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size());
     graph->setPen(QPen(colour, 1, LineStyle(plot)));
     graph->removeFromLegend();
 }
@@ -85,7 +85,7 @@ void CWGraph::PlotName(std::size_t plot, const QString& name) {
         plotLayout()->setColumnStretchFactor(1, 0.001);
         legend->setBorderPen(Qt::NoPen);
         legend->setFont(font());
-        legend->setTextColor(look::ink);
+        legend->setTextColor(colours::ink);
         legend->setVisible(true);
     }
     DrawSoon();

@@ -1,7 +1,6 @@
 #include "platform/controls/cw_knob.h"
 
 #include "base/number_text.h"
-#include "platform/windows/look.h"
 
 #include <QEvent>
 #include <QLinearGradient>
@@ -97,7 +96,7 @@ QPolygonF CWKnob::NeedleShape() const {
              QPointF(-half, -radius * 0.05)}};
 }
 
-QRect CWKnob::ChangingPart() const {
+QRect CWKnob::PointerBox() const {
     QTransform turned = QTransform::fromTranslate(Centre().x(), Centre().y());
     turned.rotate(NeedleDegrees());
     constexpr double soft = 2;  // room for smooth edges
@@ -109,7 +108,7 @@ QRect CWKnob::ChangingPart() const {
 
 void CWKnob::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    face_.Draw(painter, event->rect(), [this](QPainter& onFace) {
+    face_.Draw(painter, event->rect(), PointerBox(), [this](QPainter& onFace) {
         onFace.translate(Centre());
         PaintFace(onFace);
         PaintMarks(onFace);
@@ -121,7 +120,6 @@ void CWKnob::paintEvent(QPaintEvent* event) {
     PaintNeedle(painter);
     painter.translate(-Centre());
     painter.drawPixmap(HubBox().topLeft(), hub_);
-    repaint_.Painted();
 }
 
 QRect CWKnob::HubBox() const {

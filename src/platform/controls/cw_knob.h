@@ -59,7 +59,7 @@ class CWKnob : public QWidget {
     double Radius() const;
     QPointF Centre() const;
     QPolygonF NeedleShape() const;
-    QRect ChangingPart() const;
+    QRect PointerBox() const;
     QRect HubBox() const;
     void MakeHub(qreal ratio);
     void PaintFace(QPainter& painter) const;
@@ -73,7 +73,7 @@ class CWKnob : public QWidget {
     double value_ = 0;
     PaintedFace face_{this};
     QPixmap hub_;  ///< what covers the needle's middle, made with the face
-    DeferredUpdate repaint_{this, [this] { return ChangingPart(); }};
+    DeferredUpdate repaint_{this, [this] { face_.MovePointer(PointerBox()); }};
 };
 
 }  // namespace orbkl4

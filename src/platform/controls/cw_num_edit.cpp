@@ -2,11 +2,11 @@
 
 #include "base/number_text.h"
 #include "base/run_time_error.h"
+#include "platform/windows/pending_input.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
@@ -17,12 +17,6 @@
 namespace orbkl4 {
 
 namespace {
-
-/// The one field that is being typed into: leaving it ends the typing.
-QPointer<CWNumEdit>& Pending() {
-    static QPointer<CWNumEdit> pending;
-    return pending;
-}
 
 /// `number` as its own text says it, without the dust that steps such as 0.1 gather.
 double Cleaned(double number) { return ToNumber(ScreenText(number)); }
@@ -84,7 +78,7 @@ void CWNumEdit::ShowValue() {
 
 void CWNumEdit::StartTyping() {
     typing_ = true;
-    Pending() = this;
+    StartPendingInput(this, [this] { Commit(); });
 }
 
 void CWNumEdit::Commit() {
@@ -92,10 +86,6 @@ void CWNumEdit::Commit() {
     const bool same = lineEdit()->text().toStdString() == ScreenText(value_);
     const std::optional<double> typed = Typed();
     Value(same || !typed ? value_ : Limited(*typed));
-}
-
-void CWNumEdit::CommitPending() {
-    if (Pending() != nullptr) Pending()->Commit();
 }
 
 void CWNumEdit::stepBy(int steps) {

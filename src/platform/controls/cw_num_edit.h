@@ -61,10 +61,6 @@ class CWNumEdit : public QAbstractSpinBox {
     /// Takes what was typed: a number moves to the nearest limit, anything else is dropped.
     void Commit();
 
-    /// Commits the field that is being typed into, if there is one; to be called as a menu opens or
-    /// an entry is chosen, since neither takes the focus.
-    static void CommitPending();
-
     void stepBy(int steps) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -2,7 +2,7 @@
 
 #include "base/number_text.h"
 #include "platform/controls/slide_painting.h"
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -93,7 +93,7 @@ const QLineF& CWSlide::Track() const {
     return track_;
 }
 
-QRect CWSlide::ChangingPart() const {
+QRect CWSlide::PointerBox() const {
     if (look_ == Look::Thermometer || Interactive()) return rect();
     constexpr double reach = slide::pointer + 2;
     const QPointF place = PlaceOf(value_);
@@ -144,10 +144,10 @@ void CWSlide::changeEvent(QEvent* event) {
 
 void CWSlide::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    face_.Draw(painter, event->rect(), [this](QPainter& onFace) { PaintFace(onFace); });
+    face_.Draw(painter, event->rect(), PointerBox(),
+               [this](QPainter& onFace) { PaintFace(onFace); });
     painter.setRenderHint(QPainter::Antialiasing);
     PaintPointer(painter);
-    repaint_.Painted();
 }
 
 void CWSlide::PaintFace(QPainter& painter) const {
@@ -162,7 +162,7 @@ void CWSlide::PaintFace(QPainter& painter) const {
 void CWSlide::PaintMarks(QPainter& painter) const {
     painter.setFont(LabelFont(font()));
     const QFontMetricsF metrics(painter.font());
-    painter.setPen(QPen(isEnabled() ? look::ink : look::disabledInk, 1));
+    painter.setPen(QPen(isEnabled() ? colours::ink : colours::disabledInk, 1));
     const bool vertical = Vertical();
     const double inner = (vertical ? GrooveWidth() / 2 : slide::pointer) + slide::markGap;
     const auto outwards = [vertical](double distance) {

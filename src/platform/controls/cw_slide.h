@@ -80,7 +80,7 @@ class CWSlide : public QWidget {
     double PointerRoom() const;  // from the middle of the groove to the side off the marks
     const QLineF& Track() const;
     QLineF MakeTrack() const;
-    QRect ChangingPart() const;
+    QRect PointerBox() const;
     void Forget();
     QPointF PlaceOf(double value) const { return Track().pointAt(axis_.Fraction(value)); }
     void MoveTo(double value);
@@ -100,7 +100,7 @@ class CWSlide : public QWidget {
     int wheelRest_ = 0;     ///< wheel turn not yet worth a step, in eighths of a degree
     mutable QLineF track_;  ///< null where it has to be found anew: measuring labels takes long
     PaintedFace face_{this};
-    DeferredUpdate repaint_{this, [this] { return ChangingPart(); }};
+    DeferredUpdate repaint_{this, [this] { face_.MovePointer(PointerBox()); }};
 };
 
 }  // namespace orbkl4

@@ -1,7 +1,7 @@
 #include "platform/controls/form.h"
 
 #include "platform/events/event_gate.h"
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -51,6 +51,13 @@ void KeepColours(QWidget& widget) {
     widget.setPalette(palette);
 }
 
+void KeepReadableDisabled(QWidget& frame) {
+    QPalette palette = frame.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk);
+    frame.setPalette(palette);
+}
+
 QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
     auto* bar = Named(new QProgressBar(parent), name);
     bar->setRange(0, maximum);
@@ -62,7 +69,12 @@ QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
 
 QLabel* MakeWarning(QWidget* parent) {
     QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
-    MakeWarning(*warning);
+    QPalette palette = warning->palette();
+    palette.setColor(QPalette::WindowText, colours::warning);
+    warning->setPalette(palette);
+    QFont bold;  // sets the weight alone, so that the size still follows the screen's
+    bold.setBold(true);
+    warning->setFont(bold);
     QSizePolicy policy = warning->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     warning->setSizePolicy(policy);

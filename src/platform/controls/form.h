@@ -37,15 +37,19 @@ QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption);
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
                         std::function<void()> click);
 
-/// Lets `widget` and what it holds keep their colours while disabled: for what is to be read while
-/// a handler at work has the screen disabled.
+/// Lets `widget` and its children keep their colours while disabled: for what must stay readable
+/// while a running handler has disabled the screen.
 void KeepColours(QWidget& widget);
+
+/// Gives the children of `frame` darker letters while disabled, for numbers that must stay
+/// readable.
+void KeepReadableDisabled(QWidget& frame);
 
 /// A progress bar `name` from 0 to `maximum`, at 0, which keeps its colours while disabled.
 QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum);
 
-/// The label in red letters that says that replies fail to come, hidden at first, with its room
-/// kept.
+/// The bold red label that says that replies fail to come. It is hidden at first, but takes its
+/// place in the layout.
 QLabel* MakeWarning(QWidget* parent);
 
 /// Adds a row of the label `caption` and a text field `name` to `rows`.

@@ -17,7 +17,7 @@ void PaintedFace::PaintBackground(QPainter& painter) const {
     behind->render(&painter, {}, widget_->geometry(), QWidget::DrawWindowBackground);
 }
 
-void PaintedFace::Draw(QPainter& painter, const QRect& area,
+void PaintedFace::Draw(QPainter& painter, const QRect& area, const QRect& pointer,
                        const std::function<void(QPainter&)>& paint) {
     const qreal ratio = painter.device()->devicePixelRatioF();
     const QSizeF size = QSizeF(widget_->size()) * ratio;
@@ -30,11 +30,12 @@ void PaintedFace::Draw(QPainter& painter, const QRect& area,
         .enabled = widget_->isEnabled(),
         .behindEnabled = behind == nullptr || behind->isEnabled(),
     };
+    painted_ |= pointer;
     if (pixmap_.isNull() || now != made_) {
         made_ = now;
         pixmap_ = QPixmap(now.pixels);
         pixmap_.setDevicePixelRatio(ratio);
-        pixmap_.fill(Qt::white);  // opaque, so that the pixmap has no need of an alpha channel
+        pixmap_.fill(Qt::white);  // an opaque pixmap is drawn faster
         QPainter face(&pixmap_);
         PaintBackground(face);
         face.setRenderHint(QPainter::Antialiasing);

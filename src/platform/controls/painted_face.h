@@ -4,22 +4,28 @@
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 
 namespace orbkl4 {
 
-/// The part of a control's picture that its value doesn't change, what lies behind it included,
-/// kept as a pixmap in the resolution of the device that it is painted on. So a new value repaints
-/// nothing but its control, and blends nothing.
+/// The part of a control's picture that doesn't depend on its value, with the background of the
+/// control, kept as a pixmap. A new value repaints only what its pointer covers.
 class PaintedFace {
   public:
-    /// The face of `widget`, which from now on is opaque.
+    /// The face of `widget`, which becomes opaque.
     explicit PaintedFace(QWidget* widget);
 
-    /// Draws the face with `painter` where `area` is to be painted; `paint` makes it anew where its
-    /// size, resolution, place or enabled state has changed.
-    void Draw(QPainter& painter, const QRect& area, const std::function<void(QPainter&)>& paint);
+    /// Draws the face with `painter` inside `area`, before the pointer is painted on `pointer`.
+    /// `paint` makes a new face if size, resolution, place or enabled state have changed.
+    void Draw(QPainter& painter, const QRect& area, const QRect& pointer,
+              const std::function<void(QPainter&)>& paint);
 
-    /// Has the face made anew at the next drawing.
+    /// Repaints where the pointer has been painted, and `pointer`, where it belongs now.
+    void MovePointer(const QRect& pointer) {
+        widget_->update(std::exchange(painted_, {}) | pointer);
+    }
+
+    /// Has a new face made at the next drawing.
     void Forget() { pixmap_ = {}; }
 
   private:
@@ -39,6 +45,7 @@ class PaintedFace {
     QWidget* widget_;
     QPixmap pixmap_;
     Circumstances made_;
+    QRect painted_;  ///< around all pointers painted since the last move
 };
 
 }  // namespace orbkl4

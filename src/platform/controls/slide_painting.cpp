@@ -1,6 +1,6 @@
 #include "platform/controls/slide_painting.h"
 
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -35,7 +35,7 @@ QPainterPath GlassOutline(const QLineF& track, double shrink) {
 }  // namespace
 
 void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
-    painter.setPen(QPen(look::line, 1));
+    painter.setPen(QPen(colours::line, 1));
     painter.setBrush(enabled ? QColor(0xFF, 0xFF, 0xFF) : QColor(0xF1, 0xF3, 0xF6));
     const double round = slide::groove / 2;
     painter.drawRoundedRect(GrooveBox(track.p1(), track.p2(), slide::groove), round, round);
@@ -44,7 +44,7 @@ void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
 void PaintLevel(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
     if (place == track.p1()) return;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? look::accent : look::line);
+    painter.setBrush(enabled ? colours::accent : colours::line);
     const double width = slide::groove - 2;
     painter.drawRoundedRect(GrooveBox(track.p1(), place, width), width / 2, width / 2);
 }
@@ -57,7 +57,7 @@ void PaintArrow(QPainter& painter, const QPointF& place, bool vertical, bool ena
     const double far = near + slide::pointer;
     const double half = slide::pointer * 0.55;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? look::ink : look::disabledInk);
+    painter.setBrush(enabled ? colours::ink : colours::disabledInk);
     painter.drawPolygon(QPolygonF{{QPointF(near, 0), QPointF(far, -half), QPointF(far, half)}});
     painter.restore();
 }
@@ -75,12 +75,12 @@ void PaintThumb(QPainter& painter, const QPointF& place, bool vertical, bool foc
     QLinearGradient metal(thumb.topLeft(), thumb.bottomLeft());
     metal.setColorAt(0, Qt::white);
     metal.setColorAt(1, QColor(0xDD, 0xE3, 0xEA));
-    painter.setPen(QPen(focus ? look::accent : look::disabledInk, 1));
+    painter.setPen(QPen(focus ? colours::accent : colours::disabledInk, 1));
     painter.setBrush(metal);
     painter.drawRoundedRect(thumb, 4, 4);
     const QPointF along =
         vertical ? QPointF(slide::pointer - 5, 0) : QPointF(0, slide::pointer - 5);
-    painter.setPen(QPen(enabled ? look::accent : look::disabledInk, 2));
+    painter.setPen(QPen(enabled ? colours::accent : colours::disabledInk, 2));
     painter.drawLine(place - along, place + along);
 }
 
@@ -100,13 +100,13 @@ void PaintFluid(QPainter& painter, const QLineF& track, const QPointF& place, bo
     const QPointF middle = track.p1() + QPointF(0, slide::bulb + 1);
     const double radius = slide::bulb - 4.5;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? fluid : look::line);
+    painter.setBrush(enabled ? fluid : colours::line);
     const double width = slide::tube - 7;
     painter.drawRoundedRect(GrooveBox(middle, place + QPointF(0, width / 2), width), width / 2, 2);
     QRadialGradient ball(middle, radius, middle - QPointF(radius / 3, radius / 3));
-    ball.setColorAt(0, enabled ? QColor(0xFF, 0x7A, 0x70) : look::line);
-    ball.setColorAt(0.5, enabled ? fluid : look::line);
-    ball.setColorAt(1, enabled ? fluidDark : look::disabledInk);
+    ball.setColorAt(0, enabled ? QColor(0xFF, 0x7A, 0x70) : colours::line);
+    ball.setColorAt(0.5, enabled ? fluid : colours::line);
+    ball.setColorAt(1, enabled ? fluidDark : colours::disabledInk);
     painter.setBrush(ball);
     painter.drawEllipse(middle, radius, radius);
     painter.setBrush(QColor(255, 255, 255, 110));

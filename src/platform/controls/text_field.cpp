@@ -1,6 +1,6 @@
 #include "platform/controls/text_field.h"
 
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -78,13 +78,6 @@ QSize TextField::minimumSizeHint() const {
 }
 
 bool TextField::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
-            event->accept();
-            return true;
-        }
-    }
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
         const bool cut = fontMetrics().horizontalAdvance(QtText()) > width() - 2 * margin;
         const QPoint where = static_cast<QHelpEvent*>(event)->globalPos();
@@ -99,7 +92,6 @@ void TextField::changeEvent(QEvent* event) {
         const QFontMetricsF metrics(font());
         digitWidth_ = metrics.horizontalAdvance('0');
         pointWidth_ = metrics.horizontalAdvance('.');
-        glyphs_ = NumberGlyphs(font());
         updateGeometry();
     }
     if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange) update();
@@ -123,33 +115,16 @@ void TextField::paintEvent(QPaintEvent* /*event*/) {
     const bool plain = backColorText_ == windowBackground;
     const QRect inside = rect().adjusted(frame, frame, -frame, -frame);
     for (const QRect& side : QRegion(rect()) - inside) {
-        painter.fillRect(side, hasFocus() ? look::accent : look::line);
+        painter.fillRect(side, hasFocus() ? colours::accent : colours::line);
     }
     painter.fillRect(inside, plain ? palette().color(QPalette::Base) : Colour(backColorText_));
     painter.setPen(palette().color(QPalette::Text));
-    if (!text_.empty() && !PaintNumber(painter)) PaintText(painter, QtText());
+    if (!text_.empty()) PaintText(painter, QtText());
 }
 
 double TextField::Baseline() const {
     const QFontMetrics metrics = fontMetrics();
     return (height() + metrics.ascent() - metrics.descent()) / 2.0;
-}
-
-/// Paints the text if it is a plain number that fits in, which is the same picture sooner.
-bool TextField::PaintNumber(QPainter& painter) const {
-    if (anchor_ != cursor_ || !glyphs_.CanWrite(text_)) return false;
-    const double width = glyphs_.Width(text_);
-    if (width > this->width() - 2 * margin) return false;
-    double left = margin;
-    if (decimals_ >= 0) {
-        const std::string_view text = text_;
-        const double reserved = decimals_ > 0 ? pointWidth_ + decimals_ * digitWidth_ : 0;
-        const double whole = glyphs_.Width(text.substr(0, text.find('.')));
-        const double right = this->width() - margin;
-        left = std::max<double>(std::min(right - reserved - whole, right - width), margin);
-    }
-    glyphs_.Write(painter, left, Baseline(), text_);
-    return true;
 }
 
 void TextField::PaintText(QPainter& painter, const QString& text) const {

@@ -2,7 +2,6 @@
 
 #include "platform/controls/colour.h"
 #include "platform/controls/deferred_update.h"
-#include "platform/controls/number_glyphs.h"
 
 #include <QWidget>
 
@@ -74,7 +73,6 @@ class TextField : public QWidget {
     void SelectAll();
     void Copy() const;
     double Baseline() const;
-    bool PaintNumber(QPainter& painter) const;
     void PaintText(QPainter& painter, const QString& text) const;
     void PaintSelection(QPainter& painter, const QString& text, double left) const;
 
@@ -82,12 +80,11 @@ class TextField : public QWidget {
     std::uint32_t backColorText_ = windowBackground;
     int decimals_ = -1;
     int characters_ = 10;
-    NumberGlyphs glyphs_{QFont()};
     double digitWidth_ = 0;  ///< of the present font, in pixels
     double pointWidth_ = 0;
     int anchor_ = 0;  ///< the selection runs from here to the cursor; both may lie beyond the text
     int cursor_ = 0;
-    DeferredUpdate repaint_{this};
+    DeferredUpdate repaint_{this, [this] { update(); }};
 };
 
 }  // namespace orbkl4

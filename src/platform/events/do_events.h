@@ -2,8 +2,8 @@
 
 namespace orbkl4 {
 
-/// Lets queued events run, painting above all; what a hand does meanwhile with mouse or keyboard is
-/// dropped, so that nothing can come between the steps of the caller.
+/// Runs queued events, above all painting. Mouse and keyboard input is discarded meanwhile, so that
+/// the user can't interfere between two steps of the caller.
 void DoEvents();
 
 }  // namespace orbkl4

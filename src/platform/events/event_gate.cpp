@@ -21,7 +21,7 @@ EventSource::EventSource() { EventGate::Instance().sources_.push_back(this); }
 EventSource::~EventSource() { std::erase(EventGate::Instance().sources_, this); }
 
 EventGate& EventGate::Instance() {
-    // Never destroyed: sources may outlive every other static object.
+    // Never destroyed, as sources may outlive every other static object.
     static auto* gate = new EventGate;
     return *gate;
 }
@@ -78,7 +78,7 @@ void EventGate::DeliverDue() {
     lookPosted_ = false;
     const auto waiting = sources_;
     for (EventSource* source : waiting) {
-        // A handler may have ended the life of a source that was still to come.
+        // An earlier handler may have destroyed it.
         if (std::ranges::find(sources_, source) != sources_.end()) Offer(*source);
     }
 }

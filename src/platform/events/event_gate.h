@@ -7,7 +7,7 @@
 
 namespace orbkl4 {
 
-/// What delivers events of its own accord, a timer or a port: it offers each to the gate.
+/// A timer or port, which offers each of its events to the gate.
 class EventSource {
   public:
     EventSource();
@@ -15,15 +15,15 @@ class EventSource {
     EventSource(const EventSource&) = delete;
     EventSource& operator=(const EventSource&) = delete;
 
-    /// Whether an event is to be delivered as things stand now.
+    /// Whether an event is due now.
     virtual bool EventDue() const = 0;
 
     /// Runs the event's handler.
     virtual void DeliverEvent() = 0;
 };
 
-/// Lets ticks and `OnComm` through, one at a time: it is shut while a handler runs, while a message
-/// box or file dialog is up, and for a second after an error box (longer, while a menu is open).
+/// Delivers ticks and `OnComm` one at a time. It is shut while a handler runs, while a message box
+/// or file dialog is up, and for a second after an error box (longer while a menu is open).
 class EventGate : public QObject {
     Q_OBJECT
 
@@ -31,17 +31,17 @@ class EventGate : public QObject {
     /// The one gate of the process.
     static EventGate& Instance();
 
-    /// Delivers `source`'s event if it is due and the gate open; if not, it is looked at again when
+    /// Delivers `source`'s event if it is due and the gate is open; else it is checked again when
     /// the gate opens.
     void Offer(EventSource& source) const;
 
-    /// Whether an event would be let through.
+    /// Whether an event would be delivered now.
     bool IsOpen() const { return handlers_ == 0 && boxes_ == 0 && !resting_; }
 
     /// Whether a handler is on the stack.
     bool InHandler() const { return handlers_ > 0; }
 
-    /// Keeps ticks and `OnComm` out for `milliseconds` and until no menu is open, so that a hand
+    /// Holds ticks and `OnComm` back for `milliseconds` and until no menu is open, so that the user
     /// can reach a menu between two error boxes.
     void Rest(int milliseconds);
 

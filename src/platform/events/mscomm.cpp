@@ -62,8 +62,8 @@ void MSComm::OpenPort() {
 void MSComm::ClosePort() {
     open_ = false;
     if (line_.isOpen()) {
-        // Closing gives the line its old speed back, which must not overtake the last bytes; but a
-        // line that takes none mustn't hold the program longer than they would need.
+        // Closing restores the line's old speed, which must not garble the last bytes; but a line
+        // that takes none must not hold the program up for longer than they need.
         AwaitSent(line_, sent_);
         line_.close();
     }
@@ -97,7 +97,7 @@ void MSComm::Input(Bytes& bytes) {
 
 std::int16_t MSComm::InBufferCount() {
     RequireOpen();
-    // Asked first, as the port object makes an error of there being nothing.
+    // Checked first, as QSerialPort reports an error when there is nothing to read.
     if (line_.isOpen() && HasSomethingToRead(line_)) {
         reading_ = true;
         line_.waitForReadyRead(0);

@@ -34,7 +34,7 @@ std::int64_t PerformanceCounter() { return SteadyClock::now().time_since_epoch()
 std::int64_t PerformanceFrequency() { return SteadyClock::period::den / SteadyClock::period::num; }
 
 std::int64_t MonotonicSeconds() {
-    // The offset keeps the clock of a machine just started away from 0, which means "long ago".
+    // 0 means "long ago", so the clock of a machine just started must not be near it.
     constexpr std::int64_t offset = 1000;
     return offset +
            std::chrono::duration_cast<std::chrono::seconds>(SteadyClock::now().time_since_epoch())

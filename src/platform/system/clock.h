@@ -9,10 +9,10 @@ namespace orbkl4 {
 /// Milliseconds since an arbitrary start, as a signed 32-bit count that wraps.
 using TickCountSource = std::int32_t (*)();
 
-/// The present tick count, taken from the source in force.
+/// The present tick count.
 std::int32_t TickCount();
 
-/// Puts `source` in the place of the system's tick count; null restores the system's.
+/// Takes the tick count from `source` from now on; null restores the system's own.
 void ReplaceTickCount(TickCountSource source);
 
 /// The high-resolution counter, monotonic; `PerformanceFrequency` counts make a second.
@@ -21,7 +21,7 @@ std::int64_t PerformanceCounter();
 /// Counts of `PerformanceCounter` per second.
 std::int64_t PerformanceFrequency();
 
-/// Whole seconds of the monotonic clock; more than 1 at any time of the program's run.
+/// Whole seconds of the monotonic clock, always above 1.
 std::int64_t MonotonicSeconds();
 
 /// The present local date and time.

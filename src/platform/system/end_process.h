@@ -2,7 +2,7 @@
 
 namespace orbkl4 {
 
-/// Ends the process at once, with success: no window is asked, nothing is flushed or closed.
+/// Ends the process at once with exit code 0, without closing windows or flushing files.
 [[noreturn]] void EndProcess();
 
 }  // namespace orbkl4

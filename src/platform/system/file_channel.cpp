@@ -1,9 +1,9 @@
 #include "platform/system/file_channel.h"
 
 #include "base/run_time_error.h"
+#include "platform/system/system_error.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,21 +12,6 @@ namespace orbkl4 {
 namespace {
 
 constexpr mode_t newFileMode = 0666;
-
-[[noreturn]] void RaiseSystemError(int error) {
-    switch (error) {
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG: Raise(ErrorNumber::DiskFull);
-        case ENOENT:
-        case ENOTDIR:
-        case EISDIR: Raise(ErrorNumber::PathNotFound);
-        case EACCES:
-        case EPERM:
-        case EROFS: Raise(ErrorNumber::PermissionDenied);
-        default: Raise(ErrorNumber::DeviceIo, std::strerror(error));
-    }
-}
 
 }  // namespace
 

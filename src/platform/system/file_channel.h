@@ -5,8 +5,8 @@
 
 namespace orbkl4 {
 
-/// Writes text files line by line; a line ends in CR LF. Every line is one unbuffered write, so
-/// that a file holds whole lines only, whatever ends the program.
+/// Writes text files line by line; a line ends in CR LF. Each line is one unbuffered write, so that
+/// a file holds whole lines even if the program is killed.
 class FileChannel {
   public:
     FileChannel() = default;
@@ -14,18 +14,18 @@ class FileChannel {
     FileChannel(const FileChannel&) = delete;
     FileChannel& operator=(const FileChannel&) = delete;
 
-    /// Opens `path` (UTF-8) for output from its beginning; error 55 while the channel is open, 76
-    /// or 70 and the like where the file can't be made.
+    /// Opens `path` (UTF-8) for output from its beginning; error 55 while the channel is open,
+    /// else those of `RaiseSystemError`.
     void OpenForOutput(const std::string& path);
 
-    /// Opens `path` for appending, making it where it doesn't exist; errors as `OpenForOutput`.
+    /// Opens `path` for appending and creates it if needed; errors as `OpenForOutput`.
     void OpenForAppend(const std::string& path);
 
-    /// Writes `text` and CR LF; on failure the file is cut back to its last whole line, and the
-    /// channel stays open (error 61 on a full disk).
+    /// Writes `text` and CR LF. On failure (error 61 on a full disk) the file is cut back to its
+    /// last whole line and the channel stays open.
     void Print(std::string_view text);
 
-    /// Closes the file; nothing where none is open.
+    /// Closes the file, if one is open.
     void Close();
 
     /// Whether a file is open.

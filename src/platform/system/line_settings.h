@@ -15,7 +15,7 @@ struct LineSettings {
 };
 
 /// Reads a text such as "38400,n,8,1": baud, parity (n, e, o, m or s), data bits (5 to 8), stop
-/// bits (1, 1.5 or 2); error 380 where it says anything else.
+/// bits (1, 1.5 or 2); error 380 for any other text.
 LineSettings ParseLineSettings(std::string_view text);
 
 }  // namespace orbkl4

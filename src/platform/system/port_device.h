@@ -9,24 +9,25 @@ inline constexpr int lastPortNumber = 16;
 
 /// What a port number or a path names on this machine.
 struct PortDevice {
-    QString name;  ///< the device's own path or name, links resolved; empty where none is named
-    bool present = false;    ///< a terminal device is there
+    QString name;            ///< path of the device, links resolved; empty if none is named
+    bool present = false;    ///< it is a terminal
     bool permitted = false;  ///< this user may read and write it
-    QString group;           ///< the group whose members may, where this user may not; empty: none
+    QString group;           ///< if not permitted: the group that has the right, empty for none
 };
 
-/// What the system calls the adapter of `device`, empty where it has no name for it; looks through
-/// all devices there are, which takes its time.
+/// The system's description of the adapter of `device`, empty if it has none. Slow, as it goes
+/// through all devices.
 QString AdapterOf(const PortDevice& device);
 
-/// Says that this user lacks permission for `device`, and which group would give it.
+/// The text that this user lacks permission for `device`, and which group would give it.
 QString PermissionHint(const PortDevice& device);
 
-/// The device at the path `name`, its links resolved by the caller.
+/// The device at the path `name`. Anything but a terminal, such as a plain file, counts as absent.
+/// Never blocks, and doesn't open the device if the system has a device tree.
 PortDevice DeviceAt(const QString& name);
 
 /// The device that `number` (1 to 16) names: the user's link in the ports folder, else the fixed
-/// table; nothing for any other number.
+/// table; none for any other number.
 PortDevice DeviceOfPort(int number);
 
 }  // namespace orbkl4

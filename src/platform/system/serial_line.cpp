@@ -3,6 +3,8 @@
 #include "base/run_time_error.h"
 #include "platform/system/port_device.h"
 
+#include <QList>
+#include <QPointer>
 #include <QThread>
 
 #include <algorithm>
@@ -23,8 +25,8 @@ constexpr int bitsPerByte = 10;  // start bit, 8 data bits, stop bit
 
 int HandleOf(const QSerialPort& line) { return static_cast<int>(line.handle()); }
 
-/// Lets a USB adapter hand over each reply at once instead of after up to 16 ms; drivers that know
-/// no such flag refuse, which does no harm.
+/// Makes a USB adapter deliver each reply at once instead of after up to 16 ms. Drivers without
+/// this flag refuse, which does no harm.
 void SetLowLatency([[maybe_unused]] int handle) {
 #ifdef Q_OS_LINUX
     serial_struct serial{};
@@ -37,6 +39,23 @@ void SetLowLatency([[maybe_unused]] int handle) {
 int UnsentBytes(int handle) {
     int count = 0;
     return ::ioctl(handle, TIOCOUTQ, &count) == 0 ? count : 0;
+}
+
+/// The lines that this process has opened, closed ones among them; null once destroyed.
+QList<QPointer<const QSerialPort>>& LinesOpened() {
+    static QList<QPointer<const QSerialPort>> lines;
+    return lines;
+}
+
+void Remember(const QSerialPort& line) {
+    LinesOpened().removeAll(nullptr);
+    if (!LinesOpened().contains(&line)) LinesOpened() += &line;
+}
+
+bool IsOpenHere(const QSerialPort& line) {
+    return std::ranges::any_of(LinesOpened(), [&](const QPointer<const QSerialPort>& other) {
+        return other && other->isOpen() && other->portName() == line.portName();
+    });
 }
 
 void RequireUse(const PortDevice& device, const std::string& port) {
@@ -77,8 +96,13 @@ void OpenLine(QSerialPort& line, const PortDevice& device, const std::string& po
               const LineSettings& settings) {
     RequireUse(device, port);
     line.setPortName(device.name);
+    if (IsOpenHere(line)) {
+        Raise(ErrorNumber::PortAlreadyOpen,
+              "Port in use: " + port + " is open in this program already");
+    }
     Apply(line, settings);
     if (!line.open(QIODevice::ReadWrite)) RaiseOpenError(line, port);
+    Remember(line);
     SetLowLatency(HandleOf(line));
     line.clear(QSerialPort::Input);
 }
@@ -94,8 +118,8 @@ bool HasSomethingToRead(const QSerialPort& line) {
 }
 
 void SendAtOnce(QSerialPort& line, const Bytes& bytes) {
-    // Straight to the system: the port object's own write would have the event loop wake twice more
-    // for each request. It takes what the line has no room for, and reports a line that is gone.
+    // Straight to the system, as QSerialPort's own write would wake the event loop twice more for
+    // each request. QSerialPort takes what the line has no room for, and reports a dead line.
     const auto* data = reinterpret_cast<const char*>(bytes.data());
     const auto count = static_cast<qint64>(bytes.size());
     const bool inOrder = line.bytesToWrite() == 0;

@@ -16,8 +16,8 @@ struct PortDevice;
 std::string PortText(int number, const QString& device);
 
 /// Opens `device` for this program alone and discards what it had received before; `port` names it
-/// in error texts. Error 8002 where it is absent or can't be opened, 70 where this user lacks
-/// permission, and 8005 where the line is in use.
+/// in error texts. Error 8002 if it is absent or can't be opened, 70 if this user lacks permission,
+/// and 8005 if the line is in use.
 void OpenLine(QSerialPort& line, const PortDevice& device, const std::string& port,
               const LineSettings& settings);
 
@@ -27,15 +27,15 @@ bool LineIsDead(const QSerialPort& line);
 /// Whether a read would find bytes or an error.
 bool HasSomethingToRead(const QSerialPort& line);
 
-/// Hands `bytes` to the operating system at once; of a line that is gone, `errorOccurred` tells.
+/// Hands `bytes` to the operating system at once; emits `errorOccurred` if the line is gone.
 void SendAtOnce(QSerialPort& line, const Bytes& bytes);
 
-/// When `count` bytes, handed over now, have had their time on the line, if those handed over
-/// before have had theirs at `before`.
+/// When `count` bytes handed over now will have left the line, if those handed over before will
+/// have left it at `before`.
 QDeadlineTimer SentAt(const QSerialPort& line, std::size_t count, const QDeadlineTimer& before);
 
-/// Waits until `sent`, and up to 5 ms more while the device holds unsent bytes; returns at once
-/// where the line is dead.
+/// Waits until `sent`, and up to 5 ms more while the device holds unsent bytes; returns at once if
+/// the line is dead.
 void AwaitSent(QSerialPort& line, const QDeadlineTimer& sent);
 
 }  // namespace orbkl4

@@ -18,10 +18,10 @@ QString FullKey(const char* section, const char* key) {
     return QLatin1String(section) + QLatin1Char('/') + QLatin1String(key);
 }
 
-void CheckStatus(const QSettings& store, const char* deed) {
+void CheckStatus(const QSettings& store, const char* action) {
     if (store.status() == QSettings::NoError) return;
     Raise(ErrorNumber::PermissionDenied,
-          std::string("The settings in ") + store.fileName().toStdString() + " can't be " + deed);
+          std::string("The settings in ") + store.fileName().toStdString() + " can't be " + action);
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ std::string GetSetting(const char* application, const char* section, const char*
     CheckStatus(store, "read");
     const QVariant value = store.value(FullKey(section, key));
     if (!value.isValid()) return otherwise;
-    // The INI format takes an unquoted 38400,n,8,1 for a list.
+    // QSettings reads an unquoted 38400,n,8,1 as a list.
     return value.toStringList().join(QLatin1Char(',')).toStdString();
 }
 

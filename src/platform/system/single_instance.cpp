@@ -15,7 +15,7 @@ bool ClaimSingleInstance() {
     const QString path = ConfigPath(QStringLiteral("ORB-KL4-RS232/instance.lock"));
     QDir().mkpath(QFileInfo(path).path());
     auto claim = std::make_unique<QLockFile>(path);
-    // Only the holder's death makes a lock stale, however long it has run.
+    // A lock is stale only when its owner has died, however old it is.
     claim->setStaleLockTime(0);
     if (!claim->tryLock(0) && claim->error() == QLockFile::LockFailedError) return false;
     lock = std::move(claim);

@@ -2,8 +2,8 @@
 
 namespace orbkl4 {
 
-/// Claims the program for this process until its end; false where another running process of the
-/// same user has it. A claim left by a killed process doesn't count.
+/// Makes this process the user's only instance of the program; false if another one is running. The
+/// lock of a killed process doesn't count.
 bool ClaimSingleInstance();
 
 }  // namespace orbkl4

@@ -14,17 +14,23 @@ namespace {
 
 constexpr int overwritePrompt = 2;
 
-/// The suffix that the pattern in a description such as "CSV Files (*.csv)" gives, empty for "*.*".
-QString SuffixOf(const QString& description) {
-    static const QRegularExpression pattern(QStringLiteral(R"(\(\*\.(\w+)\))"));
-    return pattern.match(description).captured(1);
+/// The filters as Qt takes them: it hides the last parentheses and filters by what they hold. To it
+/// "*.*" would be the names with the suffix "*", so all files are "*".
+QStringList QtFilters(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const bool isAll = parts[i + 1] == QLatin1String("*.*");
+        filters +=
+            QStringLiteral("%1 (%2)").arg(parts[i], isAll ? QStringLiteral("*") : parts[i + 1]);
+    }
+    return filters;
 }
 
-QStringList Descriptions(const QString& filter) {
-    const QStringList parts = filter.split(QLatin1Char('|'));
-    QStringList descriptions;
-    for (qsizetype i = 0; i < parts.size(); i += 2) descriptions += parts[i];
-    return descriptions;
+/// The suffix that `qtFilter` gives to a name without one, empty for all files.
+QString SuffixOf(const QString& qtFilter) {
+    static const QRegularExpression pattern(QStringLiteral(R"(\(\*\.(\w+)\)$)"));
+    return pattern.match(qtFilter).captured(1);
 }
 
 }  // namespace
@@ -40,13 +46,14 @@ void CommonDialog::ShowSave() {
     dialog.setOption(QFileDialog::DontConfirmOverwrite, (flags_ & overwritePrompt) == 0);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    const QStringList descriptions = Descriptions(filter_);
-    dialog.setNameFilters(descriptions);
-    dialog.selectNameFilter(descriptions.value(filterIndex_ - 1));
-    const auto followFilter = [&](const QString& chosen) {
-        dialog.setDefaultSuffix(SuffixOf(chosen));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    const QStringList filters = QtFilters(filter_);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(filterIndex_ - 1));
+    const auto followFilter = [&] {
+        dialog.setDefaultSuffix(SuffixOf(dialog.selectedNameFilter()));
     };
-    followFilter(dialog.selectedNameFilter());
+    followFilter();
     connect(&dialog, &QFileDialog::filterSelected, this, followFilter);
     if (!fileName_.isEmpty()) dialog.selectFile(QFileInfo(fileName_).fileName());
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {

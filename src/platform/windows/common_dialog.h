@@ -11,7 +11,7 @@ class CommonDialog : public QObject {
     Q_PROPERTY(QString fileName READ FileName)
 
   public:
-    /// A dialog over the window of `screen`, found by `name`.
+    /// A dialog named `name`, child of `screen`.
     CommonDialog(QObject* screen, const char* name);
 
     /// Whether Cancel raises error 32755.
@@ -23,17 +23,16 @@ class CommonDialog : public QObject {
     /// Pairs of description and pattern, all joined by "|".
     void Filter(const QString& filter) { filter_ = filter; }
 
-    /// The pair offered at first, from 1.
+    /// The number of the pair chosen at first, from 1.
     void FilterIndex(int index) { filterIndex_ = index; }
 
     /// The folder that the dialog shows at first.
     void InitDir(const QString& folder) { initDir_ = folder; }
 
-    /// Full path of the file last chosen, empty before.
+    /// Full path of the file last chosen, empty if none was.
     QString FileName() const { return fileName_; }
 
-    /// Asks for a file to save in; a name without a suffix takes the filter's, before the question
-    /// about overwriting.
+    /// Asks for a file to save in. A name without a suffix gets the chosen filter's.
     void ShowSave();
 
   private:

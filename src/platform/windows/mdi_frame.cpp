@@ -1,6 +1,6 @@
 #include "platform/windows/mdi_frame.h"
 
-#include "platform/windows/look.h"
+#include "platform/windows/colours.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
 
@@ -18,7 +18,7 @@ constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
 constexpr double twipsPerInch = 1440;
 
-/// The strip that bears the title of the child on show.
+/// The strip that shows the title of the visible child.
 QLabel* MakeHeading() {
     auto* heading = new QLabel;
     heading->setObjectName(QStringLiteral("lblHeading"));
@@ -26,7 +26,7 @@ QLabel* MakeHeading() {
     heading->setAutoFillBackground(true);
     heading->setContentsMargins(14, 6, 14, 6);
     QPalette palette = heading->palette();
-    palette.setColor(QPalette::Window, look::accent);
+    palette.setColor(QPalette::Window, colours::accent);
     palette.setColor(QPalette::WindowText, Qt::white);
     heading->setPalette(palette);
     QFont font = heading->font();

@@ -28,7 +28,7 @@ class MdiFrame : public QMainWindow {
     /// Shows `screen` as a small window over the frame, which stays in use.
     void ShowModeless(Screen& screen);
 
-    /// Takes `screen` off the frame and shows the child below it.
+    /// Removes `screen` from the frame and shows the child below it.
     void Remove(Screen& screen);
 
     /// Makes the frame wider (narrower, below 0) by `twips`, of which 1440 make an inch.

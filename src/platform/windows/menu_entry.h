@@ -17,16 +17,16 @@ struct MenuRow {
     bool visible = true;
 };
 
-/// A menu, menu entry or separator. Its check mark is changed by the program alone: a click on it
-/// only raises `Click`.
+/// A menu, menu entry or separator. Only the program changes its check mark; a click just raises
+/// `Click`.
 class MenuEntry : public QAction {
     Q_OBJECT
 
   public:
-    /// The entry of `row`, child of `screen`, found by its name.
+    /// The entry of `row`, child of `screen`.
     MenuEntry(QWidget* screen, const MenuRow& row);
 
-    /// Whether the entry bears its check mark.
+    /// Whether the check mark is shown.
     bool Checked() const { return checked_; }
     void Checked(bool checked);
 
@@ -38,7 +38,7 @@ class MenuEntry : public QAction {
     bool Visible() const { return isVisible(); }
     void Visible(bool visible) { setVisible(visible); }
 
-    /// Gives the entry a menu of its own, to which entries can be added.
+    /// Turns the entry into a menu and returns it.
     QMenu* MakeMenu(QWidget* screen);
 
   signals:

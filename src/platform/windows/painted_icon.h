@@ -7,10 +7,10 @@ class QRectF;
 
 namespace orbkl4 {
 
-/// Paints a picture into a box, as large as its proportions let it be.
+/// Paints a picture as large as fits into the box.
 using ArtworkPainter = void (*)(QPainter& painter, const QRectF& box);
 
-/// An icon that `paint` paints in each size that it is asked for, and not before.
+/// An icon that `paint` paints on demand, in the size needed.
 QIcon PaintedIcon(ArtworkPainter paint);
 
 }  // namespace orbkl4

@@ -8,16 +8,16 @@ class QWidget;
 
 namespace orbkl4 {
 
-/// The `ReSize1` of a screen: keeps its layout in proportion to the window by letting its type grow
-/// with it.
+/// The `ReSize1` of a screen: scales its font with the window, so that the layout keeps its
+/// proportions.
 class ReSize : public QObject {
     Q_OBJECT
 
   public:
     explicit ReSize(QWidget* screen);
 
-    /// The size for which the screen is laid out with type of the usual size; at first what a
-    /// window of 1280 by 800 leaves a screen.
+    /// The size for which the screen is laid out in the usual font; at first the room for a screen
+    /// in a window of 1280 by 800.
     void DesignSize(QSize size);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

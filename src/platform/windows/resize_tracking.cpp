@@ -12,22 +12,22 @@ namespace orbkl4 {
 
 namespace {
 
-/// Runs `follow` whenever size or font of `leader` change.
-class Follower : public QObject {
+/// Runs `adjust` at once and whenever the size or font of `widget` changes.
+class ResizeTracker : public QObject {
   public:
-    Follower(QWidget& leader, std::function<void()> follow)
-        : QObject(&leader), follow_(std::move(follow)) {
-        leader.installEventFilter(this);
-        follow_();
+    ResizeTracker(QWidget& widget, std::function<void()> adjust)
+        : QObject(&widget), adjust_(std::move(adjust)) {
+        widget.installEventFilter(this);
+        adjust_();
     }
 
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) follow_();
+        if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) adjust_();
         return false;
     }
 
   private:
-    std::function<void()> follow_;
+    std::function<void()> adjust_;
 };
 
 QRect CaptionPlace(const QGroupBox& frame) {
@@ -41,8 +41,8 @@ QRect CaptionPlace(const QGroupBox& frame) {
 
 }  // namespace
 
-void PutBesideCaption(QGroupBox& frame, QWidget& control) {
-    new Follower(frame, [&frame, &control] {
+void KeepBesideCaption(QGroupBox& frame, QWidget& control) {
+    new ResizeTracker(frame, [&frame, &control] {
         constexpr int gap = 6;
         const QRect caption = CaptionPlace(frame);
         const int side = caption.height();
@@ -50,9 +50,9 @@ void PutBesideCaption(QGroupBox& frame, QWidget& control) {
     });
 }
 
-void KeepLarger(QWidget& control, double factor) {
+void KeepFontScaled(QWidget& control, double factor) {
     QWidget& parent = *control.parentWidget();
-    new Follower(parent, [&parent, &control, factor] {
+    new ResizeTracker(parent, [&parent, &control, factor] {
         QFont font = parent.font();
         font.setPointSizeF(font.pointSizeF() * factor);
         font.setBold(true);

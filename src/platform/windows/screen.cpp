@@ -1,13 +1,13 @@
 #include "platform/windows/screen.h"
 
-#include "platform/controls/cw_num_edit.h"
+#include "platform/windows/pending_input.h"
 #include "platform/windows/resize.h"
 #include "platform/windows/screen_registry.h"
 
-#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPushButton>
 
 #include <algorithm>
 #include <string_view>
@@ -41,9 +41,7 @@ void Screen::BuildMenu(std::span<const MenuRow> rows) {
             return std::string_view(other.menu) == row.name;
         };
         if (std::ranges::none_of(rows, isEntryOfIt)) continue;
-        // A menu takes no focus from the field that is being typed in.
-        connect(entry->MakeMenu(this), &QMenu::aboutToShow, this,
-                [] { CWNumEdit::CommitPending(); });
+        connect(entry->MakeMenu(this), &QMenu::aboutToShow, this, CommitPendingInput);
     }
 }
 
@@ -64,8 +62,8 @@ void Screen::keyPressEvent(QKeyEvent* event) {
 }
 
 void Screen::PressEnter() {
-    auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
-    QAbstractButton* pressed = focused != nullptr ? focused : defaultButton_;
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    QPushButton* pressed = focused != nullptr ? focused : defaultButton_;
     if (pressed != nullptr) pressed->animateClick();
 }
 

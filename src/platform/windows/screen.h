@@ -7,15 +7,14 @@
 
 #include <span>
 
-class QAbstractButton;
+class QPushButton;
 
 namespace orbkl4 {
 
 class ReSize;
 
-/// One window of the system, found by its name, with its controls, its menus and its handlers. It
-/// is shown inside the frame, or over it as a modal dialog or a modeless window; it doesn't know
-/// which.
+/// One window of the system, with its controls, menus and handlers. It is shown inside the frame,
+/// or over it as a modal dialog or a modeless window.
 class Screen : public QWidget {
     Q_OBJECT
 
@@ -36,21 +35,21 @@ class Screen : public QWidget {
     /// The menu entry `name`, which must exist.
     MenuEntry& Menu(const char* name) const;
 
-    /// The entries that stand in a menu bar while the screen is shown.
+    /// The entries for the menu bar while the screen is shown.
     const QList<QAction*>& MenuBarEntries() const { return menuBarEntries_; }
 
-    /// Whether Esc and the close button of a dialog close it; they do at first.
+    /// Whether Esc and the close button close a dialog; true at first.
     void CloseAllowed(bool allowed) { closeAllowed_ = allowed; }
 
   protected:
-    /// Makes the menu tree of `rows`; a menu stands before its entries, and a row of the menu bar
-    /// without any is an entry itself.
+    /// Makes the menu tree of `rows`. A menu must precede its entries; a row of the menu bar
+    /// without entries is an entry itself.
     void BuildMenu(std::span<const MenuRow> rows);
 
-    /// The button that Enter presses while no other button has the focus.
-    void DefaultButton(QAbstractButton& button) { defaultButton_ = &button; }
+    /// The button that Enter presses unless another push button has the focus.
+    void DefaultButton(QPushButton& button) { defaultButton_ = &button; }
 
-    /// The size for which the layout is made; in a larger window the type grows.
+    /// The size for which the layout is made; in a larger window the font grows.
     void DesignSize(QSize size);
 
     void closeEvent(QCloseEvent* event) override;
@@ -61,7 +60,7 @@ class Screen : public QWidget {
 
     ReSize* resize_;
     QList<QAction*> menuBarEntries_;
-    QAbstractButton* defaultButton_ = nullptr;
+    QPushButton* defaultButton_ = nullptr;
     bool closeAllowed_ = true;
 };
 

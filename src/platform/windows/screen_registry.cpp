@@ -41,7 +41,7 @@ void ActivateLater(Screen* screen) {
 template <typename Place>
 void Show(const char* name, Place place) {
     Screen* screen = LoadScreen(name);
-    if (screen == nullptr || screen->isVisible()) return;
+    if (screen->isVisible()) return;
     place(*screen);
     ActivateLater(screen);
 }
@@ -64,7 +64,10 @@ Screen* LoadScreen(const char* name) {
     const QString key = QString::fromUtf8(name);
     if (Screen* loaded = registry.loaded.value(key)) return loaded;
     const ScreenMaker make = registry.makers.value(key);
-    if (make == nullptr) return nullptr;
+    if (make == nullptr) {
+        Raise(ErrorNumber::SubscriptOutOfRange,
+              std::string("There is no screen named \"") + name + "\"");
+    }
     Screen* screen = make();
     registry.loaded.insert(key, screen);
     screen->Form_Load();

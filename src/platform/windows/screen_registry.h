@@ -7,17 +7,17 @@ namespace orbkl4 {
 class MdiFrame;
 class Screen;
 
-/// Makes one screen; its control name is the one under which it is registered.
+/// Makes a screen; it must have the name under which it is registered.
 using ScreenMaker = Screen* (*)();
 
-/// Makes the screen `name` known, so that others reach it by that name alone.
+/// Makes the screen `name` known to the functions below.
 void RegisterScreen(const char* name, ScreenMaker make);
 
 /// The frame in and over which screens are shown from now on.
 void PlaceScreensIn(MdiFrame* frame);
 
-/// Shows the one instance of `name` inside the frame; it is made and loaded first where there is
-/// none. A name that isn't registered shows nothing.
+/// Shows the one instance of `name` inside the frame and makes it first if needed. Error 9 for a
+/// name that isn't registered.
 void ShowScreen(const char* name);
 
 /// As `ShowScreen`, as a dialog over the frame that must be left first.
@@ -26,14 +26,14 @@ void ShowModalScreen(const char* name);
 /// As `ShowScreen`, as a small window over the frame that doesn't become the active screen.
 void ShowModelessScreen(const char* name);
 
-/// The one instance of `name`, made and loaded where there is none; null where it isn't registered.
+/// The one instance of `name`, made and loaded if needed; error 9 for a name that isn't registered.
 Screen* LoadScreen(const char* name);
 
-/// The instance of `name`, null where none is loaded.
+/// The instance of `name`, null if it isn't loaded.
 Screen* FindScreen(const char* name);
 
 /// Takes `screen` out of the registry, closes its ports and stops its timers; it is destroyed when
-/// no handler is on the stack. Nothing where it has been unloaded already.
+/// no handler is on the stack. Does nothing if it has been unloaded already.
 void UnloadScreen(Screen& screen);
 
 /// Unloads every screen, the topmost first.

@@ -13,13 +13,13 @@ struct PrescalerRow {
     double value;
 };
 
-inline constexpr std::array prescalerRows = std::to_array<PrescalerRow>({
+inline constexpr auto prescalerRows = std::to_array<PrescalerRow>({
     {"opt1", "1", 1},
     {"opt4", "4", 4},
     {"opt16", "16", 16},
 });
 
-/// A factor of the calculation cycle, 1 to `maximum`, that is entered as a number.
+/// A factor of the calculation cycle, 1 to `maximum`, with its number field.
 struct FactorRow {
     const char* name;
     eeprom::Address address;
@@ -28,7 +28,7 @@ struct FactorRow {
     double standard;  ///< the value that "Default" sets
 };
 
-inline constexpr std::array factorRows = std::to_array<FactorRow>({
+inline constexpr auto factorRows = std::to_array<FactorRow>({
     {"NumEdit240", eeprom::timer2Postscaler, "1-16", 16, 16},
     {"NumEdit242", eeprom::timer2Compare, "1-256", 256, 256},
     {"NumEdit246", eeprom::timerTicksInterval, "1-100", 100, 1},

@@ -8,15 +8,15 @@
 
 namespace orbkl4 {
 
-/// One way for the sensor to work: its option button, its name, and the byte for address 132.
+/// An output mode of the sensor: option button, name, and the byte to write to address 132.
 struct OutputMode {
     std::string_view option;
     std::string_view name;
-    std::uint8_t command;  ///< the data command that the sensor repeats; 0 is polled mode
+    std::uint8_t command;  ///< that the sensor repeats; 0 is polled mode
 };
 
 /// All modes in the order of the options; polled mode is the last.
-inline constexpr std::array outputModes = [] {
+inline constexpr auto outputModes = [] {
     using enum DeviceCommand;
     return std::to_array<OutputMode>({
         {"optRSB", "Raw Sensor Bits", ByteOf(CmdRawSensorBits)},
@@ -28,7 +28,7 @@ inline constexpr std::array outputModes = [] {
         {"optIM", "Instantaneous Orientation Matrix", ByteOf(CmdInstantMatrix)},
         {"optGSEA", "Gyro-Stabilized Euler Angles", ByteOf(CmdGyroStabEuler)},
         {"optIEA", "Instantaneous Euler Angles", ByteOf(CmdInstantEuler)},
-        // The next two names stand the other way round from the commands': so they are meant.
+        // The names of the next two are swapped against the commands', on purpose.
         {"optQIV", "Quaternions and Instant Vectors", ByteOf(CmdGyroStabQuatCompVectors)},
         {"optQCV", "Quaternions and Comp Vectors", ByteOf(CmdGyroStabQuatInstantVectors)},
         {"optAAV", "Euler Angles, Accels and Vectors", ByteOf(CmdEulerAccelRate)},

@@ -9,8 +9,8 @@ namespace orbkl4 {
 
 namespace {
 
-/// Takes the text up to the first `mark` off the front of `rest`, the mark too; nothing where there
-/// is no mark.
+/// Removes the text up to and including the first `mark` from `rest` and returns it without the
+/// mark; nothing where there is no mark.
 std::optional<std::string_view> TakeUpTo(char mark, std::string_view& rest) {
     const std::size_t end = rest.find(mark);
     if (end == std::string_view::npos) return std::nullopt;
@@ -19,7 +19,8 @@ std::optional<std::string_view> TakeUpTo(char mark, std::string_view& rest) {
     return taken;
 }
 
-/// Takes the next line without its end; nothing at the end of the text. The last line needs no end.
+/// Removes the next line from `rest` and returns it without its end; nothing at the end of the
+/// text. The last line needs no end.
 std::optional<std::string_view> TakeLine(std::string_view& rest) {
     if (rest.empty()) return std::nullopt;
     std::string_view line = rest;
@@ -31,7 +32,7 @@ std::optional<std::string_view> TakeLine(std::string_view& rest) {
     return line;
 }
 
-/// The first four commas part the fields; the fifth is all that is left.
+/// The first four commas separate the fields; the fifth field is the rest of the line.
 std::optional<TickTableRow> ParsedRow(std::string_view line) {
     TickTableRow row;
     for (std::size_t field = 0; field + 1 < row.size(); ++field) {

@@ -15,17 +15,17 @@ using TickTableRows = std::array<TickTableRow, 231>;
 
 inline constexpr std::string_view tickTableTitle = "Kestrelmoor ORB-KL4 Time Tick Table 3.1.01";
 
-/// How loading the table ended.
+/// The result of loading the table.
 enum class TickTableVerdict { Loaded, NotFound, NotValid, LoadingFailed };
 
-/// Takes the rows from the `contents` of the table file, its lines ended by LF or CR LF; `rows`
-/// stays as it was unless they are `Loaded`.
+/// Parses the `contents` of the table file, with lines that end in LF or CR LF; `rows` changes only
+/// where the result is `Loaded`.
 TickTableVerdict ParseTimeTickTable(std::string_view contents, TickTableRows& rows);
 
-/// What the user is told of a verdict; empty for `Loaded`.
+/// The message for a verdict; empty for `Loaded`.
 std::string_view TickTableMessage(TickTableVerdict verdict);
 
-/// The first row whose interval is just the text `key`, nullptr where there is none.
+/// The first row whose interval is exactly the text `key`, nullptr where there is none.
 const TickTableRow* FindTickTableRow(const TickTableRows& rows, std::string_view key);
 
 }  // namespace orbkl4

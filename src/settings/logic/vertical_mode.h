@@ -8,18 +8,18 @@
 
 namespace orbkl4 {
 
-/// What the EEPROM words 120 and 126 make of the sensor.
+/// The mode of the sensor, which the EEPROM words 120 and 126 determine.
 enum class GyroMode : std::uint8_t { Vertical, Normal, Other };
 
 /// The writes that set vertical gyro mode, in order.
-inline constexpr std::array verticalModeWrites = {EepromWrite{eeprom::biasCompensationType, 0},
-                                                  EepromWrite{eeprom::magneticErrorGain, 0}};
+inline constexpr auto verticalModeWrites =
+    std::to_array<EepromWrite>({{eeprom::biasCompensationType, 0}, {eeprom::magneticErrorGain, 0}});
 
 /// The writes that set normal mode, in order.
-inline constexpr std::array normalModeWrites = {EepromWrite{eeprom::biasCompensationType, 1},
-                                                EepromWrite{eeprom::magneticErrorGain, 100}};
+inline constexpr auto normalModeWrites = std::to_array<EepromWrite>(
+    {{eeprom::biasCompensationType, 1}, {eeprom::magneticErrorGain, 100}});
 
-/// The mode that the words at 120 and 126 make.
+/// The mode for the words at 120 and 126.
 constexpr GyroMode GyroModeOf(double word120, double word126) {
     const auto holds = [&](const std::array<EepromWrite, 2>& writes) {
         return word120 == writes[0].word && word126 == writes[1].word;

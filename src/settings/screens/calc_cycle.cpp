@@ -18,18 +18,28 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <array>
 #include <exception>
 
 namespace orbkl4 {
 
 namespace {
 
-/// The replies to the second and third write pass whatever their checksums.
-constexpr bool mustPass[] = {true, false, false, true};
+/// The checksums of the second and third reply are not compared, on purpose.
+constexpr auto mustPass = std::to_array<bool>({true, false, false, true});
 
 }  // namespace
 
-CalcCycle::CalcCycle() : Screen("CalcCycle", "Set Timer Tick Interval") {
+CalcCycle::CalcCycle()
+    : Screen("CalcCycle", "Set Timer Tick Interval"),
+      // The word at 244 is read too, and not used.
+      readRun_{.screen = *this,
+               .port = readPort_,
+               .timer = timer_,
+               .first = eeprom::timer2Prescaler,
+               .last = eeprom::timerTicksInterval,
+               .take = [this](auto address, double number) { TakeWord(address, number); },
+               .end = [this] { EnableEntries(true); }} {
     BuildLayout();
     ConnectMenu();
     ConnectControls();
@@ -71,23 +81,12 @@ void CalcCycle::Form_Activate() {
     });
 }
 
-EepromReadRun CalcCycle::Reading() {
-    // The word at 244 is read too, and dropped.
-    return {.screen = *this,
-            .port = readPort_,
-            .timer = timer_,
-            .first = eeprom::timer2Prescaler,
-            .last = eeprom::timerTicksInterval,
-            .take = [this] { TakeWord(); },
-            .end = [this] { EnableEntries(true); }};
-}
-
 Exchange CalcCycle::Writing() {
     return {.screen = *this,
             .port = writePort_,
             .entry = Menu("mnuCalcCycle"),
             .others = {&Menu("mnuCalcCycleDefault")},
-            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 double CalcCycle::Prescaler() const {
@@ -131,27 +130,23 @@ void CalcCycle::EnableEntries(bool enabled) const {
         Menu(entry).Enabled(enabled);
 }
 
-void CalcCycle::TakeWord() const {
-    if (AppState.CurrentEEPROMAddress == eeprom::timer2Prescaler)
-        SelectPrescaler(AppState.EEPROMValue);
-    for (std::size_t i = 0; i < factors_.size(); ++i) {
-        if (AppState.CurrentEEPROMAddress == factorRows.at(i).address)
-            factors_.at(i)->Value(AppState.EEPROMValue);
-    }
+void CalcCycle::TakeWord(eeprom::Address address, double number) const {
+    if (address == eeprom::timer2Prescaler) SelectPrescaler(number);
+    for (std::size_t i = 0; i < factors_.size(); ++i)
+        if (address == factorRows.at(i).address) factors_.at(i)->Value(number);
 }
 
 void CalcCycle::WriteAll() {
-    std::array<EepromWrite, std::size(mustPass)> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
+    std::array<EepromWrite, mustPass.size()> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
     for (std::size_t i = 0; i < factors_.size(); ++i)
         writes.at(i + 1) = {factorRows.at(i).address, factors_.at(i)->Value()};
     WriteWords(writePort_, writes);
 }
 
 void CalcCycle::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableEntries(false);
-        StartEepromRead(Reading());
+        StartEepromRead(readRun_);
     });
 }
 
@@ -193,18 +188,16 @@ void CalcCycle::CWSlide1_ValueChanged(double value) {
 }
 
 void CalcCycle::TimerRead_Timer() {
-    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
 void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
-        TakeReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good: ShowMessage("Set Calc Cycle succeeded!"); break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage("Set Calc Cycle failed checksum!"); break;
-        }
+        CollectReply(writing);
+        ShowMessage(WriteVerdictText(CheckWriteReplies(AppState.CommandBytes, mustPass),
+                                     "Set Calc Cycle succeeded!",
+                                     "Set Calc Cycle failed checksum!"));
         EndExchange(writing);
     });
 }

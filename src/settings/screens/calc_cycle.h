@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 #include "link/exchange.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
@@ -21,8 +21,8 @@ class CWSlide;
 class OptionButton;
 class TextField;
 
-/// Sets the interval of the sensor's calculation cycle, by its four words or by a slider that picks
-/// them from a table.
+/// Sets the interval of the sensor's calculation cycle: its four words one by one, or by a slider
+/// that takes them from a table.
 class CalcCycle : public Screen {
     Q_OBJECT
 
@@ -41,7 +41,6 @@ class CalcCycle : public Screen {
     void ConnectMenu();
     void ConnectControls();
 
-    EepromReadRun Reading();
     Exchange Writing();
     double Prescaler() const;
     void SelectPrescaler(double prescaler) const;
@@ -49,7 +48,7 @@ class CalcCycle : public Screen {
     void ComputeTickInterval() const;
     void ApplyTickTableRow(const std::string& key) const;
     void EnableEntries(bool enabled) const;
-    void TakeWord() const;
+    void TakeWord(eeprom::Address address, double number) const;
     void WriteAll();
 
     void mnuRead_Click();
@@ -65,6 +64,7 @@ class CalcCycle : public Screen {
     MSComm writePort_{this, "MSComm1"};
     MSComm readPort_{this, "MSComm3"};
     Timer timer_{this, "TimerRead", readMilliseconds};
+    EepromReadRun readRun_;
     TickTableRows tickTable_;
     QGroupBox* fraCalc1_ = nullptr;
     QLabel* lblSlider_ = nullptr;

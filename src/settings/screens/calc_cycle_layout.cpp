@@ -12,26 +12,26 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
 #include <string_view>
 
 namespace orbkl4 {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuCalcCycle", "Set &Calc Cycle", "mnuFile"},
     {"mnuCalcCycleDefault", "Set Calc Cycle to &Default", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
 constexpr Axis intervals{.minimum = 2, .maximum = 25, .marks = 1, .subMarks = 0.5};
 constexpr double intervalStep = 0.1;
 constexpr double readoutGrowth = 1.4;
 constexpr QSize designSize(900, 520);
-constexpr std::uint32_t readOnlyColour = 0xE0E0E0;
 
 }  // namespace
 
@@ -58,7 +58,7 @@ QGroupBox* CalcCycle::BuildAutoSet() {
     slide_->Value(intervals.minimum);
     lblSlider_ = MakeLabel(fraCalc1_, "lblSlider", "2.00");
     lblSlider_->setAlignment(Qt::AlignCenter);
-    KeepLarger(*lblSlider_, readoutGrowth);
+    KeepFontScaled(*lblSlider_, readoutGrowth);
     auto* row = new QHBoxLayout(fraCalc1_);
     row->setSpacing(12);
     row->addWidget(slide_, 8);
@@ -107,13 +107,13 @@ QGroupBox* CalcCycle::BuildPrescaler(QWidget* parent) {
 
 QLayout* CalcCycle::BuildInterval() {
     txtCC_ = Named(new TextField(this), "txtCC");
-    txtCC_->BackColorText(readOnlyColour);
+    txtCC_->BackColorText(unusedBackground);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
     row->addWidget(MakeLabel(this, "lblCC", "Current Timer Tick Interval"));
     row->addWidget(txtCC_);
     row->addWidget(MakeLabel(this, "lblMsec", "msec"));
-    KeepLarger(*txtCC_, readoutGrowth);
+    KeepFontScaled(*txtCC_, readoutGrowth);
     row->addStretch(1);
     return row;
 }

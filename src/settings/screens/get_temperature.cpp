@@ -84,7 +84,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     constexpr int digits = 7;
     auto* field = Named(new TextField(this), name);
     field->Decimals(1);
-    KeepLarger(*field, readoutGrowth);
+    KeepFontScaled(*field, readoutGrowth);
     field->Characters(digits);
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
@@ -101,7 +101,7 @@ void GetTemperature::Form_Load() {
 
 void GetTemperature::cmdGet_Click() {
     Trap("cmdGet_Click", [this] {
-        // Emptying the first fills the others once more.
+        // Emptying the first field fills the others again.
         for (TextField* field : {celsius_, fahrenheit_, reaumur_, kelvin_, rankine_})
             field->Text("");
         slide_->Value(0);
@@ -114,12 +114,12 @@ void GetTemperature::cmdGet_Click() {
 void GetTemperature::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         port_.Input(AppState.CommandBytes);
-        TakeReply();
+        ShowReply();
         CloseCommPort(port_, *this);
     });
 }
 
-void GetTemperature::TakeReply() {
+void GetTemperature::ShowReply() {
     if (!HasFrames(AppState.CommandBytes, command)) {
         ShowMessage("Temperature return failed! Try again.");
     } else if (!CheckTemperatureReply(AppState.CommandBytes, SampleState, degreesCelsius_)) {
@@ -131,7 +131,7 @@ void GetTemperature::TakeReply() {
     }
 }
 
-/// Runs inside whatever changes the text, and its errors are that procedure's.
+/// Without a trap of its own: its errors are those of the handler that changes the text.
 void GetTemperature::txtC_Change() {
     fahrenheit_->Text(ScreenText(FahrenheitOf(degreesCelsius_)));
     reaumur_->Text(ScreenText(ReaumurOf(degreesCelsius_)));

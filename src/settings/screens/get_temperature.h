@@ -25,7 +25,7 @@ class GetTemperature : public Screen {
     QLayout* BuildFields();
     TextField* AddField(QGridLayout& grid, const char* name, const char* labelName,
                         const char* caption);
-    void TakeReply();
+    void ShowReply();
     void txtC_Change();
     void cmdGet_Click();
     void cmdOK_Click();
@@ -38,7 +38,7 @@ class GetTemperature : public Screen {
     TextField* reaumur_ = nullptr;
     TextField* kelvin_ = nullptr;
     TextField* rankine_ = nullptr;
-    double degreesCelsius_ = 0;  ///< holds the raw word of a reply until that is found good
+    double degreesCelsius_ = 0;  ///< the raw word while a reply is checked
 };
 
 }  // namespace orbkl4

@@ -10,7 +10,7 @@ namespace orbkl4 {
 
 class OptionButton;
 
-/// Puts the sensor into polled mode or has it repeat one data command by itself.
+/// Sets the sensor to polled mode, or to continuous mode with one of the data commands.
 class SetMode : public Screen {
     Q_OBJECT
 

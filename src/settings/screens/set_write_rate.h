@@ -8,7 +8,7 @@ namespace orbkl4 {
 
 class CWNumEdit;
 
-/// Sets how many samples a second are written to data files at most.
+/// Sets the greatest number of samples per second that are written to data files.
 class SetWriteRate : public Screen {
     Q_OBJECT
 

@@ -12,11 +12,12 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include <array>
 #include <string>
 
 namespace orbkl4 {
 
-/// How the sensor is set to one of the two modes, and what is told of it.
+/// How the sensor is set to one of the two modes, with the messages about it.
 struct ModeSetting {
     const char* entry;
     const char* otherEntry;
@@ -30,29 +31,41 @@ struct ModeSetting {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {
+constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuSet", "&Set Vertical Gyro Mode", "mnuFile"},
     {"mnuRemove", "Set &Normal Mode", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
-};
+});
 
-constexpr ModeSetting settings[] = {
+constexpr auto settings = std::to_array<ModeSetting>({
     {"mnuSet", "mnuRemove", "MSComm1", "optVertical", GyroMode::Vertical, verticalModeWrites,
      "Set Vertical Gyro Mode succeeded!", "Set Vertical Gyro failed checksum!"},
     {"mnuRemove", "mnuSet", "MSComm2", "optNormal", GyroMode::Normal, normalModeWrites,
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
-};
+});
 
 constexpr QSize designSize(900, 480);
 
-constexpr bool mustPass[] = {true, true};
+constexpr auto mustPass = std::to_array<bool>({true, true});
 
 }  // namespace
 
-Vertical::Vertical() : Screen("Vertical", "Vertical Gyro Mode") {
+Vertical::Vertical()
+    : Screen("Vertical", "Vertical Gyro Mode"),
+      readRun_{.screen = *this,
+               .port = readPort_,
+               .timer = timer_,
+               .first = eeprom::biasCompensationType,
+               .last = eeprom::magneticErrorGain,
+               .step = eeprom::magneticErrorGain - eeprom::biasCompensationType,
+               .take =
+                   [this](auto address, double number) {
+                       (address == eeprom::biasCompensationType ? value120_ : value126_) = number;
+                   },
+               .end = [this] { EndReading(); }} {
     BuildMenu(menuTree);
     BuildLayout();
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Vertical::mnuRead_Click);
@@ -88,23 +101,12 @@ void Vertical::Form_Activate() {
     Trap("Form_Activate", [this] { mnuRead_Click(); });
 }
 
-EepromReadRun Vertical::Reading() {
-    return {.screen = *this,
-            .port = readPort_,
-            .timer = timer_,
-            .first = eeprom::biasCompensationType,
-            .last = eeprom::magneticErrorGain,
-            .step = eeprom::magneticErrorGain - eeprom::biasCompensationType,
-            .take = [this] { TakeWord(); },
-            .end = [this] { EndReading(); }};
-}
-
 Exchange Vertical::Writing(const ModeSetting& setting) {
     return {.screen = *this,
             .port = *findChild<MSComm*>(QLatin1String(setting.port)),
             .entry = Menu(setting.entry),
             .others = {&Menu(setting.otherEntry)},
-            .replyLength = std::size(mustPass) * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 OptionButton& Vertical::Option(const ModeSetting& setting) const {
@@ -113,11 +115,6 @@ OptionButton& Vertical::Option(const ModeSetting& setting) const {
 
 void Vertical::EnableEntries(bool enabled) const {
     for (const char* entry : {"mnuRead", "mnuSet", "mnuRemove"}) Menu(entry).Enabled(enabled);
-}
-
-void Vertical::TakeWord() {
-    const bool first = AppState.CurrentEEPROMAddress == eeprom::biasCompensationType;
-    (first ? value120_ : value126_) = AppState.EEPROMValue;
 }
 
 void Vertical::EndReading() {
@@ -136,15 +133,14 @@ void Vertical::ClearOptions() const {
 }
 
 void Vertical::mnuRead_Click() {
-    Trap("mnuRead_Click", [this] {
-        MousePointer(Pointer::Hourglass);
+    TrapUnderHourglass("mnuRead_Click", [this] {
         EnableEntries(false);
-        StartEepromRead(Reading());
+        StartEepromRead(readRun_);
     });
 }
 
 void Vertical::TimerRead_Timer() {
-    Trap("TimerRead_Timer", [this] { EepromReadTick(Reading()); });
+    Trap("TimerRead_Timer", [this] { EepromReadTick(readRun_); });
 }
 
 void Vertical::SetEntry_Click(const ModeSetting& setting) {
@@ -163,15 +159,10 @@ void Vertical::SetEntry_Click(const ModeSetting& setting) {
 void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
-        TakeReply(writing);
-        switch (CheckWriteReplies(AppState.CommandBytes, mustPass)) {
-            case WriteVerdict::Good:
-                Option(setting).Value(true);
-                ShowMessage(setting.succeeded);
-                break;
-            case WriteVerdict::Malformed: ShowMessage("Return bytes and/or header failed!"); break;
-            case WriteVerdict::BadChecksum: ShowMessage(setting.failed); break;
-        }
+        CollectReply(writing);
+        const WriteVerdict verdict = CheckWriteReplies(AppState.CommandBytes, mustPass);
+        if (verdict == WriteVerdict::Good) Option(setting).Value(true);
+        ShowMessage(WriteVerdictText(verdict, setting.succeeded, setting.failed));
         EndExchange(writing);
     });
 }

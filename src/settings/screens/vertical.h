@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/eeprom_read_run.h"
+#include "link/eeprom_runs.h"
 #include "link/exchange.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
@@ -23,11 +23,9 @@ class Vertical : public Screen {
   private:
     void BuildLayout();
     void ConnectSetting(const ModeSetting& setting);
-    EepromReadRun Reading();
     Exchange Writing(const ModeSetting& setting);
     OptionButton& Option(const ModeSetting& setting) const;
     void EnableEntries(bool enabled) const;
-    void TakeWord();
     void EndReading();
     void ClearOptions() const;
 
@@ -43,6 +41,7 @@ class Vertical : public Screen {
     MSComm normalPort_{this, "MSComm2"};
     MSComm readPort_{this, "MSComm3"};
     Timer timer_{this, "TimerRead", readMilliseconds};
+    EepromReadRun readRun_;
     double value120_ = 0;
     double value126_ = 0;
 };

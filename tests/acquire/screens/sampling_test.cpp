@@ -18,6 +18,19 @@ class Sampling : public ViewTest {
     /// A packet of vectors of the ticks given, all else 0.
     static Bytes Ticks(unsigned ticks) { return Frame(0x02, {0, 0, 0, 0, 0, 0, 0, 0, 0, ticks}); }
 
+    /// Opens `name` without ticks of its watchdog but those of `Tick`.
+    Screen& OpenUnwatched(const char* name) {
+        Screen& screen = Open(name);
+        Get<Timer>(screen, "TimerSampling").Interval(0);
+        return screen;
+    }
+
+    /// Ticks the watchdog when the last reply is `seconds` old.
+    static void Tick(const Screen& screen, std::int64_t seconds) {
+        SampleState.LastReplyTime = MonotonicSeconds() - seconds;
+        emit Get<Timer>(screen, "TimerSampling").Tick();
+    }
+
     static std::vector<int> SavedTicks(const QString& leaf) {
         std::vector<int> ticks;
         for (const QString& row : Rows(leaf))
@@ -99,9 +112,9 @@ TEST_F(Sampling, AMatrixWithoutDeterminantIsABadPacket) {
 }
 
 TEST_F(Sampling, TheWatchdogRestartsASilentChannelAndFlushesItsPort) {
-    Screen& screen = Open("SensorBits");
+    Screen& screen = OpenUnwatched("SensorBits");
     auto& lblWarning = Get<QWidget>(screen, "lblWarning");
-    Get<Timer>(screen, "TimerSampling").Interval(20);
+    auto& port = Get<MSComm>(screen, "MSComm1");
     Bytes tooShort = rawFrame;
     tooShort.pop_back();
     Script(0x01, {rawFrame, tooShort});
@@ -109,16 +122,20 @@ TEST_F(Sampling, TheWatchdogRestartsASilentChannelAndFlushesItsPort) {
     Click(screen, "mnuSample");
     ASSERT_TRUE(AwaitRequests(2));
     EXPECT_FALSE(lblWarning.isVisible());
-    LetPass(60);
+    Tick(screen, 0);
     EXPECT_EQ(Texts(screen, rawFields), rawTexts) << "no second has passed yet";
-    SampleState.LastReplyTime = MonotonicSeconds() - 2;
-    ASSERT_TRUE(AwaitRequests(4)) << "asked anew, and again, as long as nothing comes";
+    const auto shortLength = static_cast<std::int16_t>(tooShort.size());
+    ASSERT_TRUE(WaitFor([&] { return port.InBufferCount() == shortLength; }));
+    Tick(screen, 2);
+    Tick(screen, 2);
+    ASSERT_TRUE(AwaitRequests(4)) << "asked again, as long as nothing comes";
     EXPECT_TRUE(lblWarning.isVisible());
     EXPECT_TRUE(screen.Menu("mnuSample").Checked());
     EXPECT_EQ(Texts(screen, rawFields), noTexts);
     EXPECT_FALSE(Lit(screen, "LED"));
     EXPECT_TRUE(SampleState.SaveActive);
     sensor.ReplyOnceTo(0x01, rawFrame);
+    Tick(screen, 2);
     ASSERT_TRUE(WaitFor([&] { return Texts(screen, rawFields) == rawTexts; }))
         << "the short reply's bytes are gone";
     EXPECT_FALSE(lblWarning.isVisible());
@@ -151,7 +168,7 @@ TEST_F(Sampling, SavingGoesOnAndOff) {
 }
 
 TEST_F(Sampling, AnErrorInAReplyEndsTheChainAndTheWatchdogMendsIt) {
-    Screen& screen = Open("SensorBits");
+    Screen& screen = OpenUnwatched("SensorBits");
     Script(0x01, {rawFrame, rawFrame});
     const BoxAnswerer boxes({}, QMessageBox::Retry);
     AppState.CounterFrequency = 0;
@@ -161,8 +178,7 @@ TEST_F(Sampling, AnErrorInAReplyEndsTheChainAndTheWatchdogMendsIt) {
     LetPass(20);
     EXPECT_EQ(sensor.Requests().size(), 1U);
     AppState.CounterFrequency = PerformanceFrequency();
-    SampleState.LastReplyTime = 0;
-    Get<Timer>(screen, "TimerSampling").Interval(20);
+    Tick(screen, 2);
     ASSERT_TRUE(AwaitRequests(3));
     EXPECT_EQ(Texts(screen, rawFields), rawTexts);
 }

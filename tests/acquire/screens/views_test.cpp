@@ -21,12 +21,13 @@ struct ChannelCase {
     std::vector<unsigned> words;  ///< payload and ticks
     const char* fields;
     const char* texts;  ///< what the fields show
-    const char* row;    ///< the row of the file behind its time
+    const char* row;    ///< the row of the file after its time
 };
 
-// By hand: a field word s at gain g shows g s / 32768000 rounded to 4 places, a quaternion word
-// s / 8192, an angle word 360 s / 65536 rounded to 1 place, s being signed but in the last angle of
-// AnglesAccRate; a matrix is divided by its determinant. The last text is the sum modulo 65536.
+// Worked out by hand: a field word s at gain g shows g s / 32768000 rounded to 4 places, a
+// quaternion word s / 8192, an angle word 360 s / 65536 rounded to 1 place, s being signed but in
+// the last angle of AnglesAccRate; a matrix is divided by its determinant. The last text is the sum
+// modulo 65536.
 const std::vector<ChannelCase>& ChannelCases() {
     static const std::vector<ChannelCase> cases = {
         {"SensorBits mnuSample LED",

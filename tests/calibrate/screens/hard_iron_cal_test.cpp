@@ -4,7 +4,7 @@
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/screen_registry.h"
-#include "simulator/surroundings.h"
+#include "simulator/environment.h"
 #include "state/app_state.h"
 #include "support/box_answerer.h"
 #include "support/frames.h"
@@ -218,7 +218,7 @@ TEST_F(HardIron, CollectsAroundBadReplies) {
 TEST_F(HardIron, ASilentSensorIsAskedAfreshUntilItAnswers) {
     sensor.SetSilent(true);
     Click(*screen, "mnuCollect");
-    Get<Timer>(*screen, "TimerSampling").Interval(20);
+    Get<Timer>(*screen, "TimerSampling").Interval(200);
     auto& warning = Get<QWidget>(*screen, "lblWarning");
     ASSERT_TRUE(WaitFor([&] { return warning.isVisible() && Heard().size() >= 3; }));
     EXPECT_TRUE(Checked("mnuCollect"));

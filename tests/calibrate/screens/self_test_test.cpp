@@ -122,7 +122,7 @@ TEST_F(SelfTest, AShiftShowsInTheRawWords) {
 TEST_F(SelfTest, ASilentSensorIsAskedAfresh) {
     sensor.SetSilent(true);
     Click(screen, "mnuSample");
-    Get<Timer>(screen, "TimerSampling").Interval(20);
+    Get<Timer>(screen, "TimerSampling").Interval(200);
     auto& warning = Get<QWidget>(screen, "lblWarning");
     ASSERT_TRUE(WaitFor([&] { return warning.isVisible() && Heard().size() >= 3; }));
     sensor.SetSilent(false);

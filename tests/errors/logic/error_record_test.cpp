@@ -8,7 +8,7 @@
 namespace orbkl4 {
 namespace {
 
-TEST(ErrorRecord, DayComesFirstAndTheClockHasTwelveHours) {
+TEST(ErrorRecord, HasTheDayFirstAndATwelveHourClock) {
     std::tm time{};
     time.tm_year = 124;  // 2024
     time.tm_mon = 1;     // February

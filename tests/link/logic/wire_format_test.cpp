@@ -1,5 +1,6 @@
 #include "base/run_time_error.h"
 #include "link/logic/eeprom_address.h"
+#include "link/logic/fault_texts.h"
 #include "link/logic/frame_check.h"
 #include "link/logic/identity.h"
 #include "link/logic/requests.h"
@@ -7,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
 #include <vector>
 
 namespace orbkl4 {
@@ -14,20 +17,9 @@ namespace {
 
 using enum DeviceCommand;
 
-TEST(Words, SplitAfterRoundingHalfToEven) {
-    struct Case {
-        double number;
-        int high, low;
-    };
-    for (const auto& [number, high, low] :
-         {Case{32768, 0x80, 0x00}, Case{255.5, 0x01, 0x00}, Case{254.5, 0x00, 0xFE},
-          Case{-0.5, 0x00, 0x00}, Case{65535.4, 0xFF, 0xFF}}) {
-        EXPECT_EQ(ValueToMSB(number), high) << number;
-        EXPECT_EQ(ValueToLSB(number), low) << number;
-    }
-}
-
 TEST(Words, OutsideTheRangeOverflow) {
+    EXPECT_EQ(ValueToMSB(-0.5), 0);  // rounded half to even first
+    EXPECT_EQ(ValueToLSB(255.5), 0);
     for (const double number : {-1.0, -255.0, -256.0, 65536.0, 1e10, -1e10})
         EXPECT_THROW(ValueToMSB(number), RuntimeError) << number;
     for (const double number : {-1.0, -255.0, 1e10})
@@ -62,6 +54,8 @@ TEST(FrameCheck, FindsTheFirstFaultInTheOrderHeaderLengthChecksum) {
         {"sum of 65536 wraps to 0", {0x28, 0xFF, 0xD8, 0x00, 0x00, 0x00, 0x00}, ReplyFault::None},
         {"sum of 131110 wraps to 38", {0x28, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x26}, ReplyFault::None},
         {"wrong header, short", {0x29, 0x12}, ReplyFault::Header},
+        {"short", {0x28, 0, 1, 0, 2}, ReplyFault::Length},
+        {"a word more", {0x28, 0, 0, 0, 0, 0, 0x28, 0, 0x28}, ReplyFault::Length},
         // 40 + 4660 + 1 = 4701 = 0x125D
         {"low byte of the sum", {0x28, 0x12, 0x34, 0x00, 0x01, 0x12, 0x5C}, ReplyFault::Checksum},
         {"high byte of the sum", {0x28, 0x12, 0x34, 0x00, 0x01, 0x13, 0x5D}, ReplyFault::Checksum},
@@ -70,13 +64,26 @@ TEST(FrameCheck, FindsTheFirstFaultInTheOrderHeaderLengthChecksum) {
         EXPECT_EQ(CheckReply(reply, CmdReadEeprom), fault) << what;
 }
 
-TEST(FrameCheck, AnEmptyReplyHasNoByteToTest) {
-    try {
-        HasFrames({}, CmdWriteEeprom, 4);
-        ADD_FAILURE();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::SubscriptOutOfRange);
-    }
+TEST(FrameCheck, HasAQuestionForEachFaultOfEachReply) {
+    struct Case {
+        DeviceCommand command;
+        std::array<const char*, 3> faults;
+    };
+    using enum ReplyFault;
+    for (const auto& [command, faults] : std::to_array<Case>({
+             {CmdReadEeprom,
+              {"Read EEPROM Error: header is not 0x28!",
+               "Read EEPROM Error: packet length is <> 7 bytes!",
+               "Read EEPROM Error: checksum failed!"}},
+             {CmdReadSystemGains,
+              {"Header is not 0x25!", "Packet length is <> 11 bytes!", "Checksum failed!"}},
+             {CmdWriteSystemGains,
+              {"Header is not 0x24!", "Packet length is <> 5 bytes!", "Checksum failed!"}},
+         }))
+        for (std::size_t i = 0; const ReplyFault fault : {Header, Length, Checksum})
+            EXPECT_EQ(RetryText(command, fault),
+                      std::string(faults.at(i++)) +
+                          " Click Retry to attempt re-read or Cancel to skip over.");
 }
 
 TEST(Identity, FirmwareReplyOfTheSearchIsNotWrapped) {

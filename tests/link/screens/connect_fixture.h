@@ -19,16 +19,20 @@ using Texts = std::vector<std::string>;
 inline const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 inline const Bytes firmwareRequest{0xF0};
 
-/// Written after each successful test, and by the reset.
+/// Written after each successful test and by the reset.
 inline const std::vector<Bytes> defaults{polledMode,
                                          {0x29, 0x71, 0x00, 0xEE, 0x00, 0x10, 0xAA},
                                          {0x29, 0x71, 0x00, 0xF0, 0x00, 0x10, 0xAA},
                                          {0x29, 0x71, 0x00, 0xF2, 0x01, 0x00, 0xAA},
                                          {0x29, 0x71, 0x00, 0xF6, 0x00, 0x01, 0xAA}};
 
+inline const std::string autoFailure =
+    "ORB-KL4 not found on comm ports 1-16! Check your cable, power supply, comm port, etc. If BAUD "
+    "RATE was changed, cycle the ORB-KL4 power. Click Retry to attempt re-connect or Cancel to "
+    "quit.";
 inline const std::string success = "ORB-KL4 connection successful!";
 
-/// All that is sent where the sensor is heard at the last of `tests` speeds.
+/// All requests of a connection that finds the sensor at the last of `tests` speeds.
 inline std::vector<Bytes> Exchange(std::size_t tests) {
     std::vector<Bytes> bytes;
     for (std::size_t i = 0; i < tests; ++i)
@@ -48,13 +52,13 @@ class ConnectScreen : public ScreenTest {
         PlugInto(1);
     }
 
-    /// Plugs the sensor into port `number`, and out of all others.
+    /// Makes the sensor the device of port `number` and of no other.
     void PlugInto(int number) const {
         for (int other = 1; other <= lastPortNumber; ++other) Unplug(other);
         folders.LinkPort(number, QString::fromStdString(sensor.DevicePath().string()));
     }
 
-    /// Leaves port `number` without a serial line, whatever the machine has there.
+    /// Leaves port `number` without a serial line.
     void Unplug(int number) const { folders.LinkPort(number, noLine); }
 
     static Screen& Dialog() { return *FindScreen("Connect"); }
@@ -77,35 +81,30 @@ class ConnectScreen : public ScreenTest {
         return texts;
     }
 
-    /// Whether the two menus of the main window can be used, which they can only together.
+    /// Whether the two menus of the main window are enabled; they are only together.
     static bool MenusEnabled() {
         const Screen& main = *FindScreen("Main");
         EXPECT_EQ(main.Menu("mnuTools").Enabled(), main.Menu("mnuDisplay").Enabled());
         return main.Menu("mnuTools").Enabled();
     }
 
-    /// A file that is no serial line.
+    /// A file, not a serial line.
     const QString noLine = folders.ConfigFolder() + QStringLiteral("/no-line");
 
-    /// The settings store, which isn't there before something is stored.
+    /// The file of the settings store, which is made when something is stored.
     const QString store = folders.ConfigFolder() + QStringLiteral("/Kestrelmoor/ORB-KL4-RS232.ini");
 };
 
-/// Notes the captions that a frame shows, as they are painted.
+/// Calls `onCaption` with the caption of a frame each time it is painted.
 class CaptionWatch : public QObject {
   public:
     explicit CaptionWatch(QGroupBox& frame) : frame_(frame) { frame.installEventFilter(this); }
 
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        const std::string caption = frame_.title().toStdString();
-        if (event->type() == QEvent::Paint && (captions.empty() || captions.back() != caption)) {
-            captions.push_back(caption);
-            if (onCaption) onCaption(caption);
-        }
+        if (event->type() == QEvent::Paint) onCaption(frame_.title().toStdString());
         return false;
     }
 
-    Texts captions;
     std::function<void(const std::string&)> onCaption;
 
   private:

@@ -29,15 +29,15 @@ TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) 
     sensor.SetWord(230, 65534);
     sensor.SetWord(232, 2500);
     sensor.ReplyOnceTo(0xF1, {});
-    BoxAnswerer hand({QMessageBox::Retry});
+    BoxAnswerer boxes({QMessageBox::Retry});
     Texts shown;
-    hand.BeforeAnswer([&](QMessageBox&) {
-        if (hand.Count() == 1) sensor.ClearRecord();
+    boxes.BeforeAnswer([&](QMessageBox&) {
+        if (boxes.Count() == 1) sensor.ClearRecord();
         shown = Shown({"txtPort1", "txtBaudRate1", "txtSN1", "txtFW1", "txtGGS1", "txtAGS1",
                        "txtMGS1", "txtPort"});
     });
     ConnectManually(16, "19200");
-    EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("16", "19200"), success}));
+    EXPECT_EQ(boxes.Texts(), (Texts{ManualFailure("16", "19200"), success}));
     EXPECT_EQ(Heard(), Exchange(1));
     EXPECT_EQ(shown, (Texts{"16", "19200", "1042", "3.1.01", "4000", "65534", "2500", ""}));
     EXPECT_EQ(AppState.CommSettings, "19200,n,8,1");
@@ -50,9 +50,9 @@ TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) 
 
 TEST_F(ConnectScreen, AManualFailureStaysOnTheScreen) {
     Unplug(1);
-    BoxAnswerer hand({QMessageBox::Retry, QMessageBox::Cancel});
+    BoxAnswerer boxes({QMessageBox::Retry, QMessageBox::Cancel});
     ConnectManually(9, "115200");
-    EXPECT_EQ(hand.Texts(), (Texts{ManualFailure("9", "115200"), ManualFailure("9", "115200")}));
+    EXPECT_EQ(boxes.Texts(), (Texts{ManualFailure("9", "115200"), ManualFailure("9", "115200")}));
     for (const char* control : {"cmdConnectManual", "cmdQuit", "SSTab1", "fraPort", "fraBaud"}) {
         EXPECT_TRUE(Enabled(control)) << control;
     }
@@ -65,45 +65,45 @@ TEST_F(ConnectScreen, AManualFailureStaysOnTheScreen) {
     EXPECT_TRUE(IsClosed());
 }
 
-TEST_F(ConnectScreen, AfterAFailedResetCancelClosesTheScreenAndRetryTurnsToTheSearch) {
-    // The port is taken away behind the test, and given back before the answer.
+TEST_F(ConnectScreen, AfterAFailedResetCancelClosesTheScreenAndRetryRunsTheSearch) {
+    // The line goes after the test and is back before the answer.
     sensor.FilterReplies([this](const orbkl4sim::Bytes& request, const orbkl4sim::Bytes& reply) {
         if (request == firmwareRequest) Unplug(1);
         return std::optional(reply);
     });
-    BoxAnswerer hand({QMessageBox::Cancel, QMessageBox::Retry});
-    hand.BeforeAnswer([&](QMessageBox&) {
-        if (hand.Count() == 2) sensor.ClearReplies();
+    BoxAnswerer boxes({QMessageBox::Cancel, QMessageBox::Retry});
+    boxes.BeforeAnswer([&](QMessageBox&) {
+        if (boxes.Count() == 2) sensor.ClearReplies();
         PlugInto(1);
     });
     ConnectManually(1, "38400");
-    EXPECT_EQ(hand.Texts(), Texts{ManualFailure("1", "38400")});
+    EXPECT_EQ(boxes.Texts(), Texts{ManualFailure("1", "38400")});
     EXPECT_TRUE(IsClosed());
     EXPECT_FALSE(MenusEnabled());
 
     sensor.ClearRecord();
     OpenModal("Connect");
     ConnectManually(1, "38400");
-    EXPECT_EQ(hand.Texts(),
+    EXPECT_EQ(boxes.Texts(),
               (Texts{ManualFailure("1", "38400"), ManualFailure("1", "38400"), success}));
-    EXPECT_EQ(Heard(), Exchange(2)) << "a manual test, and one of the search";
+    EXPECT_EQ(Heard(), Exchange(2)) << "a manual test and one of the search";
     EXPECT_TRUE(IsClosed());
-    EXPECT_FALSE(QFile::exists(store)) << "it was the search that connected";
+    EXPECT_FALSE(QFile::exists(store)) << "the search stores nothing";
 }
 
 TEST_F(ConnectScreen, AnErrorOfItsOwnIsReportedUnderTheNormalPointer) {
-    // The store is a folder now, so that it can't be written.
+    // A folder in the place of the store, so that it can't be written.
     ASSERT_TRUE(QDir().mkpath(store));
-    BoxAnswerer hand({QMessageBox::Ok, QMessageBox::Retry});
-    hand.BeforeAnswer([](QMessageBox&) { EXPECT_EQ(MousePointer(), Pointer::Default); });
+    BoxAnswerer boxes({QMessageBox::Ok, QMessageBox::Retry});
+    boxes.BeforeAnswer([](QMessageBox&) { EXPECT_EQ(MousePointer(), Pointer::Default); });
     ConnectManually(1, "38400");
-    ASSERT_EQ(hand.Count(), 2U);
-    EXPECT_EQ(hand.Texts()[0], success);
-    EXPECT_TRUE(hand.Error(1).ends_with(" cmdConnectManual_Click Connect")) << hand.Texts()[1];
+    ASSERT_EQ(boxes.Count(), 2U);
+    EXPECT_EQ(boxes.Texts()[0], success);
+    EXPECT_TRUE(boxes.Error(1).ends_with(" cmdConnectManual_Click Connect")) << boxes.Texts()[1];
     EXPECT_FALSE(MenusEnabled());
-    EXPECT_FALSE(Enabled("SSTab1")) << "controls stay as they were";
+    EXPECT_FALSE(Enabled("SSTab1")) << "the controls stay as they are";
     Dialog().close();
-    EXPECT_TRUE(IsClosed()) << "and yet the screen can be left";
+    EXPECT_TRUE(IsClosed()) << "the user can leave the screen";
 }
 
 }  // namespace orbkl4::test

@@ -4,7 +4,10 @@
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
-#include <gtest/gtest.h>
+#include <QMenu>
+
+#include <array>
+#include <string_view>
 
 namespace orbkl4::test {
 
@@ -20,20 +23,155 @@ class MainWindow : public ScreenTest {
     bool SelfTestShown() const { return main.Menu("mnuSelfTest").Visible(); }
 };
 
+/// An entry of the main menu, the screen that it opens with its title, and the menu entry or button
+/// that leaves it.
+struct Opening {
+    const char* entry;
+    const char* screen;
+    const char* title;
+    const char* leave;
+};
+
+constexpr Opening openings[] = {
+    {"mnuConnect", "Connect", "Connect", "cmdQuitAuto"},
+    {"mnuEEPROMmap", "EEPROMmap", "EEPROM Map", "mnuReturn"},
+    {"mnuGetVersionSerial", "VersionSerial", "Firmware and Serial", "cmdOK"},
+    {"mnuGetTemperature", "GetTemperature", "Get Temperature", "cmdOK"},
+    {"mnuHardIronCal", "HardIronCal", "Hard Iron Calibration", "mnuReturn"},
+    {"mnuSetMode", "SetMode", "Set Continuous/Polled Mode", "cmdCancel"},
+    {"mnuSetWriteRate", "SetWriteRate", "Set Data Acquisition Sampling Rate", "cmdCancel"},
+    {"mnuAngles", "Angles", "Euler Angles", "mnuReturn"},
+    {"mnuAnglesAccRate", "AnglesAccRate", "Euler Angles, Accelerometer and Rate Vectors",
+     "mnuReturn"},
+    {"mnuMatrices", "Matrices", "Orientation Matrix", "mnuReturn"},
+    {"mnuQuaternions", "Quaternions", "Quaternions", "mnuReturn"},
+    {"mnuQuatVec", "QuatVec", "Quaternions and Vectors", "mnuReturn"},
+    {"mnuSensorBits", "SensorBits", "SensorBits", "mnuReturn"},
+    {"mnuVectors", "Vectors", "Vectors", "mnuReturn"},
+    {"mnuAbout", "About", "About", "cmdOK"},
+    {"mnuAnalog", "Analog", "Analog Output", "mnuReturn"},
+    {"mnuGains", "Gains", "Read/Write Current System Gains", "mnuReturn"},
+    {"mnuVertical", "Vertical", "Vertical Gyro Mode", "mnuReturn"},
+    {"mnuSelfTest", "SelfTest", "Self Test", "mnuReturn"},
+    {"mnuSetCalcCycle", "CalcCycle", "Set Timer Tick Interval", "mnuReturn"}};
+
 const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
+
+/// Names and captions of `entries` and of those in their menus, with '*' before hidden ones.
+std::string TextOf(const QList<QAction*>& entries) {
+    QStringList texts;
+    for (const QAction* entry : entries) {
+        const QString caption = entry->isSeparator() ? QStringLiteral("-") : entry->text();
+        const auto* menu = entry->menu<QMenu*>();
+        texts +=
+            (entry->isVisible() ? "" : "*") + entry->objectName() + ' ' + caption +
+            (menu == nullptr ? "" : QString::fromStdString(" { " + TextOf(menu->actions()) + " }"));
+    }
+    return texts.join(QStringLiteral("; ")).toStdString();
+}
+
+struct Case {
+    const char* screen;
+    std::string menu;
+};
+
+const std::string twoChannels =
+    "mnuData &Data { mnuSave Sa&ve; mnuSampleGyro &Sample Gyro-Stabilized; mnuSampleInstant Sample "
+    "&Instantaneous; mnuCaptureBias &Capture Bias; mnuSep -; mnuReturn &Return }";
+
+const auto menus = std::to_array<Case>({
+    {"Main",
+     "mnuFile &File { mnuConnect &Connect; mnuSep -; mnuExit E&xit }; "
+     "mnuTools &Tools { mnuEEPROMmap &EEPROM Map; mnuGetVersionSerial Get &Firmware and Serial; "
+     "mnuGetTemperature &Get Temperature; mnuHardIronCal &Hard Iron Calibration; "
+     "mnuSetMode Set Continuous/Polled &Mode; "
+     "mnuSetWriteRate &Set Data Acquisition Sampling Rate; *mnuSep1 -; "
+     "*mnuAnalog Analog Outpu&t; *mnuTare Tare Coordinate S&ystem; "
+     "*mnuRemove Remove Tare Coor&dinate System; *mnuGains Read/&Write System Gains; "
+     "*mnuVertical &Vertical Gyro Mode; *mnuSelfTest Se&lf Test; "
+     "*mnuSetCalcCycle Set Timer Tic&k Interval }; "
+     "mnuDisplay &Display { mnuAngles Euler &Angles; "
+     "mnuAnglesAccRate Euler Angles, Accereleration and &Rate Vectors ; "
+     "mnuMatrices &Orientation Matrix; mnuQuaternions &Quaternions; "
+     "mnuQuatVec Quaterions and Vec&tors; mnuSensorBits &Sensor Bits; mnuVectors &Vectors }; "
+     "mnuHelp &Help { mnuHelpHelp &Help; mnuAbout &About }"},
+    {"EEPROMmap",
+     "mnuFile &File { mnuRead Rea&d; mnuWrite &Write; mnuViewMatrix &View Matrix; *mnuSep1 -; "
+     "*mnuLog Lo&g EEPROM; *mnuShowMin &Show Min; *mnuShowMax Show &Max; Sep1 -; "
+     "mnuReturn &Return }"},
+    {"ViewMatrix", "mnuClose &Close"},
+    {"Gains", "mnuFile &File { mnuRead Rea&d; mnuWrite &Write; mnuSep -; mnuReturn &Return }"},
+    {"Analog", "mnuFile &File { mnuRead &Read; mnuWrite &Write; mnuSep -; mnuReturn &Return }"},
+    {"CalcCycle",
+     "mnuFile &File { mnuRead Rea&d; mnuCalcCycle Set &Calc Cycle; "
+     "mnuCalcCycleDefault Set Calc Cycle to &Default; mnuSep -; mnuReturn &Return }"},
+    {"Vertical",
+     "mnuFile &File { mnuRead Rea&d; mnuSet &Set Vertical Gyro Mode; "
+     "mnuRemove Set &Normal Mode; mnuSep -; mnuReturn &Return }"},
+    {"HardIronCal",
+     "mnuFile &File { mnuErase &Erase Hard Iron Field Calibration; "
+     "mnuInit &Initialize Hard Iron Field Calibration; "
+     "mnuCollect &Collect Hard Iron Calibration Data; "
+     "mnuCompute Compute &Hard Iron Field Calibration; mnuSep -; mnuReturn &Return }"},
+    {"SelfTest", "mnuFile &File { mnuSample &Sample; mnuSep -; mnuReturn &Return }"},
+    {"SensorBits",
+     "mnuData &Data { mnuSave Sa&ve; mnuSample &Sample; mnuSep -; mnuReturn &Return }"},
+    {"Vectors", twoChannels},
+    {"Quaternions", twoChannels},
+    {"Angles", twoChannels},
+    {"Matrices", twoChannels},
+    {"AnglesAccRate",
+     "mnuData &Data { mnuSave Sa&ve; mnuSample &Sample; mnuCaptureBias &Capture Bias; mnuSep -; "
+     "mnuReturn &Return }"},
+    {"QuatVec",
+     "mnuData &Data { mnuSave Sa&ve; "
+     "mnuSampleGyro &Sample Gyro-Stabilized Quaternions and Compensated Vectors; "
+     "mnuSampleInstant Sample Gyro-Stabilized Quaternions and &Instantaneous Vectors; "
+     "mnuCaptureBias &Capture Bias; mnuSep -; mnuReturn &Return }"},
+});
 
 }  // namespace
 
-TEST_F(MainWindow, SpellsAnEntryInItsOwnWay) {
-    EXPECT_EQ(main.Menu("mnuAnglesAccRate").text(),
-              "Euler Angles, Accereleration and &Rate Vectors ");
+TEST_F(MainWindow, AndTheScreensHaveTheirEntriesAndAccessKeys) {
+    LoadScreen("EEPROMmap");
+    for (const auto& [name, menu] : menus) {
+        Screen* screen = LoadScreen(name);
+        EXPECT_EQ(TextOf(screen->MenuBarEntries()), menu) << name;
+        const bool needed = screen == &main || std::string_view(name) == "EEPROMmap";
+        if (!needed) screen->Unload();  // frees the port for the next one
+    }
+    for (const char* entry : {"mnuTools", "mnuDisplay"})
+        EXPECT_FALSE(main.Menu(entry).Enabled()) << entry;
+}
+
+TEST_F(MainWindow, EachEntryOpensItsScreenAndTheMainWindowFollowsIt) {
+    AppState.FirmwareText = "3.1.01";
+    const BoxAnswerer noTimeTickTable;
+    for (const auto& [entry, name, title, leave] : openings) {
+        SCOPED_TRACE(entry);
+        Click(main, entry);
+        Screen* screen = FindScreen(name);
+        ASSERT_NE(screen, nullptr);
+        EXPECT_TRUE(screen->isVisible());
+        EXPECT_EQ(screen->windowTitle(), title);
+        if (std::string_view(leave).starts_with("mnu")) {
+            Click(*screen, leave);
+        } else {
+            Press(*screen, leave);
+        }
+        EXPECT_EQ(FindScreen(name), nullptr);
+        EXPECT_EQ(ActiveScreenName(), "Main");
+    }
 }
 
 TEST_F(MainWindow, OnlyTheHiddenGestureShowsTheHiddenEntries) {
     const auto chord = Qt::ShiftModifier | Qt::ControlModifier;
-    PressPicture(Qt::LeftButton, chord);
-    PressPicture(Qt::MiddleButton, Qt::ShiftModifier);
-    PressPicture(Qt::MiddleButton, chord | Qt::AltModifier);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton})
+        PressPicture(button, chord);
+    for (const Qt::KeyboardModifiers keys :
+         {Qt::KeyboardModifiers(Qt::ShiftModifier), Qt::KeyboardModifiers(Qt::ControlModifier),
+          chord | Qt::AltModifier, Qt::KeyboardModifiers(Qt::NoModifier)})
+        PressPicture(Qt::MiddleButton, keys);
     EXPECT_FALSE(SelfTestShown());
     EXPECT_FALSE(AppState.AdvancedMode);
     PressPicture(Qt::MiddleButton, chord);
@@ -46,30 +184,42 @@ TEST_F(MainWindow, OnlyTheHiddenGestureShowsTheHiddenEntries) {
 }
 
 TEST_F(MainWindow, SetsTheSensorToPolledModeBeforeItOpensAScreenThatTalksToIt) {
-    sensor.SetWord(132, 0x31);
-    Click(main, "mnuSensorBits");
-    EXPECT_EQ(Heard(), std::vector<Bytes>{polledMode});
-    EXPECT_EQ(sensor.Word(132), 0);
-    sensor.ClearRecord();
-    Click(main, "mnuAbout");
-    EXPECT_TRUE(FindScreen("About")->isVisible());
-    LetPass(20);
-    EXPECT_TRUE(Heard().empty()) << "About has nothing to ask the sensor";
+    AppState.FirmwareText = "3.1.01";
+    PressPicture(Qt::MiddleButton, Qt::ShiftModifier | Qt::ControlModifier);
+    const auto heardFor = [&](const char* entry) {
+        sensor.SetWord(132, 0x31);
+        sensor.ClearRecord();
+        Click(main, entry);
+        EXPECT_NE(ActiveScreenName(), "Main") << entry;
+        ActiveScreen()->Unload();
+        return Heard();
+    };
+    for (const char* entry : {"mnuEEPROMmap", "mnuGetTemperature", "mnuHardIronCal", "mnuSetMode",
+                              "mnuAnalog", "mnuGains", "mnuVertical", "mnuSelfTest",
+                              "mnuSetCalcCycle", "mnuAngles", "mnuAnglesAccRate", "mnuMatrices",
+                              "mnuQuaternions", "mnuQuatVec", "mnuSensorBits", "mnuVectors"}) {
+        const std::vector<Bytes> heard = heardFor(entry);
+        ASSERT_FALSE(heard.empty()) << entry;
+        EXPECT_EQ(heard.front(), polledMode) << entry;
+        EXPECT_EQ(sensor.Word(132), 0) << entry;
+    }
+    for (const char* entry : {"mnuConnect", "mnuGetVersionSerial", "mnuSetWriteRate", "mnuAbout"})
+        EXPECT_EQ(heardFor(entry), std::vector<Bytes>{}) << entry;
 }
 
 TEST_F(MainWindow, HardIronCalibrationAsksForFirmware3_1) {
     struct Case {
         const char* firmware;
-        std::size_t boxes;
+        std::size_t count;
     };
-    for (const auto& [firmware, boxes] : {Case{"3.0.20", 1}, Case{"3.1.00", 0}, Case{"", 1}}) {
+    for (const auto& [firmware, count] : {Case{"3.0.20", 1}, Case{"3.1.00", 0}, Case{"", 1}}) {
         AppState.FirmwareText = firmware;
         AppState.FirmwareNumber = 3100;
-        BoxAnswerer hand;
+        BoxAnswerer boxes;
         Click(main, "mnuHardIronCal");
-        ASSERT_EQ(hand.Count(), boxes) << firmware;
-        if (boxes > 0) {
-            EXPECT_EQ(hand.Texts()[0],
+        ASSERT_EQ(boxes.Count(), count) << firmware;
+        if (count > 0) {
+            EXPECT_EQ(boxes.Texts()[0],
                       "Hard Iron Calibration is not supported in firmware version " +
                           std::string(firmware) + "!");
         }
@@ -77,13 +227,13 @@ TEST_F(MainWindow, HardIronCalibrationAsksForFirmware3_1) {
 }
 
 TEST_F(MainWindow, SaysThatTheHelpFileIsMissing) {
-    BoxAnswerer hand;
+    BoxAnswerer boxes;
     Click(main, "mnuHelpHelp");
-    EXPECT_EQ(hand.Texts(), std::vector<std::string>{
-                                "ORB-KL4 Version 204 Help.pdf missing from application path!"});
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{
+                                 "ORB-KL4 Version 204 Help.pdf missing from application path!"});
 }
 
-TEST_F(MainWindow, SmallScreensShowWhatIsKnown) {
+TEST_F(MainWindow, SmallScreensShowVersionAndIdentity) {
     AppState.FirmwareText = "3.1.01";
     AppState.SerialNumber = 1234;
     const Screen& identity = OpenModal("VersionSerial");

@@ -1,22 +1,10 @@
-#include "platform/events/mscomm.h"
-#include "platform/events/timer.h"
-#include "platform/windows/menu_entry.h"
-#include "platform/windows/screen_registry.h"
-#include "state/app_state.h"
-#include "support/box_answerer.h"
-#include "support/screens/screen_fixture.h"
-#include "support/wait.h"
+#include "link/screens/runs_fixture.h"
 
-#include <QGroupBox>
 #include <QProgressBar>
-
-#include <set>
 
 namespace orbkl4::test {
 
 namespace {
-
-using Strings = std::vector<std::string>;
 
 const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 
@@ -31,36 +19,27 @@ struct Operation {
     Bytes Request() const { return {command, 0xC1, 0xC3, 0xC5}; }
 };
 
-constexpr Operation tare{"mnuTare",
-                         "mnuRemove",
-                         0x0F,
-                         "Keep ORB-KL4 Stationary!",
-                         "Tare Cooordinate System stopped by user!",
-                         "Tare Cooordinate System succeeded!"};
-constexpr Operation removal{"mnuRemove",
-                            "mnuTare",
-                            0x11,
-                            "Removing Tare for ORB-KL4",
-                            "Remove Tare Cooordinate System stopped by user!",
-                            "Remove Tare Cooordinate System succeeded!"};
+constexpr auto operations = std::to_array<Operation>({
+    {"mnuTare", "mnuRemove", 0x0F, "Keep ORB-KL4 Stationary!",
+     "Tare Cooordinate System stopped by user!", "Tare Cooordinate System succeeded!"},
+    {"mnuRemove", "mnuTare", 0x11, "Removing Tare for ORB-KL4",
+     "Remove Tare Cooordinate System stopped by user!",
+     "Remove Tare Cooordinate System succeeded!"},
+});
+constexpr const Operation& tare = operations[0];
+constexpr const Operation& removal = operations[1];
 constexpr const char* timers[] = {"TimerTare", "TimerRemove"};
 
-class Tare : public ScreenTest {
+class Tare : public RunTest {
   protected:
     Tare() {
+        screen = &main;
         QTest::mouseClick(&Get<QWidget>(main, "picORBKL4"), Qt::MiddleButton,
                           Qt::ShiftModifier | Qt::ControlModifier);
         main.Menu("mnuTools").Enabled(true);
         main.Menu("mnuDisplay").Enabled(true);
         constexpr int tick = 5;
         for (const char* timer : timers) Get<Timer>(main, timer).Interval(tick);
-    }
-
-    std::set<std::string> Disabled() const {
-        std::set<std::string> disabled;
-        for (const MenuEntry* entry : main.findChildren<MenuEntry*>())
-            if (!entry->Enabled()) disabled.insert(entry->objectName().toStdString());
-        return disabled;
     }
 
     static bool ProgressShown() {
@@ -78,26 +57,26 @@ class Tare : public ScreenTest {
     }
 
     Screen& main = *FindScreen("Main");
-    BoxAnswerer hand{{}, QMessageBox::Retry};
+    BoxAnswerer boxes{{}, goOn};
 };
 
 }  // namespace
 
-TEST_F(Tare, TurnsTheAttitudeAndBackAndTreatsOneEntryUnlikeTheOthers) {
+TEST_F(Tare, SetsAndRemovesTheTareAndLeavesOneEntryDisabled) {
     constexpr int matrix = 136;  // the tare matrix; 8192 is 1
     Click(main, "mnuTare");
-    ASSERT_TRUE(WaitFor([this] { return hand.Count() == 1; }));
-    EXPECT_EQ(hand.Texts()[0], tare.succeeded);
+    ASSERT_TRUE(WaitFor([this] { return boxes.Count() == 1; }));
+    EXPECT_EQ(boxes.Texts()[0], tare.succeeded);
     ASSERT_TRUE(WaitFor([this] { return !Running(tare); }));
     ExpectIdle();
     EXPECT_EQ(Heard(), (std::vector<Bytes>{polledMode, tare.Request()}));
     EXPECT_NE(sensor.Word(matrix), 8192);
-    EXPECT_EQ(Disabled(), std::set<std::string>{"mnuSetCalcCycle"});
+    EXPECT_EQ(Disabled(), Names{"mnuSetCalcCycle"});
     EXPECT_TRUE(main.Menu("mnuSetCalcCycle").Visible());
 
     Click(main, "mnuRemove");
-    ASSERT_TRUE(WaitFor([this] { return hand.Count() == 2; }));
-    EXPECT_EQ(hand.Texts()[1], removal.succeeded);
+    ASSERT_TRUE(WaitFor([this] { return boxes.Count() == 2; }));
+    EXPECT_EQ(boxes.Texts()[1], removal.succeeded);
     EXPECT_EQ(sensor.Word(matrix), 8192);
     EXPECT_TRUE(Disabled().empty());
     ExpectIdle();
@@ -105,32 +84,31 @@ TEST_F(Tare, TurnsTheAttitudeAndBackAndTreatsOneEntryUnlikeTheOthers) {
 
 TEST_F(Tare, ASecondClickStopsIt) {
     sensor.SetSilent(true);
-    for (const Operation* operation : {&tare, &removal}) {
+    for (const Operation& operation : operations) {
         sensor.ClearRecord();
-        Click(main, operation->entry);
-        EXPECT_TRUE(Running(*operation));
+        Click(main, operation.entry);
+        EXPECT_TRUE(Running(operation));
         EXPECT_TRUE(ProgressShown());
         EXPECT_EQ(ActiveScreenName(), "Main");
-        EXPECT_EQ(Property(*FindScreen("Progress"), "fraPB", "title"), operation->caption);
+        EXPECT_EQ(Property(*FindScreen("Progress"), "fraPB", "title"), operation.caption);
         EXPECT_EQ(Disabled(),
-                  (std::set<std::string>{"mnuConnect", "mnuDisplay", "mnuHelp", "mnuEEPROMmap",
-                                         "mnuSetWriteRate", "mnuSetMode", "mnuGetTemperature",
-                                         "mnuGetVersionSerial", "mnuAnalog", "mnuHardIronCal",
-                                         operation->other, "mnuGains", "mnuVertical", "mnuSelfTest",
-                                         "mnuSetCalcCycle"}));
+                  (Names{"mnuConnect", "mnuDisplay", "mnuHelp", "mnuEEPROMmap", "mnuSetWriteRate",
+                         "mnuSetMode", "mnuGetTemperature", "mnuGetVersionSerial", "mnuAnalog",
+                         "mnuHardIronCal", operation.other, "mnuGains", "mnuVertical",
+                         "mnuSelfTest", "mnuSetCalcCycle"}));
         FindScreen("Progress")->close();
-        EXPECT_TRUE(ProgressShown()) << "only the entry ends it";
-        Click(main, operation->entry);
-        EXPECT_EQ(hand.Texts().back(), operation->stopped);
+        EXPECT_TRUE(ProgressShown()) << "only the entry closes it";
+        Click(main, operation.entry);
+        EXPECT_EQ(boxes.Texts().back(), operation.stopped);
         EXPECT_TRUE(Disabled().empty());
         ExpectIdle();
         EXPECT_EQ(FindScreen("Progress"), nullptr);
-        EXPECT_EQ(Heard(), (std::vector<Bytes>{polledMode, operation->Request(), polledMode}));
+        EXPECT_EQ(Heard(), (std::vector<Bytes>{polledMode, operation.Request(), polledMode}));
     }
-    EXPECT_EQ(hand.Count(), 2U);
+    EXPECT_EQ(boxes.Count(), 2U);
 }
 
-TEST_F(Tare, AReplyTornAcrossTwoLooksIsNoReplyAndTheBarGoesRound) {
+TEST_F(Tare, AReplySplitBetweenTwoTicksIsIgnoredAndTheBarMoves) {
     sensor.SetSilent(true);
     Click(main, "mnuTare");
     const auto& bar = Get<QProgressBar>(*FindScreen("Progress"), "PBar");
@@ -147,8 +125,11 @@ TEST_F(Tare, AReplyTornAcrossTwoLooksIsNoReplyAndTheBarGoesRound) {
     for (std::size_t i = 1; i < seen.size(); ++i) EXPECT_EQ(seen[i], seen[i - 1] % 9 + 1);
 
     sensor.SendUnasked({0x0F, 0x01, 0x02, 0x01, 0x11});
-    ASSERT_TRUE(WaitFor([this] { return hand.Count() == 1; }));
-    EXPECT_EQ(hand.Texts()[0], tare.succeeded);
+    ASSERT_TRUE(WaitFor([this] { return boxes.Count() == 1; }));
+    EXPECT_EQ(boxes.Texts()[0], tare.succeeded);
+    sensor.SetSilent(true);
+    Click(main, "mnuTare");
+    EXPECT_EQ(Property(*FindScreen("Progress"), "PBar", "value"), "0") << "a fresh bar";
 }
 
 TEST_F(Tare, WithoutAPortStartAndStopLeaveTheMenuAsItWas) {
@@ -156,7 +137,7 @@ TEST_F(Tare, WithoutAPortStartAndStopLeaveTheMenuAsItWas) {
     Click(main, "mnuTare");
     EXPECT_TRUE(Running(tare));
     Click(main, "mnuTare");
-    EXPECT_EQ(hand.Texts().back(), tare.stopped);
+    EXPECT_EQ(boxes.Texts().back(), tare.stopped);
     EXPECT_TRUE(Disabled().empty());
     ExpectIdle();
 }

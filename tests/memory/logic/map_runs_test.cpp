@@ -2,20 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace orbkl4 {
 namespace {
-
-TEST(WriteList, EndsInAddressZeroUnlessTheLastWordIsModified) {
-    using List = std::vector<eeprom::Address>;
-    std::array<bool, eepromWordCount> modified{};
-    EXPECT_EQ(WriteListOf(modified), (List{0}));
-    modified[123] = modified[22] = modified[1] = modified[0] = true;
-    EXPECT_EQ(WriteListOf(modified), (List{0, 2, 44, 246, 0}));
-    modified[127] = true;
-    EXPECT_EQ(WriteListOf(modified), (List{0, 2, 44, 246, 254}));
-}
 
 TEST(CommSettings, StandForTheCodesOfTheBaudRate) {
     EXPECT_EQ(CommSettingsOfBaudCode(129), "19200,n,8,1");

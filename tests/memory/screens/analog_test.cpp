@@ -1,9 +1,6 @@
-#include "memory/screens/map_fixture.h"
+#include "link/screens/runs_fixture.h"
 #include "platform/controls/combo_box.h"
-#include "platform/windows/boxes.h"
-#include "support/wait.h"
-
-#include <gtest/gtest.h>
+#include "platform/controls/cw_num_edit.h"
 
 namespace orbkl4::test {
 
@@ -11,22 +8,22 @@ namespace {
 
 using Addresses = std::vector<int>;
 
-/// The screen of the analog outputs, opened on a sensor whose function is "Instantaneous Euler
-/// Angles"; its first read is over.
+/// The screen of the analog outputs after its first read, with a sensor whose function is
+/// "Instantaneous Euler Angles".
 class AnalogTest : public RunTest {
   protected:
-    AnalogTest() : RunTest("Analog", {"mnuRead", "mnuWrite"}, {"fraAnalog"}) {
+    AnalogTest() {
         for (int address = 202; address <= 222; address += 2)
             sensor.SetWord(address, static_cast<std::uint16_t>(1000 + address));
         sensor.SetWord(202, 2);
-        OpenScreen();
+        OpenRun("Analog");
         AwaitRuns(1);
     }
 
-    /// Waits until `boxes` boxes in all have been seen and nothing runs any more.
-    void AwaitRuns(std::size_t boxes) {
-        ASSERT_TRUE(WaitFor([&] { return hand.Count() >= boxes && !Running(); }));
-        EXPECT_EQ(hand.Count(), boxes);
+    /// Waits until `count` boxes have been shown and no run is going on.
+    void AwaitRuns(std::size_t count) {
+        ASSERT_TRUE(WaitFor([&] { return boxes.Count() >= count && !Running(); }));
+        EXPECT_EQ(boxes.Count(), count);
         ExpectRest("202");
     }
 
@@ -35,7 +32,7 @@ class AnalogTest : public RunTest {
     }
     ComboBox& List() const { return Get<ComboBox>(*screen, "cmbFunction"); }
 
-    /// The addresses of the fields that can be changed; every other one must be grey.
+    /// The addresses of the enabled fields; all others must be grey.
     Addresses Adjustable() const {
         Addresses adjustable;
         for (int address = 202; address <= 222; address += 2) {
@@ -45,6 +42,8 @@ class AnalogTest : public RunTest {
         }
         return adjustable;
     }
+
+    BoxAnswerer boxes{{}, goOn};
 };
 
 const Addresses all{202, 204, 206, 208, 210, 212, 214, 216, 218, 220, 222};
@@ -52,7 +51,7 @@ const Addresses all{202, 204, 206, 208, 210, 212, 214, 216, 218, 220, 222};
 }  // namespace
 
 TEST_F(AnalogTest, OpeningReadsTheElevenWords) {
-    EXPECT_EQ(hand.Texts(), std::vector<std::string>{readDone});
+    EXPECT_EQ(boxes.Texts(), Strings{readDone});
     EXPECT_EQ(List().Text(), "Instantaneous Euler Angles");
     EXPECT_EQ(List().count(), 13);
     EXPECT_EQ(Field(202).Value(), 2);
@@ -61,7 +60,7 @@ TEST_F(AnalogTest, OpeningReadsTheElevenWords) {
     EXPECT_EQ(Adjustable(), (Addresses{218, 222}));
 }
 
-TEST_F(AnalogTest, AFunctionOpensItsFields) {
+TEST_F(AnalogTest, AFunctionEnablesItsFields) {
     const std::vector<Addresses> opened = {{},         {204, 206, 208, 210}, {218, 222}, {218, 222},
                                            {220, 222}, {220, 222},           {212, 222}, {212, 222},
                                            {214, 222}, {214, 222},           {216, 222}, {216, 222},
@@ -85,10 +84,10 @@ TEST_F(AnalogTest, AWriteSendsAllWordsAndThenReadsThemBack) {
     Click(*screen, "mnuWrite");
     EXPECT_EQ(MousePointer(), Pointer::Hourglass);
     EXPECT_EQ(Property(*screen, "fraPB", "title"), "Writing");
-    ExpectControls(false);
+    EXPECT_EQ(Disabled(), (Names{"mnuRead", "mnuWrite", "fraAnalog"}));
     EXPECT_TRUE(Heard().empty()) << "the first word goes out on the first tick";
     AwaitRuns(3);
-    // 1206 is 0x04B6, and so on by twos.
+    // 1206 is 0x04B6, and so on.
     std::vector<Bytes> expected{
         {0x29, 0x71, 0, 202, 0x00, 0x00, 0xAA}, {0x29, 0x71, 0, 204, 0x0F, 0xFF, 0xAA},
         {0x29, 0x71, 0, 206, 0x04, 0xB6, 0xAA}, {0x29, 0x71, 0, 208, 0x04, 0xB8, 0xAA},
@@ -98,21 +97,21 @@ TEST_F(AnalogTest, AWriteSendsAllWordsAndThenReadsThemBack) {
         {0x29, 0x71, 0, 222, 0xFF, 0xFF, 0xAA}};
     for (const int address : all) expected.push_back(ReadRequest(address));
     EXPECT_EQ(Heard(), expected);
-    EXPECT_EQ(hand.Texts(), (std::vector<std::string>{readDone, writeDone, readDone}));
+    EXPECT_EQ(boxes.Texts(), (Strings{readDone, writeDone, readDone}));
     EXPECT_EQ(List().ListIndex(), 0);
 }
 
-TEST_F(AnalogTest, ACommandByteAbove12StallsTheReadBack) {
+TEST_F(AnalogTest, ACommandByteAbove12StopsTheReadBack) {
     List().ListIndex(12);
     Field(202).Value(200);
     sensor.ClearRecord();
     Click(*screen, "mnuWrite");
-    ASSERT_TRUE(WaitFor([&] { return hand.Count() == 4; }));
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 4; }));
     EXPECT_EQ(sensor.Word(202), 200);
-    EXPECT_EQ(hand.Texts()[1], writeDone);
-    EXPECT_EQ(hand.Error(2), "380 TimerRead_Timer Analog");
-    EXPECT_EQ(hand.Error(3), "9 TimerRead_Timer Analog");
-    EXPECT_EQ(Field(202).Value(), 200) << "taken before the list failed";
+    EXPECT_EQ(boxes.Texts()[1], writeDone);
+    EXPECT_EQ(boxes.Error(2), "380 TimerRead_Timer Analog");
+    EXPECT_EQ(boxes.Error(3), "9 TimerRead_Timer Analog");
+    EXPECT_EQ(Field(202).Value(), 200) << "changed before the list fails";
     EXPECT_EQ(List().ListIndex(), 12);
     EXPECT_EQ(AppState.CurrentEEPROMAddress, 202);
     EXPECT_EQ(Heard().size(), 12U) << "eleven writes and one read";

@@ -1,25 +1,15 @@
 #include "memory/screens/map_fixture.h"
-#include "support/wait.h"
 
-#include <gtest/gtest.h>
+#include <QAbstractButton>
 
 namespace orbkl4::test {
 
 namespace {
 
-using Addresses = std::vector<int>;
-
 class EepromMap : public MapTest {
   protected:
-    Addresses EnabledAddresses() const {
-        Addresses addresses;
-        for (int address = 0; address < 256; address += 2)
-            if (Field(address).isEnabled()) addresses.push_back(address);
-        return addresses;
-    }
-
     /// Address, name, remark, minimum and maximum as shown.
-    std::vector<std::string> Texts() const {
+    Strings Texts() const {
         return {Text(*screen, "txtEAdd"), Text(*screen, "txtEEPROMName"),
                 Text(*screen, "txtRemarks"), Text(*screen, "txtMin"), Text(*screen, "txtMax")};
     }
@@ -32,17 +22,13 @@ class EepromMap : public MapTest {
     bool Visible(const char* entry) const { return screen->Menu(entry).Visible(); }
 };
 
-const Addresses userAddresses{26,  44,  46,  64,  120, 122, 124, 126, 128, 132,
-                              136, 138, 140, 142, 144, 146, 148, 150, 152, 202,
-                              204, 206, 208, 210, 212, 214, 216, 218, 220, 222};
-
 }  // namespace
 
 TEST_F(EepromMap, OpensUnmarkedAtZeroWithoutTouchingTheSensor) {
     LetPass(50);
     EXPECT_TRUE(Heard().empty());
     EXPECT_TRUE(MarkedAddresses().empty());
-    EXPECT_EQ(Number(26), 0) << "below its minimum, and left there";
+    EXPECT_EQ(Number(26), 0) << "below its minimum";
     EXPECT_EQ(Property(*screen, "fraEEPROMAddresses", "title"), "EEPROM Addresses");
     for (const int address : {0, 2, 66, 254})
         EXPECT_EQ(Text(*screen, ("lblAddress" + std::to_string(address)).c_str()),
@@ -61,38 +47,39 @@ TEST_F(EepromMap, FitsTheWindowWithoutScrolling) {
     }
 }
 
-TEST_F(EepromMap, OpensTheFieldsOfTheAccessLevel) {
-    EXPECT_EQ(EnabledAddresses(), userAddresses);
+TEST_F(EepromMap, EnablesTheFieldsOfTheAccessLevel) {
+    const auto enabled = [this](int address) { return Field(address).isEnabled(); };
+    EXPECT_TRUE(enabled(26) && enabled(222));
+    EXPECT_FALSE(enabled(0) || enabled(134) || enabled(254));
     EXPECT_FALSE(Visible("mnuSep1") || Visible("mnuLog"));
     screen->Unload();
     AppState.AdvancedMode = true;
     Reopen();
-    EXPECT_EQ(EnabledAddresses().size(), 126U);
-    EXPECT_FALSE(Field(134).isEnabled() || Field(198).isEnabled());
+    EXPECT_TRUE(enabled(0) && enabled(26) && enabled(254));
+    EXPECT_FALSE(enabled(134) || enabled(198));
     EXPECT_TRUE(Visible("mnuSep1") && Visible("mnuLog"));
 }
 
-TEST_F(EepromMap, TellsOfTheFieldUnderThePointerUntilTheBackground) {
-    const std::vector<std::string> offset{"2", "X Accelerometer Offset", "User may not modify.",
-                                          "0", "65535"};
+TEST_F(EepromMap, ShowsTheFieldUnderThePointerUntilTheBackground) {
+    const Strings offset{"2", "X Accelerometer Offset", "User may not modify.", "0", "65535"};
     PointAt(Field(2), Field(2).rect().center());
-    EXPECT_EQ(Texts(), offset) << "a disabled field counts like any other";
+    EXPECT_EQ(Texts(), offset) << "also for a disabled field";
     PointAt(Get<QWidget>(*screen, "fraEEPROMAddresses1"), {4, 4});
     PointAt(Get<QWidget>(*screen, "lblAddress4"), {2, 2});
     PointAt(Get<QWidget>(*screen, "fraEEPROM"), {40, 4});
-    EXPECT_EQ(Texts(), offset) << "frames and labels leave the texts alone";
+    EXPECT_EQ(Texts(), offset) << "frames and labels don't change the texts";
     PointAt(*screen, {2, 2});
-    EXPECT_EQ(Texts(), std::vector<std::string>(5));
+    EXPECT_EQ(Texts(), Strings(5));
 
-    const std::vector<std::string> baud{"44", "Baud Rate (129=19200, 64=38400, 21=115200)",
-                                        "User may modify.", "21", "129"};
+    const Strings baud{"44", "Baud Rate (129=19200, 64=38400, 21=115200)", "User may modify.", "21",
+                       "129"};
     PointAt(Field(44), Field(44).rect().center());
     EXPECT_EQ(Texts(), baud);
     Field(64).setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(Texts()[1], "Node Address") << "keys tell of a field, too";
+    EXPECT_EQ(Texts()[1], "Node Address") << "also for a field that a key moves to";
 }
 
-TEST_F(EepromMap, TheChordShowsAndHidesTheTwoEntriesWhereverTheFocusStands) {
+TEST_F(EepromMap, TheChordShowsAndHidesTwoEntriesWhereverTheFocusIs) {
     EXPECT_FALSE(Visible("mnuShowMin") || Visible("mnuShowMax"));
     Field(44).setFocus();
     PressChord();
@@ -102,14 +89,14 @@ TEST_F(EepromMap, TheChordShowsAndHidesTheTwoEntriesWhereverTheFocusStands) {
     EXPECT_FALSE(Visible("mnuShowMin") || Visible("mnuShowMax"));
 }
 
-TEST_F(EepromMap, AnyChangeMarksAField) {
+TEST_F(EepromMap, EachChangeMarksAField) {
     Type(64, "15");
-    Field(2).Value(1);  // disabled, and changed by code
-    Type(132, "0");     // stays as it was
+    Field(2).Value(1);  // disabled; changed by code
+    Type(132, "0");     // unchanged
     EXPECT_EQ(MarkedAddresses(), (Addresses{2, 64}));
 }
 
-TEST_F(AdvancedMapTest, TwoFieldsSnapToTheirCodesWhenTheyAreLeft) {
+TEST_F(AdvancedMapTest, TwoFieldsChangeToALegalCodeWhenTheyLoseTheFocus) {
     struct Case {
         int address;
         const char* typed;
@@ -128,18 +115,51 @@ TEST_F(AdvancedMapTest, TwoFieldsSnapToTheirCodesWhenTheyAreLeft) {
 TEST_F(EepromMap, ShowMaxChangesDisabledFieldsToo) {
     PressChord();
     Click(*screen, "mnuShowMax");
-    EXPECT_EQ(Number(2), 65535);
-    EXPECT_EQ(Number(66), 32767);
     EXPECT_EQ(Number(134), 32767);
-    EXPECT_EQ(Number(246), 100);
     Addresses unmarked;
     for (int address = 0; address < 256; address += 2)
         if (!Marked(address)) unmarked.push_back(address);
     EXPECT_EQ(unmarked, (Addresses{0, 56, 58, 60, 62, 224, 244, 248, 250, 252, 254}))
-        << "those stand at their maximum of 0 already";
+        << "their maximum is 0";
     Click(*screen, "mnuShowMin");
     EXPECT_EQ(Number(66), -32768);
-    EXPECT_EQ(Number(26), 1);
+}
+
+TEST_F(EepromMap, MatricesShowItsFields) {
+    const std::pair<const char*, int> matrices[] = {{"Accelerometer Orthogonality Matrix", 102},
+                                                    {"Magnetometer Orthogonality Matrix", 66},
+                                                    {"Gyroscope Orthogonality Matrix", 84},
+                                                    {"Gyro Acceleration Sensitivity Matrix", 178},
+                                                    {"Tare Matrix", 136},
+                                                    {"Iron Calibration Matrix", 154}};
+    for (int address = 66; address <= 194; address += 2) Field(address).Value(-address);
+    Click(*screen, "mnuViewMatrix");
+    const Screen& viewer = *FindScreen("ViewMatrix");
+    EXPECT_TRUE(viewer.isVisible() && viewer.isWindow());
+    EXPECT_TRUE(Get<QAbstractButton>(viewer, "Option1").isChecked());
+    // The first option is clicked while it is on, and again at the end.
+    for (const int option : {0, 1, 2, 3, 4, 5, 0}) {
+        Get<QAbstractButton>(viewer, ("Option" + std::to_string(option + 1)).c_str()).click();
+        const auto& [name, base] = matrices[option];
+        EXPECT_EQ(Property(viewer, "fraMatrix", "title"), name);
+        for (int k = 0; k < 9; ++k) {
+            const std::string field = "txtMatrix(" + std::to_string(k + 1) + ")";
+            EXPECT_EQ(Text(viewer, field.c_str()), std::to_string(-(base + 2 * k))) << name;
+        }
+    }
+    const auto placeOf = [&](const char* name) { return Get<QWidget>(viewer, name).pos(); };
+    EXPECT_EQ(placeOf("txtMatrix(7)").y(), placeOf("txtMatrix(1)").y());
+    EXPECT_GT(placeOf("lblM13").x(), placeOf("txtMatrix(4)").x());
+    EXPECT_LT(placeOf("lblM13").x(), placeOf("txtMatrix(7)").x());
+    Click(viewer, "mnuClose");
+    EXPECT_EQ(FindScreen("ViewMatrix"), nullptr);
+    EXPECT_EQ(ActiveScreenName(), "EEPROMmap");
+}
+
+TEST_F(EepromMap, MatricesWithoutItAreAnError) {
+    screen->Unload();
+    OpenModal("ViewMatrix");
+    EXPECT_EQ(boxes.Error(0), "9 Form_Load Main");
 }
 
 }  // namespace orbkl4::test

@@ -1,12 +1,7 @@
 #pragma once
 
+#include "link/screens/runs_fixture.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/events/mscomm.h"
-#include "platform/events/timer.h"
-#include "state/app_state.h"
-#include "support/box_answerer.h"
-#include "support/screens/screen_fixture.h"
-#include "support/tick_on_reply.h"
 
 #include <QTest>
 
@@ -15,71 +10,56 @@
 
 namespace orbkl4::test {
 
-inline constexpr const char* readDone = "Read process has completed!";
-inline constexpr const char* writeDone = "Write process has completed!";
-
-/// What a read question says behind its fault.
-inline constexpr const char* retryOrCancel =
-    " Click Retry to attempt re-read or Cancel to skip over.";
-
-/// The read request for the word at `address`.
-inline Bytes ReadRequest(int address) { return {0x28, 0, static_cast<std::uint8_t>(address)}; }
-
-/// A screen whose runs read and write words tick by tick, here quicker than in life.
-class RunTest : public ScreenTest {
-  protected:
-    using Names = std::vector<const char*>;
-
-    /// The screen `name`, of which a run disables `entries` and `frames`.
-    RunTest(const char* name, Names entries, Names frames);
-
-    /// Opens the screen, which must have been left.
-    void OpenScreen();
-
-    bool Running() const { return !screen->Menu("mnuRead").Enabled(); }
-    void ExpectControls(bool enabled) const;
-
-    /// Expects that nothing runs, with the progress bar at `bar`.
-    void ExpectRest(const char* bar) const;
-
-    MSComm& Port() const { return Get<MSComm>(*screen, "MSComm1"); }
-
-    Screen* screen = nullptr;
-    TickOnReply* hastener = nullptr;  ///< of the read run
-    BoxAnswerer hand{{}, QMessageBox::Retry};
-
-  private:
-    const char* name_;
-    Names entries_, frames_;
-};
+using Addresses = std::vector<int>;
 
 /// The open EEPROM map.
 class MapTest : public RunTest {
   protected:
-    explicit MapTest(bool advanced = false);
+    explicit MapTest(bool advanced = false) {
+        AppState.AdvancedMode = advanced;
+        Reopen();
+    }
+
+    /// Opens the map, which must have been left.
+    void Reopen() {
+        OpenRun("EEPROMmap");
+        ActivateFrame();
+    }
+
+    /// Gives the frame the focus, as after a message box.
+    void ActivateFrame() {
+        frame.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
+    }
 
     /// The field of the word at `address`.
-    CWNumEdit& Field(int address) const;
+    CWNumEdit& Field(int address) const {
+        return Get<CWNumEdit>(*screen, ("NumEdit(" + std::to_string(address / 2) + ")").c_str());
+    }
     double Number(int address) const { return Field(address).Value(); }
     bool Marked(int address) const { return Field(address).BackColorText() == 0xC0C0FF; }
 
     /// The addresses of all marked fields, ascending.
-    std::vector<int> MarkedAddresses() const;
+    Addresses MarkedAddresses() const {
+        Addresses addresses;
+        for (int address = 0; address < 256; address += 2)
+            if (Marked(address)) addresses.push_back(address);
+        return addresses;
+    }
 
-    /// Replaces the text of the field of `address` by `text` and presses Enter, as a person does.
-    void Type(int address, const std::string& text) const;
+    /// Replaces the text of the field of `address` by `text` and presses Enter, as a user does.
+    void Type(int address, const std::string& text) const {
+        CWNumEdit& field = Field(address);
+        field.setFocus();
+        QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&field, QString::fromStdString(text));
+        QTest::keyClick(&field, Qt::Key_Return);
+    }
 
     /// Presses the keys that show and hide "Show Min" and "Show Max".
     void PressChord() { QTest::keyClick(frame.windowHandle(), Qt::Key_F11, Qt::ControlModifier); }
 
-    /// Chooses `entry` and waits until the run that it starts is over.
-    void Run(const char* entry);
-
-    /// Opens the map, which must have been left.
-    void Reopen();
-
-    /// Gives the frame the keyboard, as after a message box.
-    void ActivateFrame();
+    BoxAnswerer boxes{{}, goOn};
 };
 
 class AdvancedMapTest : public MapTest {

@@ -1,5 +1,7 @@
 #include "platform/controls/cw_num_edit.h"
 
+#include "platform/windows/pending_input.h"
+
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -109,9 +111,9 @@ TEST_F(CWNumEditTest, CommitsOnLeavingAndWhenAMenuOpens) {
     menu->close();
 
     Type("7");
-    CWNumEdit::CommitPending();
+    CommitPendingInput();
     EXPECT_EQ(edit->Value(), 7);
-    CWNumEdit::CommitPending();
+    CommitPendingInput();
     EXPECT_EQ(changes.count(), 3);
 }
 

@@ -11,11 +11,14 @@
 #include "support/temporary_folders.h"
 #include "support/wait.h"
 
-#include <QKeyEvent>
-#include <QLineEdit>
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QPointer>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -33,6 +36,33 @@ class CountedTimer {
 
   private:
     Timer timer_;
+};
+
+/// A source whose event is due once.
+class Source : public EventSource {
+  public:
+    explicit Source(std::function<void()> handler) : handler_(std::move(handler)) {}
+
+    bool EventDue() const override { return due_; }
+    void DeliverEvent() override {
+        due_ = false;
+        handler_();
+    }
+
+  private:
+    std::function<void()> handler_;
+    bool due_ = true;
+};
+
+/// Keeps the kinds of the events that it gets.
+class Recorder : public QObject {
+  public:
+    QList<QEvent::Type> seen;
+
+    bool event(QEvent* event) override {
+        seen += event->type();
+        return true;
+    }
 };
 
 /// An open port on a line whose far end the test holds, its events counted.
@@ -63,16 +93,49 @@ const Bytes fiveBytes{1, 2, 3, 4, 5};
 TEST_F(EventContract, NothingIsDeliveredWhileABoxIsUp) {
     Open(5);
     CountedTimer timer(20);
-    BoxAnswerer hand;
-    hand.Hesitate(150);
-    hand.BeforeAnswer([&](QMessageBox&) {
+    BoxAnswerer boxes;
+    boxes.Hesitate(150);
+    boxes.BeforeAnswer([&](QMessageBox&) {
         EXPECT_EQ(timer.ticks, 0);
         EXPECT_EQ(events, 0);
     });
     line.Send(fiveBytes);
     ShowMessage("Held up");
     EXPECT_TRUE(WaitFor([&] { return timer.ticks > 0 && events == 1; }))
-        << "what was due behind the box comes after it";
+        << "what came due during the box comes after it";
+}
+
+TEST_F(EventContract, ATickComesAnIntervalAfterTheLastHandlerAndItsBoxHaveEnded) {
+    constexpr int interval = 60;
+    constexpr int longer = 100;
+    Timer timer(nullptr, "TimerTest", interval);
+    BoxAnswerer boxes;
+    boxes.Hesitate(longer);
+    QElapsedTimer ended;
+    int ticks = 0;
+    QObject::connect(&timer, &Timer::Tick, &timer, [&] {
+        const bool inTime = ticks == 0 || ended.elapsed() >= interval - 1;  // precise to 1 ms
+        EXPECT_TRUE(inTime) << "tick " << ticks << " after " << ended.elapsed() << " ms";
+        if (ticks == 0) QTest::qSleep(longer);
+        if (ticks == 1) ShowMessage("It lasts");
+        ++ticks;
+        ended.start();
+    });
+    timer.Enabled(true);
+    EXPECT_TRUE(WaitFor([&] { return ticks == 3; }));
+}
+
+TEST_F(EventContract, ASourceThatAnEarlierHandlerDestroysIsLeftOut) {
+    int delivered = 0;
+    std::optional<Source> later;
+    Source earlier([&] {
+        later.reset();
+        ++delivered;
+    });
+    later.emplace([&] { ++delivered; });
+    { const HandlerScope handler; }  // both are looked at after it
+    EXPECT_TRUE(WaitFor([&] { return delivered > 0; }));
+    EXPECT_EQ(delivered, 1);
 }
 
 TEST_F(EventContract, OnCommIsDecidedAtDelivery) {
@@ -94,11 +157,13 @@ TEST_F(EventContract, OnCommIsDecidedAtDelivery) {
 TEST_F(EventContract, AfterAnErrorBoxEventsRestASecondAndWhileAMenuIsOpen) {
     Open(5);
     CountedTimer timer(10);
-    const BoxAnswerer hand;
+    const BoxAnswerer boxes;
     AskErrorRetryCancel("It went wrong");
+    QElapsedTimer rest;
+    rest.start();
     line.Send(fiveBytes);
-    LetPass(800);
-    EXPECT_EQ(timer.ticks + events, 0);
+    ASSERT_TRUE(WaitFor([&] { return timer.ticks + events > 0; }));
+    EXPECT_GT(rest.elapsed(), 900);
     ASSERT_TRUE(WaitFor([&] { return timer.ticks > 0 && events > 0; }));
 
     ShowErrorMessage("It went wrong again");
@@ -149,16 +214,29 @@ TEST_F(EventContract, UnloadingStopsAScreenAtOnceAndDestroysItLater) {
     Open(5);  // the line is free again at once
 }
 
-TEST(DoEvents, DropsTheKeysPressedMeanwhile) {
-    QLineEdit field;
-    const auto key = [] {
-        return new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+TEST(DoEvents, DropsWhatIsDoneWithKeyboardAndMouseMeanwhile) {
+    Recorder recorder;
+    const QList<QEvent::Type> input{QEvent::KeyPress,
+                                    QEvent::KeyRelease,
+                                    QEvent::Shortcut,
+                                    QEvent::ShortcutOverride,
+                                    QEvent::MouseButtonPress,
+                                    QEvent::MouseButtonRelease,
+                                    QEvent::Wheel,
+                                    QEvent::MouseButtonDblClick,
+                                    QEvent::ContextMenu,
+                                    QEvent::Close};
+    const auto post = [&] {
+        for (const auto type : input) QCoreApplication::postEvent(&recorder, new QEvent(type));
     };
-    QCoreApplication::postEvent(&field, key());
+    post();
+    QCoreApplication::postEvent(&recorder, new QEvent(QEvent::User));
     DoEvents();
-    EXPECT_EQ(field.text(), "");
-    QCoreApplication::postEvent(&field, key());
-    EXPECT_TRUE(WaitFor([&] { return field.text() == QLatin1String("a"); }));
+    EXPECT_EQ(recorder.seen, QList{QEvent::User}) << "other events run";
+    recorder.seen.clear();
+    post();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(recorder.seen, input);
 }
 
 }  // namespace orbkl4::test

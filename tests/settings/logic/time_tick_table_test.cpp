@@ -1,5 +1,7 @@
 #include "settings/logic/time_tick_table.h"
 
+#include "settings/logic/tick_interval.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -33,16 +35,14 @@ TEST(TimeTickTable, IsRefusedByItsFirstLineOrAMissingRow) {
     };
     for (const auto& [what, contents, verdict] : std::to_array<Case>({
              {"whole", Lines(231, row), Loaded},
-             {"CR LF", Lines(231, row, "\r\n"), Loaded},
              {"more lines", Lines(240, row), Loaded},
              {"no end of the last line", Lines(230, row) + row, Loaded},
              {"empty fields", Lines(231, ",,,,"), Loaded},
              {"230 rows", Lines(230, row), LoadingFailed},
              {"231st row empty", Lines(230, row) + "\n", LoadingFailed},
              {"three commas in the last row", Lines(230, row) + "25.00,16,5,250", LoadingFailed},
-             {"title alone", title, LoadingFailed},
              {"nothing at all", "", LoadingFailed},
-             {"blank behind the title", title + " \n" + row, NotValid},
+             {"blank after the title", title + " \n" + row, NotValid},
              {"other title", "Time Tick Table 3.1.01\n", NotValid},
              {"empty title", "\n" + Lines(231, row), NotValid},
          }))
@@ -77,14 +77,27 @@ TEST(TimeTickTable, TheDeliveredRowsMakeEachPositionExactly) {
             key * 100);  // the unit is 100 ns
         key += 10;
     }
-    // Of all exact words those with the smallest interval, then the largest pre- and postscaler:
-    // 20000 = 16 x 1250, and 10 is the largest postscaler that divides 1250.
-    EXPECT_EQ(rows[0], (TickTableRow{"2.00", "16", "10", "125", "1"}));
-    // 21000 isn't divisible by 16 or 32; 4 x 5250 needs more than 16 x 256; 8 x 2625 = 8 x 15 x
-    // 175.
-    EXPECT_EQ(rows[1], (TickTableRow{"2.10", "4", "15", "175", "2"}));
-    // 250000 = 400 x 625; below 25 no interval leaves factors up to 16 and 256.
-    EXPECT_EQ(rows[230], (TickTableRow{"25.00", "16", "5", "125", "25"}));
+}
+
+TEST(TickInterval, IsShownWithFourDecimals) {
+    struct Case {
+        double prescaler, postscaler, compare, ticks;
+        const char* text;
+    };
+    for (const auto& [prescaler, postscaler, compare, ticks, text] : std::to_array<Case>({
+             {1, 1, 1, 1, ".0001"},
+             {1, 1, 2, 5, ".0010"},
+             {16, 1, 256, 1, ".4096"},
+             {16, 5, 250, 1, "2.0000"},
+             {4, 15, 250, 1, "1.5000"},
+             {1, 10, 210, 10, "2.1000"},
+             {1, 10, 250, 8, "2.0000"},
+             {1, 5, 250, 17, "2.1250"},
+             {16, 16, 256, 100, "655.3600"},
+         }))
+        EXPECT_EQ(PadToFourDecimals(TickInterval(prescaler, postscaler, compare, ticks)), text);
+    EXPECT_EQ(PadToFourDecimals(0.12345), ".12345") << "more than four decimals are kept";
+    EXPECT_EQ(PadToFourDecimals(10), "10.0000");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
+#include "link/screens/runs_fixture.h"
 #include "platform/controls/cw_slide.h"
-#include "settings/screens/settings_fixture.h"
 #include "state/sample_state.h"
 
 namespace orbkl4::test {
@@ -29,14 +29,14 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
         Bytes reply;
         Strings texts;
         double slide;
-        Strings told;
+        Strings messages;
     };
     const Bytes header{0x06, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3A};
     const Bytes length{0x07, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3B, 0x00};
     const Bytes checksum{0x07, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3C};
     const auto good = [](unsigned word) { return Frame(0x07, {word, 65000}); };
     EXPECT_EQ(Text(screen, "lblRe"), "R\u00e9aumur");
-    for (const auto& [reply, texts, slide, told] : std::vector<Case>{
+    for (const auto& [reply, texts, slide, messages] : std::vector<Case>{
              {good(0), {"-50", "-58", "-40", "223.2", "401.7"}, -50, {}},       // 223.15
              {good(6554), {"0", "32", "0", "273.2", "491.7"}, 0, {}},           // 273.15
              {good(13107), {"50", "122", "40", "323.2", "581.7"}, 50, {}},      // 49.998; 323.15
@@ -51,12 +51,12 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
         sensor.ClearRecord();
         sensor.ReplyOnceTo(0x07, reply);
         Press(screen, "cmdGet");
-        EXPECT_EQ(Fields(), Strings(5)) << "emptied, though emptying the first refills the others";
+        EXPECT_EQ(Fields(), Strings(5)) << "all emptied";
         EXPECT_EQ(Slide(), 0);
         ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
         EXPECT_EQ(Fields(), texts);
         EXPECT_EQ(Slide(), slide);
-        EXPECT_EQ(box.Texts(), told);
+        EXPECT_EQ(box.Texts(), messages);
         EXPECT_EQ(Heard(), std::vector<Bytes>{{0x07}});
     }
     EXPECT_EQ(SampleState.HeaderGyro, 7);
@@ -66,7 +66,7 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
 }
 
 TEST_F(Temperature, ASilentSensorIsAskedAgainByTheNextClick) {
-    const BoxAnswerer hand({}, goOn);
+    const BoxAnswerer boxes({}, goOn);
     sensor.SetSilent(true);
     Press(screen, "cmdGet");
     ASSERT_TRUE(sensor.WaitForRequests(1, std::chrono::seconds(5)));
@@ -81,7 +81,7 @@ TEST_F(Temperature, ASilentSensorIsAskedAgainByTheNextClick) {
     Press(screen, "cmdGet");
     Press(screen, "cmdOK");
     EXPECT_EQ(FindScreen("GetTemperature"), nullptr);
-    EXPECT_EQ(hand.Count(), 0U);
+    EXPECT_EQ(boxes.Count(), 0U);
 }
 
 }  // namespace orbkl4::test

@@ -27,13 +27,15 @@ TEST_F(WriteRate, StartsAsTheSettingStandsAndSetsIt) {
     EXPECT_EQ(rate.Value(), 0);
     chkUnrestricted.click();
     EXPECT_TRUE(rate.isEnabled());
-    rate.Value(10);
+    EXPECT_DOUBLE_EQ(rate.Minimum(), 0.01);
+    EXPECT_DOUBLE_EQ(rate.Maximum(), 157);
+    rate.Value(20);
     Press(screen, "cmdOK");
     EXPECT_TRUE(Closed());
-    EXPECT_DOUBLE_EQ(SampleState.WriteIntervalTicks, 15.2587890625);
+    EXPECT_DOUBLE_EQ(SampleState.WriteIntervalTicks, 7.62939453125);  // 1000 / 20 / 6.5536
     Screen& again = OpenModal("SetWriteRate");
     EXPECT_FALSE(Get<QCheckBox>(again, "chkUnrestricted").isChecked());
-    EXPECT_DOUBLE_EQ(Get<CWNumEdit>(again, "NumEditRate").Value(), 10);
+    EXPECT_DOUBLE_EQ(Get<CWNumEdit>(again, "NumEditRate").Value(), 20);
     Get<QCheckBox>(again, "chkUnrestricted").click();
     Press(again, "cmdOK");
     EXPECT_EQ(SampleState.WriteIntervalTicks, 0);
@@ -42,10 +44,10 @@ TEST_F(WriteRate, StartsAsTheSettingStandsAndSetsIt) {
 TEST_F(WriteRate, NeitherARateOfNothingNorCancelChangesIt) {
     SampleState.WriteIntervalTicks = 153;
     chkUnrestricted.click();
-    const BoxAnswerer hand({QMessageBox::Retry});
+    const BoxAnswerer boxes({QMessageBox::Retry});
     Press(screen, "cmdOK");
-    ASSERT_EQ(hand.Count(), 1U);
-    EXPECT_EQ(hand.Error(0), "11 cmdOK_Click SetWriteRate");
+    ASSERT_EQ(boxes.Count(), 1U);
+    EXPECT_EQ(boxes.Error(0), "11 cmdOK_Click SetWriteRate");
     EXPECT_FALSE(Closed());
     rate.Value(2);
     Press(screen, "cmdCancel");

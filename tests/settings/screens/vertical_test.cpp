@@ -1,6 +1,4 @@
-#include "settings/screens/settings_fixture.h"
-
-#include <QWidget>
+#include "link/screens/runs_fixture.h"
 
 namespace orbkl4::test {
 
@@ -8,25 +6,23 @@ namespace {
 
 constexpr const char* otherState = "ORB-KL4 is in state other than Vertical Gyro or Normal!";
 
-class Vertical : public SettingsTest {
+class Vertical : public RunTest {
   protected:
     void SetWords(std::uint16_t word120, std::uint16_t word126) {
         sensor.SetWord(120, word120);
         sensor.SetWord(126, word126);
     }
 
-    Screen& OpenRead() { return SettingsTest::OpenRead("Vertical"); }
-
     /// "normal", "vertical" or "" for the option that is on.
-    static std::string Mode(const Screen& screen) {
-        if (IsOn(screen, "optNormal")) return IsOn(screen, "optVertical") ? "both" : "normal";
-        return IsOn(screen, "optVertical") ? "vertical" : "";
+    std::string Mode() const {
+        if (IsOn("optNormal")) return IsOn("optVertical") ? "both" : "normal";
+        return IsOn("optVertical") ? "vertical" : "";
     }
 };
 
 }  // namespace
 
-TEST_F(Vertical, ShowsTheStateThatTheTwoWordsMake) {
+TEST_F(Vertical, ShowsTheModeForTheTwoWords) {
     struct Case {
         std::uint16_t word120, word126;
         const char* mode;
@@ -37,44 +33,34 @@ TEST_F(Vertical, ShowsTheStateThatTheTwoWordsMake) {
         SetWords(word120, word126);
         const BoxAnswerer box({}, goOn);
         sensor.ClearRecord();
-        Screen& screen = OpenRead();
-        EXPECT_EQ(Mode(screen), mode);
+        OpenRead("Vertical");
+        EXPECT_EQ(Mode(), mode);
         EXPECT_EQ(box.Texts(), *mode == '\0' ? Strings{otherState} : Strings{});
-        EXPECT_FALSE(Get<QWidget>(screen, "fraMode").isEnabled());
-        EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x28, 0x00, 0x78}, {0x28, 0x00, 0x7E}}));
-        ExpectIdle(screen);
-        EXPECT_EQ(MousePointer(), Pointer::Default);
-        Click(screen, "mnuReturn");
+        EXPECT_EQ(Disabled(), Names{"fraMode"});
+        EXPECT_EQ(Heard(), (std::vector<Bytes>{ReadRequest(120), ReadRequest(126)}));
+        ExpectIdle();
+        Click(*screen, "mnuReturn");
     }
 }
 
-TEST_F(Vertical, ASkippedWordThatWasNeverReadCountsAsZero) {
-    SetWords(1, 0);
-    sensor.ReplyOnceTo(0x28, {0x28, 0x00, 0x01, 0x00});
-    const BoxAnswerer cancelling;
-    Screen& screen = OpenRead();
-    EXPECT_EQ(cancelling.Count(), 1U);
-    EXPECT_EQ(Mode(screen), "vertical");
-}
-
 TEST_F(Vertical, SwitchesTheSensor) {
-    const BoxAnswerer hand({}, goOn);
+    const BoxAnswerer boxes({}, goOn);
     SetWords(1, 100);
-    Screen& screen = OpenRead();
+    OpenRead("Vertical");
     sensor.ClearRecord();
-    Click(screen, "mnuSet");
-    EXPECT_TRUE(screen.Menu("mnuSet").Checked());
-    EXPECT_FALSE(screen.Menu("mnuRemove").Enabled());
-    EXPECT_EQ(Mode(screen), "");
-    ASSERT_TRUE(WaitFor([&] { return hand.Count() == 1; }));
-    EXPECT_EQ(Mode(screen), "vertical");
-    ExpectIdle(screen);
-    Click(screen, "mnuRemove");
-    EXPECT_FALSE(screen.Menu("mnuSet").Enabled());
-    ASSERT_TRUE(WaitFor([&] { return hand.Count() == 2; }));
-    EXPECT_EQ(Mode(screen), "normal");
-    ExpectIdle(screen);
-    EXPECT_EQ(hand.Texts(),
+    Click(*screen, "mnuSet");
+    EXPECT_TRUE(screen->Menu("mnuSet").Checked());
+    EXPECT_FALSE(screen->Menu("mnuRemove").Enabled());
+    EXPECT_EQ(Mode(), "");
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));
+    EXPECT_EQ(Mode(), "vertical");
+    ExpectIdle();
+    Click(*screen, "mnuRemove");
+    EXPECT_FALSE(screen->Menu("mnuSet").Enabled());
+    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 2; }));
+    EXPECT_EQ(Mode(), "normal");
+    ExpectIdle();
+    EXPECT_EQ(boxes.Texts(),
               (Strings{"Set Vertical Gyro Mode succeeded!", "Set Normal Mode succeeded!"}));
     EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x29, 0x71, 0x00, 0x78, 0x00, 0x00, 0xAA},
                                            {0x29, 0x71, 0x00, 0x7E, 0x00, 0x00, 0xAA},
@@ -90,7 +76,7 @@ TEST_F(Vertical, BothRepliesMustPass) {
     };
     const char* vertical = "Set Vertical Gyro failed checksum!";
     const char* normal = "Remove Vertical Gyro failed checksum!";
-    Screen& screen = OpenRead();
+    OpenRead("Vertical");
     for (const auto& [entry, replies, message] :
          std::vector<Case>{{"mnuSet", {badSum, written}, vertical},
                            {"mnuSet", {written, badSum}, vertical},
@@ -98,27 +84,21 @@ TEST_F(Vertical, BothRepliesMustPass) {
                            {"mnuRemove", {badSum, written}, normal},
                            {"mnuRemove", {written, badSum}, normal},
                            {"mnuRemove", {otherHeader, written}, malformed}}) {
-        EXPECT_EQ(Told(screen, entry, replies), Strings{message});
-        EXPECT_EQ(Mode(screen), "");
+        EXPECT_EQ(Messages(entry, replies), Strings{message});
+        EXPECT_EQ(Mode(), "");
     }
 }
 
-TEST_F(Vertical, ASecondClickEndsTheWaitAndReturnFreesThePort) {
-    SetWords(1, 100);
-    const BoxAnswerer hand({}, goOn);
-    Screen& screen = OpenRead();
+TEST_F(Vertical, ASecondClickEndsTheWait) {
+    OpenRead("Vertical");
     sensor.SetSilent(true);
-    Click(screen, "mnuRemove");
-    EXPECT_TRUE(Get<MSComm>(screen, "MSComm2").PortOpen());
-    Click(screen, "mnuRemove");
-    ExpectIdle(screen);
-    EXPECT_EQ(Mode(screen), "");
-    Click(screen, "mnuSet");
-    Click(screen, "mnuReturn");
-    EXPECT_EQ(FindScreen("Vertical"), nullptr);
-    sensor.SetSilent(false);
-    EXPECT_EQ(Mode(OpenRead()), "vertical") << "the words 0 and 0 have been written";
-    EXPECT_EQ(hand.Count(), 0U);
+    for (const char* entry : {"mnuSet", "mnuRemove"}) {
+        Click(*screen, entry);
+        EXPECT_TRUE(screen->Menu(entry).Checked()) << entry;
+        Click(*screen, entry);
+        ExpectIdle();
+        EXPECT_EQ(Mode(), "") << entry;
+    }
 }
 
 }  // namespace orbkl4::test

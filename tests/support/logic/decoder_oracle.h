@@ -28,7 +28,7 @@ const std::vector<DecoderRow>& DecoderRows();
 bool IsGoodPacket(const DecoderRow& row, const Bytes& packet);
 
 /// Runs the decoder of `row` on `packet`, of the right length, and checks the verdict and every
-/// number of `SampleState` by plain arithmetic. What is wrong, or an empty text.
+/// number of `SampleState` by plain arithmetic. Returns what is wrong, or an empty text.
 std::string FaultOfDecoder(const DecoderRow& row, const Bytes& packet);
 
 }  // namespace orbkl4

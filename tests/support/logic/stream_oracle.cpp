@@ -11,7 +11,7 @@ namespace orbkl4::test {
 
 namespace {
 
-constexpr std::size_t mostRubbish = 64;
+constexpr std::size_t mostGarbage = 64;
 constexpr std::size_t mostCuts = 8;
 
 /// Gives bytes one after the other, 0 when there are none left.
@@ -42,20 +42,20 @@ class ByteSource {
 
 std::size_t LengthOf(const DecoderRow& row) { return 5 + 2 * row.kinds.size(); }
 
-enum class Kind { Good, Spoilt, OtherHeader, Rubbish };
+enum class Kind { Good, Corrupt, OtherHeader, Garbage };
 
-/// Mostly good packets: after rubbish it takes one or two until replies begin at a header again.
-constexpr std::array kinds{Kind::Good, Kind::Good,   Kind::Good,        Kind::Good,
-                           Kind::Good, Kind::Spoilt, Kind::OtherHeader, Kind::Rubbish};
+/// Mostly good packets: after garbage it takes one or two until replies begin at a header again.
+constexpr std::array kinds{Kind::Good, Kind::Good,    Kind::Good,        Kind::Good,
+                           Kind::Good, Kind::Corrupt, Kind::OtherHeader, Kind::Garbage};
 
 Bytes Segment(ByteSource& source, const DecoderRow& row, Kind kind) {
-    if (kind == Kind::Rubbish) return source.Take(1 + source.Below(mostRubbish));
-    const std::size_t place = kind == Kind::Spoilt ? source.Below(LengthOf(row)) : 0;
+    if (kind == Kind::Garbage) return source.Take(1 + source.Below(mostGarbage));
+    const std::size_t place = kind == Kind::Corrupt ? source.Below(LengthOf(row)) : 0;
     const auto header = kind == Kind::OtherHeader ? source.Next() : row.command;
     Bytes packet = source.Take(LengthOf(row));
     packet[0] = static_cast<std::uint8_t>(header);
     MendChecksum(packet);
-    if (kind == Kind::Spoilt) packet[place] ^= static_cast<std::uint8_t>(1U << place % 8);
+    if (kind == Kind::Corrupt) packet[place] ^= static_cast<std::uint8_t>(1U << place % 8);
     return packet;
 }
 

@@ -24,15 +24,15 @@ struct StreamCase {
     std::vector<Piece> pieces;
 };
 
-/// Makes a case of any bytes: good packets, spoilt ones, ones of another header and plain rubbish,
-/// cut anywhere.
+/// Turns any bytes into a case: good packets, corrupted ones, ones with another header and random
+/// bytes, cut anywhere.
 StreamCase ReadStreamCase(std::span<const std::uint8_t> data);
 
-/// The same stream with the bytes of each reply sent singly, up to the one that completes it, so
-/// that nothing that the program does may change.
+/// The same stream with the bytes of each reply sent one by one up to the one that completes it, so
+/// that the program must do the same.
 StreamCase CutSingly(const StreamCase& streamCase);
 
-/// What the program may make of what a reply brought.
+/// What the program may do with a reply.
 enum class Verdict { Shown, Saved, Held, BadSum, WrongFrame };
 
 inline constexpr std::size_t verdicts = 5;
@@ -42,8 +42,7 @@ class StreamOracle {
   public:
     explicit StreamOracle(const StreamCase& streamCase) : case_(streamCase) {}
 
-    /// Takes bytes that came at once; whether they make up a reply, on which the oracle then has a
-    /// verdict.
+    /// Takes bytes sent at once; whether they complete a reply, which `LastVerdict` then judges.
     bool Takes(const Bytes& bytes);
 
     Verdict LastVerdict() const { return verdict_; }

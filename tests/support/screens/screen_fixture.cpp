@@ -65,7 +65,8 @@ std::string ScreenTest::Property(const Screen& screen, const char* name, const c
     return Get<QObject>(screen, name).property(property).toString().toStdString();
 }
 
-std::vector<Bytes> ScreenTest::Heard() const {
+std::vector<Bytes> ScreenTest::Heard(std::size_t least) const {
+    EXPECT_TRUE(sensor.WaitForRequests(least, std::chrono::seconds(20)));
     std::vector<Bytes> heard;
     for (const orbkl4sim::Request& request : sensor.Requests()) heard.push_back(request.bytes);
     return heard;

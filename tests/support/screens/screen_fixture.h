@@ -5,6 +5,7 @@
 #include "platform/windows/menu_entry.h"
 #include "platform/windows/screen.h"
 #include "simulator/simulator.h"
+#include "support/patient_clock.h"
 #include "support/temporary_folders.h"
 
 #include <QAbstractButton>
@@ -15,22 +16,22 @@
 
 namespace orbkl4::test {
 
-/// A sensor at rest, without noise, that answers as fast as it is asked.
+/// A sensor at rest, without noise, that answers at once.
 orbkl4sim::SimulatorOptions QuietSensor();
 
-/// A started program with its frame and main window on show, all screens registered, a state as
-/// after a connection at 38400 baud, and a simulated sensor on port 1.
+/// The started program with its frame and main window, all screens registered, as after a
+/// connection at 38400 baud, and a simulated sensor on port 1.
 class ScreenTest : public testing::Test {
   protected:
     explicit ScreenTest(const orbkl4sim::SimulatorOptions& options = QuietSensor());
     ~ScreenTest() override;
 
-    /// Shows the screen `name` in the frame, or as a dialog, without the main menu's own exchange
-    /// with the sensor, and waits until it has become active.
+    /// Shows the screen `name` in the frame, or as a dialog, without the main menu's exchange with
+    /// the sensor, and waits until it is active.
     Screen& Open(const char* name);
     Screen& OpenModal(const char* name);
 
-    /// The control `name` of the loaded screen `screen`; the test fails hard where there is none.
+    /// The control `name` of the loaded screen `screen`, which must exist.
     template <typename Control>
     static Control& Get(const Screen& screen, const char* name) {
         auto* control = screen.findChild<Control*>(QLatin1String(name));
@@ -46,17 +47,19 @@ class ScreenTest : public testing::Test {
         return Property(screen, name, "text");
     }
 
-    /// Chooses the menu entry as a person would; nothing happens where it is disabled.
+    /// Chooses the menu entry as a user would; does nothing if it is disabled.
     static void Click(const Screen& screen, const char* entry) { screen.Menu(entry).trigger(); }
 
     static void Press(const Screen& screen, const char* button) {
         Get<QAbstractButton>(screen, button).click();
     }
 
-    /// The requests that the sensor has heard so far, in order.
-    std::vector<Bytes> Heard() const;
+    /// The requests that the sensor has heard so far, in order; waits until there are `least`, as
+    /// the sensor may lag behind the program.
+    std::vector<Bytes> Heard(std::size_t least = 0) const;
 
     TemporaryFolders folders;
+    PatientClock clock;
     orbkl4sim::Simulator sensor;
     MdiFrame frame{"MDIForm1", "Frame"};
 };

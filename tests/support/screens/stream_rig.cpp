@@ -39,8 +39,8 @@ const char* EntryOf(const DecoderRow& row) {
     return row.isGyro ? "mnuSampleGyro" : "mnuSampleInstant";
 }
 
-/// Lets no busy wait of the program last.
-std::int32_t HastyTickCount() {
+/// Ends each busy wait of the program at once.
+std::int32_t LeapingTickCount() {
     static std::uint32_t count = 0;
     constexpr std::uint32_t leap = 1000;
     return static_cast<std::int32_t>((count += leap) & 0x3FFFFFFF);
@@ -53,17 +53,17 @@ std::string Word(const Bytes& packet, std::size_t offset) {
 }  // namespace
 
 StreamRig::StreamRig() {
-    ReplaceTickCount(HastyTickCount);
+    ReplaceTickCount(LeapingTickCount);
     AppState = {};
     SampleState = {};
     StartUp();
-    // Each kind of word at a scale of its own.
+    // A different scale for each kind of word.
     AppState.MagGainScale = 3277;
     AppState.AccGainScale = 65535;
     AppState.GyroGainScale = 6553;
     AppState.CommPort = 1;
     AppState.CommSettings = "115200,n,8,1";
-    surroundings_.LinkPort(1, line_.Path());
+    folders_.LinkPort(1, line_.Path());
     dataFile_ = (DataFilesFolder() + QStringLiteral("/stream.csv")).toStdString();
     AppState.DataFileName = dataFile_;
     RegisterAllScreens();
@@ -84,7 +84,7 @@ std::string StreamRig::FaultOf(std::span<const std::uint8_t> data) {
     std::string fault = FaultOfStream(streamCase);
     const std::string story = story_;
     if (fault.empty()) fault = FaultOfStream(CutSingly(streamCase));
-    if (fault.empty() && story_ != story) fault = "another cutting, another story";
+    if (fault.empty() && story_ != story) fault = "another cutting shows something else";
     return fault.empty() ? fault : screen_->objectName().toStdString() + ": " + fault;
 }
 
@@ -99,7 +99,7 @@ void StreamRig::Show(const DecoderRow& row) {
     for (auto* timer : screen_->findChildren<Timer*>()) timer->Interval(0);  // no watchdog
     port_ = screen_->findChild<MSComm*>(QLatin1String(row.isGyro ? "MSComm1" : "MSComm2"));
     led_ = screen_->findChild<CWButton*>(QLatin1String(row.isGyro ? "LED" : "LEDI"));
-    Click();  // a view that has been stopped once doesn't look like a fresh one: dials show 0
+    Click();  // a stopped view looks different from a fresh one: its dials show 0
     Click();
     line_.Take(1);
 }
@@ -121,11 +121,11 @@ std::string StreamRig::FaultOfStream(const StreamCase& streamCase) {
         if (oracle.Takes(piece.bytes)) {
             fault = FaultOfReply(oracle);
         } else if ((piece.awaited && !AllIn(oracle)) || !line_.TakeAll().empty()) {
-            fault = "bytes too many or too few wait, or a request before the reply was whole";
+            fault = "too many or too few bytes wait, or a request before the reply was whole";
         }
     }
     if (!fault.empty()) return fault;
-    if (!AllIn(oracle)) return "bytes too many or too few wait at the end";
+    if (!AllIn(oracle)) return "too many or too few bytes wait at the end";
     Click();
     return line_.TakeAll().empty() ? "" : "a request too many at the end";
 }
@@ -161,8 +161,8 @@ std::string StreamRig::FaultOfShown(const StreamOracle& oracle) {
     if (led_->Value() != oracle.Lit()) return "the lamp";
     const Verdict verdict = oracle.LastVerdict();
     const bool isNew = verdict == Verdict::Shown || verdict == Verdict::Saved;
-    if (!isNew) return shown_ == before ? "" : "something is shown of what must not be";
-    if (row_->kinds == "eee") return {};  // its dials have no header, ticks and checksum
+    if (!isNew) return shown_ == before ? "" : "a rejected reply is shown";
+    if (row_->kinds == "eee") return {};  // its view shows no header, ticks and checksum
     const Bytes& packet = oracle.Reply();
     const std::pair<QString, std::string> head[] = {
         {QStringLiteral("txtHeader"), std::to_string(packet.front())},
@@ -182,7 +182,7 @@ std::string StreamRig::FaultOfSaved(const StreamOracle& oracle) {
     std::string added{std::istreambuf_iterator<char>(file), {}};
     savedBytes_ += static_cast<long>(added.size());
     if (oracle.LastVerdict() != Verdict::Saved)
-        return added.empty() ? "" : "a row of what must not be saved: " + added;
+        return added.empty() ? "" : "a row of a reply that must not be saved: " + added;
     const Bytes& packet = oracle.Reply();
     const bool isOneRow =
         added.ends_with(", " + Word(packet, packet.size() - 4) + "\r\n") &&
@@ -191,7 +191,7 @@ std::string StreamRig::FaultOfSaved(const StreamOracle& oracle) {
     return isOneRow ? "" : "not the reply's one row is added: " + added;
 }
 
-/// Whether the program gets hold of all bytes that came since the last reply, and no others.
+/// Whether the program receives all bytes since the last reply, and no others.
 bool StreamRig::AllIn(const StreamOracle& oracle) {
     const auto waiting = [&] { return static_cast<std::size_t>(port_->InBufferCount()); };
     return WaitFor([&] { return waiting() >= oracle.Waiting(); }) && waiting() == oracle.Waiting();

@@ -19,8 +19,8 @@ class Screen;
 
 namespace orbkl4::test {
 
-/// The started program with a bare line on port 1, and a hand that feeds a sampling view any stream
-/// in any pieces and looks at what comes of it.
+/// The started program with a bare line on port 1; feeds a sampling view any stream in any pieces
+/// and checks the result.
 class StreamRig {
   public:
     StreamRig();
@@ -28,12 +28,12 @@ class StreamRig {
     StreamRig(const StreamRig&) = delete;
     StreamRig& operator=(const StreamRig&) = delete;
 
-    /// Feeds the stream that `data` stands for to its channel, and checks after each reply what is
-    /// shown, saved and requested, and that another cutting changes nothing of what is shown. What
-    /// is wrong, or an empty text.
+    /// Feeds the stream made of `data` to its channel and checks after each reply what is shown,
+    /// saved and requested, and that another cutting shows the same. Returns what is wrong, or an
+    /// empty text.
     std::string FaultOf(std::span<const std::uint8_t> data);
 
-    /// How often each verdict was due so far.
+    /// How often each verdict came up so far.
     const std::array<int, verdicts>& Verdicts() const { return verdicts_; }
 
   private:
@@ -47,7 +47,7 @@ class StreamRig {
     bool AllIn(const StreamOracle& oracle);
     std::string Snapshot() const;
 
-    TemporaryFolders surroundings_;
+    TemporaryFolders folders_;
     PtyMaster line_;
     MdiFrame frame_{"MDIForm1", "Frame"};
     BoxAnswerer boxes_{{}, QMessageBox::Retry};
@@ -56,7 +56,7 @@ class StreamRig {
     MSComm* port_ = nullptr;
     const CWButton* led_ = nullptr;
     std::string shown_;  ///< the last snapshot
-    std::string story_;  ///< what each reply of the stream left on the screen
+    std::string story_;  ///< what was shown after each reply of the stream
     std::string dataFile_;
     long savedBytes_ = 0;
     std::array<int, verdicts> verdicts_{};
