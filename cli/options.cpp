@@ -32,6 +32,7 @@ void TakeVariable(CLI::App& app, const char* option, const char* variable) {
 
 std::vector<int> AllSpeeds() {
     std::vector<int> speeds;
+    speeds.reserve(baudSearchOrder.size());
     for (const BaudRate& rate : baudSearchOrder)
         speeds.push_back(std::stoi(std::string(rate.text)));
     return speeds;

@@ -101,7 +101,7 @@ void Output::Message(const std::string& text) const {
 }
 
 void Output::Fail(const CliError& error) const {
-    const std::string remedy = error.Remedy();
+    const std::string& remedy = error.Remedy();
     Say(remedy.empty() ? error.what() : std::string(error.what()) + "; " + remedy);
     if (!json_) return;
     const QJsonObject described{{QStringLiteral("code"), QLatin1String(error.Code())},

@@ -45,6 +45,7 @@ void CollectReplies(std::vector<Asked*> waiting, DeviceCommand command,
     bool inTime = true;
     while (!waiting.empty() && inTime) {
         std::vector<pollfd> entries;
+        entries.reserve(waiting.size());
         for (const Asked* one : waiting)
             entries.push_back({.fd = one->line->Handle(), .events = POLLIN, .revents = 0});
         inTime = WaitFor(entries, deadline) && Clock::now() < deadline;

@@ -183,6 +183,7 @@ void Analog::mnuWrite_Click() {
     TrapUnderHourglass("mnuWrite_Click", [this] {
         BeginRun("Writing");
         std::vector<eeprom::Address> addresses;
+        addresses.reserve(analogWords.size());
         for (const AnalogWord& word : analogWords) addresses.push_back(word.address);
         StartEepromWrite(writeRun_, std::move(addresses));
     });
