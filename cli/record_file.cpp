@@ -15,6 +15,8 @@ namespace {
 using std::chrono::microseconds;
 
 constexpr auto earlierKey = "earlier";
+constexpr auto formatKey = "format";
+constexpr auto formatName = "orb-kl4 recording";
 
 QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -32,13 +34,26 @@ QJsonArray Entries(const std::vector<ColumnTitle>& columns) {
 /// Where the file of the recording at `path` lies.
 std::string PathFor(const std::string& path) { return path + ".json"; }
 
-/// What the file at `path` says of the recordings so far, the last of them last.
-QJsonArray EarlierIn(const QString& path) {
+/// Throws where the recording described by `last` can't go on as `document` describes it.
+void RequireSame(const QString& path, const QJsonObject& last, const QJsonObject& document) {
+    for (const char* key : {formatKey, "serialNumber", "channel", "columns"}) {
+        if (last[QLatin1String(key)] == document[QLatin1String(key)]) continue;
+        throw CliError(Failure::Usage,
+                       path.toStdString() + " has another \"" + key +
+                           "\" than this recording, so nothing can be appended",
+                       "name another file");
+    }
+}
+
+/// What the file at `path` says of the recordings so far, the last of them last; throws where they
+/// can't go on as `document` describes.
+QJsonArray EarlierIn(const QString& path, const QJsonObject& document) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {};
     QJsonObject last = QJsonDocument::fromJson(file.readAll()).object();
+    RequireSame(path, last, document);
     QJsonArray earlier = last.take(QLatin1String(earlierKey)).toArray();
-    if (!last.isEmpty()) earlier.append(last);
+    earlier.append(last);
     return earlier;
 }
 
@@ -68,10 +83,10 @@ QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
 RecordFile::RecordFile(const std::string& recording, QJsonObject description, microseconds start,
                        bool goesOn)
     : path_(QString::fromStdString(PathFor(recording))), document_(std::move(description)) {
-    document_["format"] = "orb-kl4 recording";
+    document_[QLatin1String(formatKey)] = formatName;
     document_["start"] = UtcText(start);
     if (!goesOn) return;
-    const QJsonArray earlier = EarlierIn(path_);
+    const QJsonArray earlier = EarlierIn(path_, document_);
     if (!earlier.isEmpty()) document_[QLatin1String(earlierKey)] = earlier;
 }
 

@@ -62,7 +62,9 @@ QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
 /// The file that says what a recording holds, which lies beside it as "<recording>.json".
 class RecordFile {
   public:
-    /// Takes over what `earlier` recordings into the same file left, where these go on.
+    /// The file of the recording at `recording`, which is as `description` says. If that goes on
+    /// with earlier recordings, what is known of them is kept; throws `Failure::Usage` if they are
+    /// of another sensor or channel, or hold other columns.
     RecordFile(const std::string& recording, QJsonObject description,
                std::chrono::microseconds start, bool goesOn);
 

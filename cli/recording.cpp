@@ -92,7 +92,7 @@ class Recording {
     void BeginGap(const char* why);
     void EndGap(Clock::time_point end);
     std::optional<Ending> GetOverLoss(const CliError& error);
-    void Finish(const char* ended);
+    QJsonObject Finish(const char* ended);
 
     const Context& context_;
     const RecordOptions& options_;
@@ -149,7 +149,8 @@ void Recording::StartPublishing() {
 ExitCode Recording::Run() {
     try {
         const Ending ending = Loop();
-        Finish(NameOf(ending));
+        const QJsonObject document = Finish(NameOf(ending));
+        if (context_.output.Json()) context_.output.Show("orb-kl4 recording", document, {});
         return ExitOf(ending, options_);
     } catch (const CliError& error) {
         try {
@@ -251,18 +252,18 @@ std::optional<Ending> Recording::GetOverLoss(const CliError& error) {
     return std::nullopt;
 }
 
-void Recording::Finish(const char* ended) {
+/// Ends all that runs; returns what the file beside the recording says then, if there is one.
+QJsonObject Recording::Finish(const char* ended) {
     const auto now = Clock::now();
     EndGap(now);
     progress_.End(tally_);
     if (publisher_) publisher_->Finish();
     TellNews();
-    if (!file_) return;
+    if (!file_) return {};
     if (publisher_)
         file_->Add("mqtt", QJsonObject{{"sent", static_cast<qint64>(publisher_->Sent())},
                                        {"dropped", static_cast<qint64>(publisher_->Dropped())}});
-    const QJsonObject document = file_->Write(tally_, QLatin1String(ended), time_.Unix(now));
-    if (context_.output.Json()) context_.output.Show("orb-kl4 recording", document, {});
+    return file_->Write(tally_, QLatin1String(ended), time_.Unix(now));
 }
 
 }  // namespace

@@ -123,9 +123,9 @@ void FormatJson(const Layout& layout, const TimedSample& timed, std::string& row
 }
 
 const std::array<RowFormat, 3> rowFormats{{
-    {"csv", CsvColumns, CsvHead, FormatCsv},
-    {"jsonl", JsonColumns, NoHead, FormatJsonLine},
-    {"workbench", WorkbenchColumns, WorkbenchHead, FormatWorkbench},
+    {"csv", "", CsvColumns, CsvHead, FormatCsv},
+    {"jsonl", "{\"timestamp\":", JsonColumns, NoHead, FormatJsonLine},
+    {"workbench", "", WorkbenchColumns, WorkbenchHead, FormatWorkbench},
 }};
 
 }  // namespace orbkl4::cli

@@ -36,10 +36,12 @@ struct ColumnTitle {
     std::string_view unit;
 };
 
-/// A kind of file: its name on the command line, its columns, the text at its beginning, and a
-/// sample's row with its line end. A row's memory is kept from sample to sample.
+/// A kind of file: its name on the command line, what each of its rows begins with, its columns,
+/// the text at its beginning, and a sample's row with its line end. A row's memory is kept from
+/// sample to sample.
 struct RowFormat {
     std::string_view name;
+    std::string_view rowStart;
     std::vector<ColumnTitle> (*columns)(const Layout& layout);
     std::string (*head)(const Layout& layout);
     void (*format)(const Layout& layout, const TimedSample& sample, std::string& row);

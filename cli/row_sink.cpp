@@ -44,8 +44,10 @@ int Opened(const Target& target) {
     ThrowSystem(target.path, "opened", errno);
 }
 
-/// The last line of `head`, and in the same place that of the file at `path`, must be one.
-void RequireSameColumns(const std::string& path, const std::string& head) {
+/// The last line of `head`, and in the same place that of the file at `path`, must be one; without
+/// a head the file must begin with a row.
+void RequireSameColumns(const std::string& path, const std::string& head,
+                        std::string_view rowStart) {
     std::ifstream file(path, std::ios::binary);
     std::string line;
     std::string wanted;
@@ -53,7 +55,8 @@ void RequireSameColumns(const std::string& path, const std::string& head) {
         wanted = head.substr(begin, head.find('\n', begin) - begin);
         std::getline(file, line);
     }
-    if (line == wanted) return;
+    if (head.empty()) std::getline(file, line);
+    if (head.empty() ? line.starts_with(rowStart) : line == wanted) return;
     throw CliError(Failure::Usage, path + " holds other columns, so nothing can be appended",
                    "name another file");
 }
@@ -112,7 +115,7 @@ bool RowSink::Write(const TimedSample& sample) {
 
 /// Goes on with a file that holds rows, of which a power failure may have left half a one.
 void RowSink::Continue() {
-    RequireSameColumns(name_, format_.head(layout_));
+    RequireSameColumns(name_, format_.head(layout_), format_.rowStart);
     struct stat status {};
     if (::fstat(file_, &status) != 0 || ::ftruncate(file_, EndOfLines(name_, status.st_size)) != 0)
         ThrowSystem(name_, "continued", errno);
