@@ -1,12 +1,12 @@
 #include "cli/record_file.h"
 
+#include "cli/atomic_file.h"
 #include "cli/error.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace orbkl4::cli {
 
@@ -35,20 +35,20 @@ QJsonArray Entries(const std::vector<ColumnTitle>& columns) {
 std::string PathFor(const std::string& path) { return path + ".json"; }
 
 /// Throws where the recording described by `last` can't go on as `document` describes it.
-void RequireSame(const QString& path, const QJsonObject& last, const QJsonObject& document) {
+void RequireSame(const std::string& path, const QJsonObject& last, const QJsonObject& document) {
     for (const char* key : {formatKey, "serialNumber", "channel", "columns"}) {
         if (last[QLatin1String(key)] == document[QLatin1String(key)]) continue;
-        throw CliError(Failure::Usage,
-                       path.toStdString() + " has another \"" + key +
-                           "\" than this recording, so nothing can be appended",
-                       "name another file");
+        throw CliError(
+            Failure::Usage,
+            path + " has another \"" + key + "\" than this recording, so nothing can be appended",
+            "name another file");
     }
 }
 
 /// What the file at `path` says of the recordings so far, the last of them last; throws where they
 /// can't go on as `document` describes.
-QJsonArray EarlierIn(const QString& path, const QJsonObject& document) {
-    QFile file(path);
+QJsonArray EarlierIn(const std::string& path, const QJsonObject& document) {
+    QFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::ReadOnly)) return {};
     QJsonObject last = QJsonDocument::fromJson(file.readAll()).object();
     RequireSame(path, last, document);
@@ -82,7 +82,7 @@ QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
 
 RecordFile::RecordFile(const std::string& recording, QJsonObject description, microseconds start,
                        bool goesOn)
-    : path_(QString::fromStdString(PathFor(recording))), document_(std::move(description)) {
+    : path_(PathFor(recording)), document_(std::move(description)) {
     document_[QLatin1String(formatKey)] = formatName;
     document_["start"] = UtcText(start);
     if (!goesOn) return;
@@ -109,12 +109,8 @@ QJsonObject RecordFile::Write(const Tally& tally, const QJsonValue& ended, micro
     document["gapsUnlisted"] = static_cast<qint64>(tally.gapsUnlisted);
     document["end"] = ended.isNull() ? QJsonValue() : QJsonValue(UtcText(now));
     document["ended"] = ended;
-    QSaveFile file(path_);
-    const QByteArray text = QJsonDocument(document).toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return document;
-    throw CliError(Failure::System,
-                   path_.toStdString() + " can't be written: " + file.errorString().toStdString());
+    ReplaceFile(path_, QJsonDocument(document).toJson());
+    return document;
 }
 
 }  // namespace orbkl4::cli

@@ -80,7 +80,7 @@ class RecordFile {
     void Add(const QString& name, const QJsonValue& value) { document_[name] = value; }
 
   private:
-    QString path_;
+    std::string path_;
     QJsonObject document_;
 };
 

@@ -2,7 +2,7 @@
 
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
   libcli11-dev libmosquitto-dev fonts-dejavu-core"
-test_packages="libgtest-dev"
+test_packages="libgtest-dev mosquitto scdoc"
 lint_packages="clang-format clang-tidy clang-tools clang libclang-rt-14-dev"
 
 # need PACKAGE...: installs those that aren't there, asking for sudo only if some aren't.

@@ -1,4 +1,5 @@
 #include "cli/record_test.h"
+
 #include "support/frames.h"
 
 #include <QJsonArray>
