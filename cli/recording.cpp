@@ -87,6 +87,7 @@ class Recording {
     std::optional<Ending> Step();
     std::optional<Ending> Keep(Clock::time_point received);
     std::optional<Ending> Miss(Reply::Kind kind, Clock::time_point now);
+    void StartFile(const Target& target);
     void StartPublishing();
     void TellNews();
     void BeginGap(const char* why);
@@ -126,13 +127,20 @@ Recording::Recording(const Context& context, const RecordOptions& options, const
       deadline_(DeadlineOf(options, time_.Start())),
       lastSample_(time_.Start()) {
     progress_.Begin(target.path);
-    if (!target.path.empty()) {
+    if (!target.path.empty()) StartFile(target);
+    if (options.broker) StartPublishing();
+}
+
+void Recording::StartFile(const Target& target) {
+    try {
         file_.emplace(target.path,
-                      Described(sensor_, *options.channel, options.format->columns(layout_)),
+                      Described(sensor_, *options_.channel, options_.format->columns(layout_)),
                       time_.Unix(time_.Start()), target.existing == Existing::Append);
         file_->Write(tally_, {}, {});
+    } catch (const CliError&) {
+        sink_.Withdraw();
+        throw;
     }
-    if (options.broker) StartPublishing();
 }
 
 void Recording::StartPublishing() {

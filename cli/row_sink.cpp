@@ -91,7 +91,8 @@ RowSink::RowSink(const Target& target, const RowFormat& format, const Layout& la
       layout_(layout),
       name_(target.path.empty() ? "standard output" : target.path),
       file_(target.path.empty() ? STDOUT_FILENO : Opened(target)),
-      owned_(!target.path.empty()) {
+      owned_(!target.path.empty()),
+      made_(owned_ && target.existing == Existing::Refuse) {
     // A write that fails is to say so: to a pipe that nobody reads, or beyond the size allowed.
     for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, SIG_IGN);
     struct stat status {};
@@ -100,7 +101,7 @@ RowSink::RowSink(const Target& target, const RowFormat& format, const Layout& la
     if (owned_ && regular_ && status.st_size > 0) {
         Continue();
     } else {
-        Put(format.head(layout));
+        Begin();
     }
 }
 
@@ -111,6 +112,20 @@ RowSink::~RowSink() {
 bool RowSink::Write(const TimedSample& sample) {
     format_.format(layout_, sample, row_);
     return Put(row_);
+}
+
+void RowSink::Withdraw() const {
+    if (made_) ::unlink(name_.c_str());
+}
+
+/// A service that is started again and again on a full disk must not leave a file each time.
+void RowSink::Begin() {
+    try {
+        Put(format_.head(layout_));
+    } catch (const CliError&) {
+        Withdraw();
+        throw;
+    }
 }
 
 /// Goes on with a file that holds rows, of which a power failure may have left half a one.

@@ -29,7 +29,7 @@ class RowSink {
   public:
     /// Opens the target, and writes the format's head where it doesn't begin with it. Throws
     /// `Failure::Usage` for a file that is refused or holds other columns, `System` where it can't
-    /// be opened or written.
+    /// be opened or written, which leaves no new file.
     RowSink(const Target& target, const RowFormat& format, const Layout& layout);
     ~RowSink();
     RowSink(const RowSink&) = delete;
@@ -39,7 +39,11 @@ class RowSink {
     /// more; throws `Failure::System` where the row can't be written, and `Interrupted`.
     bool Write(const TimedSample& sample);
 
+    /// Removes the file where this recording has made it.
+    void Withdraw() const;
+
   private:
+    void Begin();
     void Continue();
     bool Put(std::string_view text);
     [[noreturn]] void CutBack(std::size_t written, int error) const;
@@ -49,6 +53,7 @@ class RowSink {
     std::string name_;
     int file_;
     bool owned_ = false;
+    bool made_ = false;
     bool regular_ = false;
     bool readerGone_ = false;
     std::string row_;
