@@ -1,6 +1,7 @@
 #include "acquire/channels.h"
 #include "acquire/data_files.h"
 #include "acquire/logic/packets.h"
+#include "bench/commands.h"
 #include "bench/process_cost.h"
 #include "bench/record.h"
 #include "bench/table.h"
@@ -259,7 +260,7 @@ struct Section {
 constexpr Section sections[] = {
     {"handlers", MeasureHandlers},   {"unpaced", MeasureUnpaced},   {"paced", MeasurePaced},
     {"processor", MeasureProcessor}, {"decoders", MeasureDecoders}, {"rows", MeasureRows},
-    {"processes", MeasureProcesses}, {"record", MeasureRecord},
+    {"processes", MeasureProcesses}, {"record", MeasureRecord},     {"commands", MeasureCommands},
 };
 
 }  // namespace

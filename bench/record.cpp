@@ -1,5 +1,6 @@
 #include "bench/record.h"
 
+#include "bench/process_cost.h"
 #include "bench/raw_loop.h"
 #include "simulator/simulator.h"
 
@@ -7,57 +8,53 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <sys/resource.h>
 #include <vector>
 
 namespace orbkl4::bench {
 
 namespace {
 
-/// Processor seconds of all processes that have been started and have ended.
-double EndedCpuSeconds() {
-    rusage usage{};
-    ::getrusage(RUSAGE_CHILDREN, &usage);
-    const auto seconds = [](const timeval& time) {
-        constexpr double microsecond = 1e-6;
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * microsecond;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+/// The rows of a recording so far.
+QList<QByteArray> RowsOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QList<QByteArray> lines = file.readAll().split('\n');
+    lines.removeFirst();  // the names
+    if (!lines.isEmpty()) lines.removeLast();
+    return lines;
 }
 
-/// Runs the program on `device` up to the limit that `option` sets.
-LoopResult RunRecord(const std::string& device, int baud, const QString& option) {
+/// What the program does on `device` in the midst of a recording, without what it takes to start.
+LoopResult RecordLoop(const std::string& device, int baud, double seconds) {
+    constexpr qsizetype warm = 20;
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("rows.csv"));
-    const double before = EndedCpuSeconds();
     QProcess process;
     process.start(QStringLiteral(CLI_PROGRAM),
                   {QStringLiteral("record"), QStringLiteral("vectors"), QStringLiteral("--device"),
                    QString::fromStdString(device), QStringLiteral("--baud"), QString::number(baud),
-                   QStringLiteral("-o"), path, option});
-    process.waitForFinished(-1);
+                   QStringLiteral("-o"), path});
+    process.waitForStarted();
+    while (RowsOf(path).size() < warm && process.state() == QProcess::Running)
+        process.waitForFinished(1);
+    const double before = CpuSecondsOf(process.processId());
+    const qsizetype first = RowsOf(path).size();
+    process.waitForFinished(static_cast<int>(seconds * 1e3));
+    const qsizetype last = RowsOf(path).size();
     LoopResult result;
-    result.cpuSeconds = EndedCpuSeconds() - before;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return result;
-    const QList<QByteArray> lines = file.readAll().trimmed().split('\n');
-    const auto time = [&](const QByteArray& line) { return line.split(',').value(1).toDouble(); };
-    result.samples = static_cast<double>(lines.size() - 1);
-    result.intervals = result.samples - 1;
-    result.seconds = time(lines.last()) - time(lines.value(1));
-    return result;
-}
-
-/// The program's sampling without what it takes to start and to find the sensor.
-LoopResult RecordLoop(const std::string& device, int baud, double seconds) {
-    const double startCpu = RunRecord(device, baud, QStringLiteral("--samples=1")).cpuSeconds;
-    LoopResult result = RunRecord(device, baud, QStringLiteral("--seconds=%1").arg(seconds));
-    result.cpuSeconds -= startCpu;
+    result.cpuSeconds = CpuSecondsOf(process.processId()) - before;
+    process.terminate();
+    process.waitForFinished();
+    const QList<QByteArray> rows = RowsOf(path);
+    const auto time = [&](qsizetype row) { return rows.value(row).split(',').value(1).toDouble(); };
+    result.samples = static_cast<double>(last - first);
+    result.intervals = result.samples;
+    result.seconds = time(last - 1) - time(first - 1);
     return result;
 }
 
 void Compare(Table& table, bool paced, int baud) {
-    constexpr int turns = 3;
+    constexpr int turns = 5;
     constexpr double seconds = 1.5;
     constexpr double microseconds = 1e6;
     orbkl4sim::SimulatorOptions options;
