@@ -63,7 +63,7 @@ bool Line::Receive(Bytes& received, Clock::time_point deadline) {
     return true;
 }
 
-void Line::Discard() {
+void Line::Discard() const {
     std::array<std::uint8_t, 4096> dropped;  // NOLINT(*-member-init): filled by read
     while (::read(Handle(), dropped.data(), dropped.size()) > 0) {
     }

@@ -51,7 +51,7 @@ struct RowFormat {
 std::vector<ColumnTitle> JsonColumns(const Layout& layout);
 
 /// The sample's JSON object, the row of JSON lines without its line end.
-void FormatJson(const Layout& layout, const TimedSample& sample, std::string& row);
+void FormatJson(const Layout& layout, const TimedSample& timed, std::string& row);
 
 /// CSV, JSON lines and the workbench's own file.
 extern const std::array<RowFormat, 3> rowFormats;

@@ -31,6 +31,7 @@ struct Words {
 template <typename Rows>
 std::vector<std::string> NamesIn(const Rows& rows) {
     std::vector<std::string> names;
+    names.reserve(rows.size());
     for (const auto& row : rows) names.emplace_back(row.name);
     return names;
 }
