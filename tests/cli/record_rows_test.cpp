@@ -181,7 +181,7 @@ TEST_F(Record, IsReadByPython) {
     EXPECT_EQ("50 12 True\n", Shell("python3 -c \"import csv; rows = list(csv.DictReader(open("
                                     "\\\"log\\\"))); print(len(rows), len(rows[0]), all(float(v) "
                                     "is not None for r in rows for v in r.values()))\""));
-    if (Shell("python3 -c \"import pandas; pandas.DataFrame\"") != "")
+    if (!Shell("python3 -c \"import pandas; pandas.DataFrame\"").empty())
         GTEST_SKIP() << "no pandas here";
     EXPECT_EQ("(50, 12) True True\n",
               Shell("python3 -c \"import pandas; d = pandas.read_csv(\\\"log\\\"); print(d.shape, "
