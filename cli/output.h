@@ -35,6 +35,7 @@ class Output {
     Output(bool json, bool quiet) : json_(json), quiet_(quiet) {}
 
     bool Json() const { return json_; }
+    bool Quiet() const { return quiet_; }
 
     /// Prints `document`, with "format": `format` and "version": 1 added, in JSON, else `table`;
     /// throws `Failure::System` if standard output takes no more.

@@ -1,8 +1,10 @@
 #include "cli/session.h"
 
+#include "base/arithmetic.h"
 #include "cli/error.h"
 #include "cli/reply.h"
 #include "link/logic/requests.h"
+#include "settings/logic/tick_interval.h"
 
 #include <algorithm>
 #include <optional>
@@ -80,6 +82,15 @@ GainScales Session::ReadGainScales() {
     scales.AccGainScale = ReadWord(eeprom::accGainScale);
     scales.MagGainScale = ReadWord(eeprom::magGainScale);
     return scales;
+}
+
+double Session::ReadTickInterval() {
+    constexpr int decimals = 4;  // as fine as its unit, 100 ns
+    const double prescaler = ReadWord(eeprom::timer2Prescaler);
+    const double postscaler = ReadWord(eeprom::timer2Postscaler);
+    const double compare = ReadWord(eeprom::timer2Compare);
+    const double ticksInterval = ReadWord(eeprom::timerTicksInterval);
+    return RoundTo(TickInterval(prescaler, postscaler, compare, ticksInterval), decimals);
 }
 
 Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScales,

@@ -53,6 +53,10 @@ class Session {
     /// The three words that scale the sensor's vectors, by `Exchange`.
     GainScales ReadGainScales();
 
+    /// How long one of the sensor's ticks lasts, in milliseconds, by `Exchange` of the four words
+    /// that set it.
+    double ReadTickInterval();
+
     /// Asks once for a sample and decodes it into `sample`; a reply that can't be decoded is bad.
     Reply TakeSample(const SamplePacket& packet, const GainScales& gainScales, Sample& sample);
 

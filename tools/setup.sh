@@ -2,8 +2,8 @@
 # missing, builds and tests. Sourcing scripts set -eo pipefail.
 
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
-  libcli11-dev fonts-dejavu-core"
-test_packages="libgtest-dev"
+  libcli11-dev libmosquitto-dev fonts-dejavu-core"
+test_packages="libgtest-dev mosquitto scdoc"
 lint_packages="clang-format clang-tidy clang-tools clang libclang-rt-dev"
 
 # logged FILE COMMAND...: keeps in the file what the command prints, and shows its end on failure.
