@@ -1,7 +1,9 @@
 #include "acquire/channels.h"
 #include "acquire/data_files.h"
 #include "acquire/logic/packets.h"
+#include "bench/commands.h"
 #include "bench/process_cost.h"
+#include "bench/record.h"
 #include "bench/table.h"
 #include "bench/workbench.h"
 #include "platform/controls/house_style.h"
@@ -258,7 +260,7 @@ struct Section {
 constexpr Section sections[] = {
     {"handlers", MeasureHandlers},   {"unpaced", MeasureUnpaced},   {"paced", MeasurePaced},
     {"processor", MeasureProcessor}, {"decoders", MeasureDecoders}, {"rows", MeasureRows},
-    {"processes", MeasureProcesses},
+    {"processes", MeasureProcesses}, {"record", MeasureRecord},     {"commands", MeasureCommands},
 };
 
 }  // namespace

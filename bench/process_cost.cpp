@@ -17,6 +17,8 @@ QByteArray ReadProc(qint64 process, const char* leaf) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+constexpr double nanosecond = 1e-9;
+
 /// Nanoseconds of processor time, exact where /proc/<pid>/stat would count in hundredths.
 qint64 RunTime(qint64 process) {
     return ReadProc(process, "schedstat").split(' ').value(0).toLongLong();
@@ -35,9 +37,10 @@ double ResidentBytes(qint64 process) {
 
 }  // namespace
 
+double CpuSecondsOf(qint64 process) { return static_cast<double>(RunTime(process)) * nanosecond; }
+
 ProcessCost CostOf(const std::string& program, const QStringList& arguments) {
     constexpr auto idleFor = std::chrono::milliseconds(200);
-    constexpr double nanosecond = 1e-9;
     QProcess process;
     const auto start = Clock::now();
     process.start(QString::fromStdString(program), arguments);

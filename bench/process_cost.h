@@ -13,6 +13,9 @@ struct ProcessCost {
     double residentBytes = 0;     ///< when idle
 };
 
+/// Processor seconds that the main thread of `process` has used; 0 where there is no such process.
+double CpuSecondsOf(qint64 process);
+
 /// Starts `program`, waits until it is idle, and ends it.
 ProcessCost CostOf(const std::string& program, const QStringList& arguments);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquire/logic/file_kinds.h"
 #include "link/logic/device_command.h"
 
 #include <array>
@@ -7,28 +8,29 @@
 
 namespace orbkl4::cli {
 
-/// A kind of sample and the name that it has on the command line.
+/// A kind of sample, the name that it has on the command line, and the workbench's file for it.
 struct Channel {
     std::string_view name;
     DeviceCommand command;
+    FileKind kind;
 };
 
 /// The twelve channels.
 inline constexpr std::array channels = [] {
     using enum DeviceCommand;
     return std::to_array<Channel>({
-        {"sensor-bits", CmdRawSensorBits},
-        {"vectors", CmdGyroStabVectors},
-        {"instant-vectors", CmdInstantVectors},
-        {"quaternion", CmdGyroStabQuaternion},
-        {"instant-quaternion", CmdInstantQuaternion},
-        {"matrix", CmdGyroStabMatrix},
-        {"instant-matrix", CmdInstantMatrix},
-        {"angles", CmdGyroStabEuler},
-        {"instant-angles", CmdInstantEuler},
-        {"angles-acc-rate", CmdEulerAccelRate},
-        {"quat-vectors", CmdGyroStabQuatCompVectors},
-        {"quat-instant-vectors", CmdGyroStabQuatInstantVectors},
+        {"sensor-bits", CmdRawSensorBits, FileKind::SensorBits},
+        {"vectors", CmdGyroStabVectors, FileKind::Vectors},
+        {"instant-vectors", CmdInstantVectors, FileKind::Vectors},
+        {"quaternion", CmdGyroStabQuaternion, FileKind::Quaternions},
+        {"instant-quaternion", CmdInstantQuaternion, FileKind::Quaternions},
+        {"matrix", CmdGyroStabMatrix, FileKind::Matrix},
+        {"instant-matrix", CmdInstantMatrix, FileKind::Matrix},
+        {"angles", CmdGyroStabEuler, FileKind::Angles},
+        {"instant-angles", CmdInstantEuler, FileKind::Angles},
+        {"angles-acc-rate", CmdEulerAccelRate, FileKind::AnglesAccRateVector},
+        {"quat-vectors", CmdGyroStabQuatCompVectors, FileKind::QuatVecs},
+        {"quat-instant-vectors", CmdGyroStabQuatInstantVectors, FileKind::QuatVecs},
     });
 }();
 

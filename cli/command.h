@@ -36,6 +36,9 @@ Action AddCommands(CLI::App& app, std::span<const Command> commands);
 // The commands, each in its own file in cli/commands/.
 Action SetUpPorts(CLI::App& app);
 Action SetUpInfo(CLI::App& app);
+Action SetUpRecord(CLI::App& app);
+Action SetUpMemory(CLI::App& app);
+Action SetUpDoctor(CLI::App& app);
 Action SetUpCompletion(CLI::App& app);
 
 }  // namespace orbkl4::cli

@@ -21,6 +21,9 @@ namespace {
 constexpr std::array commands = std::to_array<Command>({
     {"ports", "List the 16 ports and what is on them", SetUpPorts},
     {"info", "Show what the sensor says of itself", SetUpInfo},
+    {"record", "Record samples of a channel", SetUpRecord},
+    {"memory", "Show, save, compare and change the sensor's memory", SetUpMemory},
+    {"doctor", "Say how well the line carries, and what to do", SetUpDoctor},
     {"completion", "", SetUpCompletion},
 });
 

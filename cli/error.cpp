@@ -24,6 +24,8 @@ constexpr std::array failureRows = std::to_array<FailureRow>({
     {Failure::NoAnswer, "no-answer", ExitCode::NoAnswer},
     {Failure::BadAnswer, "bad-answer", ExitCode::NoAnswer},
     {Failure::LineGone, "line-gone", ExitCode::NoAnswer},
+    {Failure::BadFile, "bad-file", ExitCode::Usage},
+    {Failure::Unfinished, "unfinished", ExitCode::Usage},
     {Failure::System, "system", ExitCode::System},
     {Failure::Interrupted, "interrupted", ExitCode::System},
 });

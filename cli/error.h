@@ -28,6 +28,8 @@ enum class Failure : std::uint8_t {
     NoAnswer,
     BadAnswer,
     LineGone,
+    BadFile,     ///< a file given isn't what it should be
+    Unfinished,  ///< a change of the sensor's memory has begun and not ended
     System,
     Interrupted,  ///< by a signal; the exit code is 128 and the signal's number
 };

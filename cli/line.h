@@ -47,7 +47,7 @@ class Line {
     bool Receive(Bytes& received, Clock::time_point deadline);
 
     /// Drops what has come by now.
-    void Discard();
+    void Discard() const;
 
   private:
     [[noreturn]] void ThrowGone() const;

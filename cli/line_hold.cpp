@@ -112,6 +112,13 @@ LineHold::~LineHold() {
     ::close(handle_);
 }
 
+std::optional<bool> HasLowLatency([[maybe_unused]] int handle) {
+#ifdef __linux__
+    if (const auto flags = DriverFlags(handle)) return (*flags & ASYNC_LOW_LATENCY) != 0;
+#endif
+    return std::nullopt;
+}
+
 std::optional<Holder> HolderOf(const std::string& device) {
     std::error_code ignored;
     for (const auto& process : fs::directory_iterator("/proc", ignored)) {

@@ -26,6 +26,10 @@ class LineHold {
     std::optional<int> driverFlags_;  ///< as found; none if the driver has no such flags
 };
 
+/// Whether the driver of the open device `handle` has its low-latency flag set; none if it has no
+/// such flag.
+std::optional<bool> HasLowLatency(int handle);
+
 /// A process that has a device open.
 struct Holder {
     std::string name;

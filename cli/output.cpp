@@ -100,6 +100,8 @@ void Output::Message(const std::string& text) const {
     if (!quiet_) Say(text);
 }
 
+void Output::Warn(const std::string& text) const { Say(text); }
+
 void Output::Fail(const CliError& error) const {
     const std::string& remedy = error.Remedy();
     Say(remedy.empty() ? error.what() : std::string(error.what()) + "; " + remedy);

@@ -35,6 +35,7 @@ class Output {
     Output(bool json, bool quiet) : json_(json), quiet_(quiet) {}
 
     bool Json() const { return json_; }
+    bool Quiet() const { return quiet_; }
 
     /// Prints `document`, with "format": `format` and "version": 1 added, in JSON, else `table`;
     /// throws `Failure::System` if standard output takes no more.
@@ -45,6 +46,9 @@ class Output {
 
     /// Prints one line to standard error, "orb-kl4: text"; nothing under --quiet.
     void Message(const std::string& text) const;
+
+    /// Prints one line to standard error as `Message` does, under --quiet too.
+    void Warn(const std::string& text) const;
 
     /// Prints an error and its remedy to standard error, and in JSON to standard output as well.
     void Fail(const CliError& error) const;

@@ -1,8 +1,10 @@
 #include "cli/session.h"
 
+#include "base/arithmetic.h"
 #include "cli/error.h"
 #include "cli/reply.h"
 #include "link/logic/requests.h"
+#include "settings/logic/tick_interval.h"
 
 #include <algorithm>
 #include <optional>
@@ -62,6 +64,10 @@ Bytes Session::Exchange(const Bytes& request) {
                    "check its power and its wiring");
 }
 
+int Session::ReadSerialNumber() {
+    return static_cast<int>(WordAt(Exchange(Request(DeviceCommand::CmdSerialNumber)), 1));
+}
+
 int Session::ReadWord(eeprom::Address address) {
     return static_cast<int>(WordAt(Exchange(ReadEepromRequest(address)), 1));
 }
@@ -78,6 +84,15 @@ GainScales Session::ReadGainScales() {
     return scales;
 }
 
+double Session::ReadTickInterval() {
+    constexpr int decimals = 4;  // as fine as its unit, 100 ns
+    const double prescaler = ReadWord(eeprom::timer2Prescaler);
+    const double postscaler = ReadWord(eeprom::timer2Postscaler);
+    const double compare = ReadWord(eeprom::timer2Compare);
+    const double ticksInterval = ReadWord(eeprom::timerTicksInterval);
+    return RoundTo(TickInterval(prescaler, postscaler, compare, ticksInterval), decimals);
+}
+
 Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScales,
                           Sample& sample) {
     Reply reply = Ask(Request(packet.command));
@@ -87,7 +102,6 @@ Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScal
     return reply;
 }
 
-/// Drops what comes until nothing has for a while; a sensor in continuous mode is never quiet.
 void Session::AwaitQuiet() {
     const auto end = Clock::now() + longestNoise;
     Bytes dropped;

@@ -40,6 +40,9 @@ class Session {
     /// `BadAnswer`.
     Bytes Exchange(const Bytes& request);
 
+    /// The serial number as the sensor gives it now, by `Exchange`.
+    int ReadSerialNumber();
+
     /// The word at `address`, 0 to 65535, by `Exchange`.
     int ReadWord(eeprom::Address address);
 
@@ -50,15 +53,21 @@ class Session {
     /// The three words that scale the sensor's vectors, by `Exchange`.
     GainScales ReadGainScales();
 
+    /// How long one of the sensor's ticks lasts, in milliseconds, by `Exchange` of the four words
+    /// that set it.
+    double ReadTickInterval();
+
     /// Asks once for a sample and decodes it into `sample`; a reply that can't be decoded is bad.
     Reply TakeSample(const SamplePacket& packet, const GainScales& gainScales, Sample& sample);
 
     /// Has the sensor answer requests only: writes 0 for its continuous mode.
     void StopContinuousMode() { WriteWord(eeprom::continuousMode, 0); }
 
-  private:
+    /// Drops what comes until nothing has for a while, so that a reply that comes late isn't taken
+    /// for that to the next request; a sensor in continuous mode is never quiet.
     void AwaitQuiet();
 
+  private:
     FoundSensor sensor_;
 };
 

@@ -1,10 +1,8 @@
-#include "base/arithmetic.h"
 #include "cli/channels.h"
 #include "cli/command.h"
 #include "cli/session.h"
 #include "link/logic/requests.h"
 #include "settings/logic/temperature.h"
-#include "settings/logic/tick_interval.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,12 +25,7 @@ Condition ReadCondition(Session& session) {
     Condition condition{};
     condition.gainScales = session.ReadGainScales();
     condition.mode = ModeName(session.ReadWord(eeprom::continuousMode));
-    const auto word = [&](eeprom::Address address) { return double(session.ReadWord(address)); };
-    constexpr int decimals = 4;  // as fine as its unit, 100 ns
-    condition.tickIntervalMilliseconds =
-        RoundTo(TickInterval(word(eeprom::timer2Prescaler), word(eeprom::timer2Postscaler),
-                             word(eeprom::timer2Compare), word(eeprom::timerTicksInterval)),
-                decimals);
+    condition.tickIntervalMilliseconds = session.ReadTickInterval();
     const Bytes temperature = session.Exchange(Request(DeviceCommand::CmdTemperature));
     condition.celsius = CelsiusOf(WordAt(temperature, 1));
     return condition;

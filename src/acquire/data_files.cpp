@@ -2,15 +2,13 @@
 
 #include "base/run_time_error.h"
 #include "errors/trap.h"
+#include "platform/system/clock.h"
 #include "platform/system/file_channel.h"
 #include "platform/system/folders.h"
 #include "platform/windows/common_dialog.h"
 #include "platform/windows/screen.h"
 #include "state/app_state.h"
 #include "state/sample_state.h"
-
-#include <QDateTime>
-#include <QLocale>
 
 #include <algorithm>
 #include <string>
@@ -52,15 +50,6 @@ void AskForFile(CommonDialog& dialog) {
     dialog.ShowSave();
 }
 
-/// The header of a file of `kind` created now.
-std::vector<std::string> HeaderOfNow(std::string_view kind) {
-    const QLocale locale = QLocale::system();
-    const QDateTime now = QDateTime::currentDateTime();
-    return FileHeader(kind, AppState.VersionText,
-                      locale.toString(now.date(), QLocale::ShortFormat).toStdString(),
-                      locale.toString(now.time(), QLocale::ShortFormat).toStdString());
-}
-
 }  // namespace
 
 void CreateDataFile(const Screen& screen, std::string_view kind) {
@@ -70,7 +59,8 @@ void CreateDataFile(const Screen& screen, std::string_view kind) {
         if (dialog == nullptr) return;
         AskForFile(*dialog);
         AppState.DataFileName = dialog->FileName().toStdString();
-        const std::vector<std::string> header = HeaderOfNow(kind);
+        const std::vector<std::string> header =
+            FileHeader(kind, AppState.VersionText, LocalDateText(), LocalTimeText());
         Channel1().OpenForOutput(AppState.DataFileName);
         channel.Opened();
         for (const std::string& line : header) Channel1().Print(line);

@@ -2,9 +2,13 @@
 
 #include <QJsonDocument>
 
+#include <array>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <stdexcept>
 #include <sys/prctl.h>
+#include <thread>
 #ifdef __linux__
 #include <linux/capability.h>
 #endif
@@ -58,6 +62,15 @@ Outcome CliProcess::AwaitEnd() {
             process_.readAllStandardError().toStdString()};
 }
 
+testing::AssertionResult Comes(const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(patience);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) return testing::AssertionFailure();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return testing::AssertionSuccess();
+}
+
 CliTest::CliTest() {
     // A plain file is no serial line, so that the port stands for none of this machine's.
     const auto none = folder_.Write("no-line", "");
@@ -88,6 +101,18 @@ Environment CliTest::Surroundings(const Environment& more) const {
                             {"LC_ALL", "C.UTF-8"}};
     for (const auto& [name, value] : more) environment[name] = value;
     return environment;
+}
+
+std::string CliTest::Shell(const std::string& script) const {
+    const std::string folder = folder_.Path().string();
+    const std::string line = "cd " + folder + "; PATH=/usr/bin:$PATH XDG_CONFIG_HOME=" + folder +
+                             " bash -c '" + script + "' - \"" CLI_PROGRAM "\" 2>&1";
+    std::string text;
+    std::FILE* const pipe = ::popen(line.c_str(), "r");
+    std::array<char, 256> part;
+    while (std::fgets(part.data(), part.size(), pipe) != nullptr) text += part.data();
+    ::pclose(pipe);
+    return text;
 }
 
 Outcome CliTest::Run(const Words& arguments, const Environment& more) const {

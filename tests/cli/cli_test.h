@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -49,6 +50,9 @@ class CliProcess {
     QProcess process_;
 };
 
+/// Waits until `condition` holds; fails where it doesn't for long.
+testing::AssertionResult Comes(const std::function<bool()>& condition);
+
 /// Simulated sensors on ports of the test's own: the 16 ports of this machine aren't touched.
 class CliTest : public testing::Test {
   protected:
@@ -61,6 +65,9 @@ class CliTest : public testing::Test {
 
     /// What the program is to run in, and `more`.
     Environment Surroundings(const Environment& more = {}) const;
+
+    /// What a bash script prints, in which $1 is the program.
+    std::string Shell(const std::string& script) const;
 
     /// Runs the program to its end.
     Outcome Run(const Words& arguments, const Environment& more = {}) const;

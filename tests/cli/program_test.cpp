@@ -1,25 +1,9 @@
 #include "cli/cli_test.h"
 
-#include <array>
-#include <cstdio>
-
 namespace orbkl4::cli::test {
 namespace {
 
-class Program : public CliTest {
-  protected:
-    /// What a shell script prints, in which $1 is the program.
-    std::string Shell(const std::string& script) const {
-        const std::string line = "XDG_CONFIG_HOME=" + folder_.Path().string() + " bash -c '" +
-                                 script + "' - \"" CLI_PROGRAM "\" 2>&1";
-        std::string text;
-        std::FILE* const pipe = ::popen(line.c_str(), "r");
-        std::array<char, 256> part;
-        while (std::fgets(part.data(), part.size(), pipe) != nullptr) text += part.data();
-        ::pclose(pipe);
-        return text;
-    }
-};
+class Program : public CliTest {};
 
 TEST_F(Program, TellsItsVersionAndHelp) {
     EXPECT_EQ("2.0.4\n", Run({"--version"}).out);

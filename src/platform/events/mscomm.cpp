@@ -53,6 +53,9 @@ void MSComm::PortOpen(bool open) {
 void MSComm::OpenPort() {
     const PortDevice device = DeviceOfPort(commPort_);
     OpenLine(line_, device, PortText(commPort_, device.name), ParseLineSettings(settings_));
+    // Not every version of QSerialPort reports a hang-up; from 6.8 on it reads nothing for ever.
+    hangUp_ = std::make_unique<QSocketNotifier>(line_.handle(), QSocketNotifier::Exception);
+    connect(hangUp_.get(), &QSocketNotifier::activated, this, &MSComm::OnLineError);
     received_.clear();
     sent_ = QDeadlineTimer(0);
     gone_ = false;
@@ -65,9 +68,14 @@ void MSComm::ClosePort() {
         // Closing restores the line's old speed, which must not garble the last bytes; but a line
         // that takes none must not hold the program up for longer than they need.
         AwaitSent(line_, sent_);
-        line_.close();
+        CloseLine();
     }
     received_.clear();
+}
+
+void MSComm::CloseLine() {
+    hangUp_.reset();
+    line_.close();
 }
 
 void MSComm::RequireOpen() const {
@@ -122,13 +130,14 @@ bool MSComm::EventDue() const {
 
 void MSComm::OnLineError() {
     if (!open_ || gone_ || !LineIsDead(line_)) return;
-    // A line that hung up reports its error without end, so its handle must go; but not from inside
-    // its own signal. The control stays open for the program, which hears of it at its next output.
+    // A line that hung up wakes the event loop without end, so its handle must go, but not from
+    // inside its own signal. The control stays open for the program, which hears of it at its next
+    // output.
     gone_ = true;
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (gone_ && line_.isOpen()) line_.close();
+            if (gone_ && line_.isOpen()) CloseLine();
         },
         Qt::QueuedConnection);
 }

@@ -5,8 +5,10 @@
 
 #include <QDeadlineTimer>
 #include <QSerialPort>
+#include <QSocketNotifier>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace orbkl4 {
@@ -67,9 +69,11 @@ class MSComm : public QObject, private EventSource {
     void OpenPort();
     void ClosePort();
     void TakeIn();
+    void CloseLine();
     void OnLineError();
 
     QSerialPort line_;
+    std::unique_ptr<QSocketNotifier> hangUp_;  ///< fires while the open line reports a hang-up
     std::int16_t commPort_ = 1;
     std::string settings_ = "9600,n,8,1";
     std::int16_t inputLen_ = 0;

@@ -1,5 +1,8 @@
 #include "platform/system/clock.h"
 
+#include <QDateTime>
+#include <QLocale>
+
 #include <chrono>
 
 namespace orbkl4 {
@@ -47,6 +50,14 @@ std::tm LocalTime() {
     localtime_r(&now, &local);
 #endif
     return local;
+}
+
+std::string LocalDateText() {
+    return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+}
+
+std::string LocalTimeText() {
+    return QLocale::system().toString(QTime::currentTime(), QLocale::ShortFormat).toStdString();
 }
 
 }  // namespace orbkl4

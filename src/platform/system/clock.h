@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <ctime>
+#include <string>
 
 namespace orbkl4 {
 
@@ -25,5 +26,11 @@ std::int64_t MonotonicSeconds();
 
 /// The present local date and time.
 std::tm LocalTime();
+
+/// The present date, in the system's short form.
+std::string LocalDateText();
+
+/// The present time of day, in the system's short form.
+std::string LocalTimeText();
 
 }  // namespace orbkl4

@@ -1,0 +1,294 @@
+#include "cli/cli_test.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <mosquitto.h>
+#include <mutex>
+#include <netinet/in.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
+namespace orbkl4::cli::test {
+namespace {
+
+using namespace std::chrono_literals;
+using orbkl4sim::ContentOf;
+
+constexpr const char* brokerProgram = "/usr/sbin/mosquitto";
+constexpr const char* topic = "orb-kl4/1042/vectors";
+// Two seconds for the farewell, and what a busy machine takes; the keep-alive would take twenty.
+constexpr auto longestEnding = 8s;
+
+/// A port of the loopback that nobody else takes: tests run side by side, each in a process of its
+/// own, and the system gives out none of these by itself.
+int FreePort() {
+    constexpr int first = 20'000;
+    constexpr int count = 12'000;
+    return first + ::getpid() % count;
+}
+
+/// What a subscriber to everything has received.
+class Subscriber {
+  public:
+    struct Message {
+        std::string topic, text;
+        bool retained;
+        bool operator==(const Message&) const = default;
+    };
+
+    Subscriber(int port, const std::string& user, const std::string& password)
+        : client_(mosquitto_new(nullptr, true, this)) {
+        mosquitto_username_pw_set(client_, user.c_str(), password.c_str());
+        mosquitto_connect_callback_set(client_, [](mosquitto* client, void*, int) {
+            mosquitto_subscribe(client, nullptr, "#", 1);
+        });
+        mosquitto_message_callback_set(
+            client_, [](mosquitto*, void* self, const mosquitto_message* message) {
+                static_cast<Subscriber*>(self)->Take(*message);
+            });
+        if (mosquitto_connect(client_, "127.0.0.1", port, 60) != MOSQ_ERR_SUCCESS)
+            throw std::runtime_error("no broker");
+        mosquitto_subscribe_callback_set(client_, [](mosquitto*, void* self, int, int, const int*) {
+            static_cast<Subscriber*>(self)->subscribed_ = true;
+        });
+        mosquitto_loop_start(client_);
+        if (!Comes([this] { return subscribed_.load(); }))
+            throw std::runtime_error("the broker takes no subscription");
+    }
+    ~Subscriber() {
+        mosquitto_disconnect(client_);
+        mosquitto_loop_stop(client_, true);
+        mosquitto_destroy(client_);
+    }
+    Subscriber(const Subscriber&) = delete;
+    Subscriber& operator=(const Subscriber&) = delete;
+
+    /// The messages so far to `subtopic` of the recording.
+    std::vector<Message> To(const std::string& subtopic) const {
+        const std::lock_guard lock(mutex_);
+        std::vector<Message> found;
+        for (const Message& message : messages_)
+            if (message.topic == topic + subtopic) found.push_back(message);
+        return found;
+    }
+
+    std::string LastStatus() const {
+        const auto all = To("/status");
+        return all.empty() ? "" : all.back().text;
+    }
+
+  private:
+    void Take(const mosquitto_message& message) {
+        const std::lock_guard lock(mutex_);
+        messages_.push_back({message.topic,
+                             {static_cast<const char*>(message.payload),
+                              static_cast<std::size_t>(message.payloadlen)},
+                             message.retain});
+    }
+
+    mosquitto* client_;
+    std::atomic<bool> subscribed_ = false;
+    mutable std::mutex mutex_;
+    std::vector<Message> messages_;
+};
+
+class Mqtt : public CliTest {
+  protected:
+    void SetUp() override {
+        if (!std::filesystem::exists(brokerProgram)) GTEST_SKIP() << "no mosquitto here";
+        mosquitto_lib_init();
+        const std::string users = (folder_.Path() / "users").string();
+        QProcess::execute("mosquitto_passwd",
+                          {"-b", "-c", QString::fromStdString(users), "logger", "secret word"});
+        folder_.Write("broker.conf",
+                      "listener " + std::to_string(port_) +
+                          " 127.0.0.1\nlog_dest none\nallow_anonymous false\nuser root\n"
+                          "password_file " +
+                          users + "\n");
+        folder_.Write("password", "secret word\n");
+    }
+    void TearDown() override { StopBroker(); }
+
+    void StartBroker() {
+        broker_ = std::make_unique<QProcess>();
+        broker_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        broker_->start(brokerProgram, {"-c", Path("broker.conf").c_str()});
+        ASSERT_TRUE(Comes([&] { return Listens(); }));
+    }
+    void StopBroker() {
+        if (!broker_) return;
+        broker_->kill();
+        broker_->waitForFinished();
+        broker_.reset();
+    }
+    bool Listens() const {
+        const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        address.sin_port = htons(static_cast<std::uint16_t>(port_));
+        const bool taken =
+            ::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        ::close(socket);
+        return taken;
+    }
+    void SignalBroker(int number) const {
+        ::kill(static_cast<pid_t>(broker_->processId()), number);
+    }
+
+    std::string Path(const char* name) const { return (folder_ / name).string(); }
+
+    Words RecordWords(const Words& more = {}, const std::string& host = "localhost") const {
+        Words words{"record",
+                    "vectors",
+                    "-o",
+                    Path("log"),
+                    "--format",
+                    "jsonl",
+                    "--mqtt",
+                    host + ":" + std::to_string(port_),
+                    "--mqtt-user",
+                    "logger",
+                    "--mqtt-password-file",
+                    Path("password")};
+        words.insert(words.end(), more.begin(), more.end());
+        return words;
+    }
+
+    std::size_t Rows() const {
+        const std::string text = ContentOf(Path("log"));
+        return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    }
+    testing::AssertionResult Grows(std::size_t count = 100) const {
+        return Comes([this, wanted = Rows() + count] { return Rows() >= wanted; });
+    }
+    QJsonObject Beside() const {
+        return QJsonDocument::fromJson(QByteArray::fromStdString(ContentOf(Path("log.json"))))
+            .object();
+    }
+    /// How many samples were "sent" or "dropped".
+    int Counted(const char* fate) const {
+        return Beside()["mqtt"].toObject()[QLatin1String(fate)].toInt();
+    }
+    std::unique_ptr<Subscriber> Subscribe() const {
+        return std::make_unique<Subscriber>(port_, "logger", "secret word");
+    }
+
+    const int port_ = FreePort();
+    std::unique_ptr<QProcess> broker_;
+};
+
+TEST_F(Mqtt, PublishesEachRowWithItsColumnsAndStatus) {
+    Plug(1);
+    StartBroker();
+    const auto early = Subscribe();
+    const Outcome outcome = Run(RecordWords({"--samples", "300"}));
+    EXPECT_EQ(0, outcome.exit) << outcome.err;
+    ASSERT_TRUE(Comes([&] { return early->LastStatus() == "offline"; }));
+    std::string sent;
+    for (const auto& message : early->To("")) {
+        EXPECT_FALSE(message.retained);
+        sent += message.text + "\n";
+    }
+    EXPECT_EQ(ContentOf(Path("log")), sent);
+    const auto status = early->To("/status");
+    ASSERT_GE(status.size(), 2U);
+    EXPECT_EQ("online", status[status.size() - 2].text);
+    EXPECT_EQ(300, Counted("sent"));
+    EXPECT_EQ(0, Counted("dropped"));
+
+    const auto late = Subscribe();
+    ASSERT_TRUE(Comes([&] { return late->To("/meta").size() + late->To("/status").size() == 2; }));
+    EXPECT_EQ("offline", late->LastStatus());
+    const auto meta = QJsonDocument::fromJson(late->To("/meta")[0].text.c_str()).object();
+    EXPECT_TRUE(late->To("/meta")[0].retained);
+    EXPECT_EQ(Beside()["columns"], meta["columns"]);
+    EXPECT_TRUE(late->To("").empty());
+}
+
+TEST_F(Mqtt, SaysOfflineWhereTheLineGoesAndWhereItIsKilled) {
+    orbkl4sim::Simulator& sensor = Plug(1);
+    StartBroker();
+    const auto subscriber = Subscribe();
+    CliProcess process(RecordWords(), Surroundings());
+    ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
+    sensor.Unplug();
+    ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "offline"; }));
+    sensor.Replug();
+    ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
+    ::kill(process.Id(), SIGKILL);
+    EXPECT_TRUE(Comes([&] { return subscriber->LastStatus() == "offline"; })) << "the last will";
+}
+
+TEST_F(Mqtt, RecordsOnWhileTheBrokerIsAwayAndComesBack) {
+    Plug(1, {.baud = 115200});
+    CliProcess process(RecordWords(), Surroundings());
+    ASSERT_TRUE(Grows(1200)) << "away from the start, more samples than may wait";
+    for (int round = 0; round < 2; ++round) {
+        StartBroker();
+        const auto subscriber = Subscribe();
+        EXPECT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
+        EXPECT_TRUE(Comes([&] { return subscriber->To("").size() > 50; }));
+        EXPECT_EQ(1U, subscriber->To("/meta").size());
+        StopBroker();
+        EXPECT_TRUE(Grows()) << "stopped";
+    }
+    ::kill(process.Id(), SIGINT);
+    const auto start = std::chrono::steady_clock::now();
+    const Outcome outcome = process.AwaitEnd();
+    EXPECT_EQ(0, outcome.exit) << outcome.err;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, longestEnding);
+    const auto sent = Counted("sent");
+    const auto dropped = Counted("dropped");
+    EXPECT_GT(dropped, 0);
+    EXPECT_EQ(Rows(), static_cast<std::size_t>(sent + dropped)) << "each is counted once";
+}
+
+TEST_F(Mqtt, IsNotSlowedByAStalledBroker) {
+    Plug(1, {.paced = false});
+    StartBroker();
+    CliProcess process(RecordWords(), Surroundings());
+    const auto first = Subscribe();
+    ASSERT_TRUE(Comes([&] { return first->To("").size() > 20; }));
+    SignalBroker(SIGSTOP);
+    // More than the system takes in for a broker that doesn't read, and than may wait besides.
+    for (int part = 0; part < 12; ++part) ASSERT_TRUE(Grows(2000)) << "stalled";
+    SignalBroker(SIGCONT);
+    const std::size_t received = first->To("").size();
+    EXPECT_TRUE(Comes([&] { return first->To("").size() > received + 50; }));
+    SignalBroker(SIGSTOP);
+    ASSERT_TRUE(Grows(2000)) << "stalled again";
+    ::kill(process.Id(), SIGINT);
+    const auto end = std::chrono::steady_clock::now();
+    EXPECT_EQ(0, process.AwaitEnd().exit);
+    EXPECT_LT(std::chrono::steady_clock::now() - end, longestEnding);
+    SignalBroker(SIGCONT);
+    const auto sent = Counted("sent");
+    const auto dropped = Counted("dropped");
+    EXPECT_GT(dropped, 0) << "more waited than may";
+    EXPECT_EQ(Rows(), static_cast<std::size_t>(sent + dropped)) << "each is counted once";
+}
+
+TEST_F(Mqtt, TellsARefusalAndStillRecords) {
+    Plug(1);
+    StartBroker();
+    folder_.Write("password", "wrong\n");
+    const Outcome refused = Run(RecordWords({"--seconds", "2"}));
+    EXPECT_EQ(0, refused.exit);
+    EXPECT_NE(std::string::npos, refused.err.find("refuses the connection")) << refused.err;
+    EXPECT_EQ(std::string::npos, refused.err.find("wrong")) << "the password isn't shown";
+    const Outcome unknown =
+        Run(RecordWords({"--samples", "20", "--overwrite"}, "no-such-host.invalid"));
+    EXPECT_EQ(0, unknown.exit) << unknown.err;
+    EXPECT_EQ(20U, Rows());
+}
+
+}  // namespace
+}  // namespace orbkl4::cli::test
