@@ -36,7 +36,7 @@ TEST(BadPortText, IsLoggedAndTheProgramGoesOn) {
         program.Choose("Main", "mnuExit");
         EXPECT_EQ(program.Process().AwaitEnd(), 0);
         EXPECT_EQ(stage.ErrorLog(), log);
-        EXPECT_FALSE(fs::exists(stage.DataFiles())) << "the steps behind the error are left out";
+        EXPECT_FALSE(fs::exists(stage.DataFiles())) << "the steps after the error are left out";
     }
 }
 
