@@ -1,4 +1,4 @@
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 
 #include "platform/controls/house_style.h"
 
@@ -8,7 +8,7 @@
 namespace orbkl4 {
 namespace {
 
-TEST(ResizeTracking, KeepsALampBesideACaptionThatGrows) {
+TEST(FontFollowing, KeepsALampBesideACaptionThatGrows) {
     ApplyHouseStyle();
     QGroupBox frame(QStringLiteral("Magnetometer"));
     QWidget lamp(&frame);
