@@ -124,9 +124,12 @@ void MdiFrame::ShowOver(Screen& screen, Qt::WindowFlags flags) {
     const int titleWidth = TitleWidth(screen);
     if (screen.minimumWidth() < titleWidth) screen.setMinimumWidth(titleWidth);
     screen.adjustSize();
+    // Qt leaves a window no more than two thirds of the display, also where that cuts its contents.
+    const QRect area = FreeArea(*this);
+    screen.resize(screen.size().expandedTo(screen.sizeHint()).boundedTo(area.size()));
     QRect place = screen.rect();
     place.moveCenter(geometry().center());
-    screen.move(MovedInto(place, FreeArea(*this)).topLeft());
+    screen.move(MovedInto(place, area).topLeft());
     screen.show();
 }
 

@@ -13,6 +13,20 @@
 
 namespace orbkl4::test {
 
+namespace {
+
+/// Wants more than two thirds of an offscreen display.
+class LargeScreen : public Screen {
+  public:
+    static constexpr QSize wanted{700, 690};
+
+    using Screen::Screen;
+
+    QSize sizeHint() const override { return wanted; }
+};
+
+}  // namespace
+
 class MdiFrameTest : public testing::Test {
   protected:
     MdiFrameTest() {
@@ -82,7 +96,13 @@ TEST(MdiFrame, StartsInsideTheDisplayMaximizedWhereItIsTooLarge) {
 
 TEST_F(MdiFrameTest, DialogsLieOnTheDisplayAndShowTheirWholeTitles) {
     RegisterScreen("Dialog", [] { return new Screen("Dialog", "A title of many words, in full"); });
+    RegisterScreen("Large",
+                   []() -> Screen* { return new LargeScreen("Large", "All of it is seen"); });
     const QRect available = frame.screen()->availableGeometry();
+    ShowModalScreen("Large");
+    EXPECT_EQ(FindScreen("Large")->size(), LargeScreen::wanted.boundedTo(available.size()));
+    EXPECT_TRUE(available.contains(FindScreen("Large")->geometry()));
+    FindScreen("Large")->Unload();
     for (const QPoint corner : {available.bottomRight(), available.topLeft() - QPoint(900, 700)}) {
         frame.move(corner);
         ShowModalScreen("Dialog");
