@@ -62,6 +62,7 @@ int Tour(const Choices& choices, MDIForm1& frame) {
     tour::Guide guide(frame, QDir(choices.pictures));
     if (!frame.MDIForm_Load()) return EXIT_FAILURE;
     ShowScreen("Main");
+    frame.setWindowState(Qt::WindowNoState);
     frame.resize(choices.size);
     frame.show();
     ShowHiddenEntries();

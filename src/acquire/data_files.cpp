@@ -50,6 +50,11 @@ void AskForFile(CommonDialog& dialog) {
     dialog.ShowSave();
 }
 
+void NoteFailure(const RuntimeError& error) {
+    SampleState.FailedFile = AppState.DataFileName;
+    SampleState.FailureText = error.what();
+}
+
 }  // namespace
 
 void CreateDataFile(const Screen& screen, std::string_view kind) {
@@ -59,6 +64,7 @@ void CreateDataFile(const Screen& screen, std::string_view kind) {
         if (dialog == nullptr) return;
         AskForFile(*dialog);
         AppState.DataFileName = dialog->FileName().toStdString();
+        SampleState.RowsOfDataFile = 0;
         const std::vector<std::string> header =
             FileHeader(kind, AppState.VersionText, LocalDateText(), LocalTimeText());
         Channel1().OpenForOutput(AppState.DataFileName);
@@ -67,7 +73,8 @@ void CreateDataFile(const Screen& screen, std::string_view kind) {
         const bool known =
             std::ranges::find(fileKinds, kind, &FileKindRow::text) != fileKinds.end();
         if (!known) channel.Keep();
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        if (error.Number() != ErrorNumber::DialogCancelled) NoteFailure(error);
         return;  // the view looks at the dialog's file name
     }
 }
@@ -77,10 +84,17 @@ void RowWriter::operator()(Side side, std::string_view timeText) const {
     TrapAs(generalModule, RowOf(kind).writer, [&] {
         static std::string row;  // keeps its memory from sample to sample
         FormatFileRow(kind, side, SampleState, timeText, row);
-        Channel1().OpenForAppend(AppState.DataFileName);
-        channel.Opened();
-        Channel1().Print(row);
+        try {
+            Channel1().OpenForAppend(AppState.DataFileName);
+            channel.Opened();
+            Channel1().Print(row);
+        } catch (const RuntimeError& error) {
+            NoteFailure(error);
+            ++SampleState.LostRows;
+            throw;
+        }
         Channel1().Close();
+        ++SampleState.RowsOfDataFile;
     });
 }
 

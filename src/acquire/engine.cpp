@@ -77,6 +77,7 @@ void HandleReply(LiveChannel& channel) {
     NoteReply(channel.lblWarning);
     InputReply(channel);
     if (!HasFrames(AppState.CommandBytes, channel.row.Command())) {
+        ++SampleState.BadReplies;
         const auto beforeResend = channel.row.extras.beforeResend;
         if (beforeResend != nullptr) beforeResend(channel.port);
         RequestNext(channel);
@@ -84,13 +85,21 @@ void HandleReply(LiveChannel& channel) {
     }
     StampSampleTime(SampleState, PerformanceCounter(), AppState.CounterFrequency);
     if (!channel.row.decode()) {
+        ++SampleState.BadReplies;
         RequestNext(channel);
         channel.led.Value(false);
         return;
     }
+    ++SampleState.Samples;
     channel.led.Value(true);
     SaveOrShow(channel);
     RequestNext(channel);
+}
+
+/// A restart by the watchdog goes on counting.
+void TallyStart() {
+    if (!SampleState.Restarting) static_cast<RunTally&>(SampleState) = {};
+    SampleState.Running = true;
 }
 
 /// Sends the command between two requests, with `OnComm` off meanwhile, and discards its reply.
@@ -141,6 +150,7 @@ void ConnectChannel(LiveChannel& channel) {
 
 void StartChannel(LiveChannel& channel) {
     channel.entry.Checked(true);
+    TallyStart();
     Run(channel.display.atStart);
     EnableOthers(channel, false);
     channel.led.Value(false);
@@ -153,6 +163,7 @@ void StartChannel(LiveChannel& channel) {
 }
 
 void StopChannel(LiveChannel& channel) {
+    SampleState.Running = false;
     channel.timer.Enabled(false);
     CloseCommPort(channel.port, channel.screen);
     if (channel.ownFrame != nullptr) channel.ownFrame->setEnabled(false);
@@ -199,6 +210,7 @@ void ToggleSave(const Screen& screen, std::string_view kind) {
 void ReturnToMain(Screen& screen) {
     MousePointer(Pointer::Default);
     SampleState.SaveActive = false;
+    SampleState.Running = false;
     SampleState.LastWrittenTicks = 0;
     screen.Unload();
 }

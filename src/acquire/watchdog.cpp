@@ -22,8 +22,11 @@ void WatchdogTick(Timer& timer, QWidget& lblWarning, bool checked,
     }
     timer.Enabled(false);
     lblWarning.setVisible(true);
+    SampleState.Restarting = true;
     if (checked) click();
     click();
+    SampleState.Restarting = false;
+    ++SampleState.Restarts;
 }
 
 }  // namespace orbkl4

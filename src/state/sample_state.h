@@ -42,8 +42,25 @@ struct Sampling {
     std::int64_t SampleNowCount = 0;    ///< performance counter at the current sample
 };
 
+/// What has happened since the user last started a channel.
+struct RunTally {
+    bool Running = false;         ///< a channel is on
+    std::int64_t Samples = 0;     ///< good replies
+    std::int64_t BadReplies = 0;  ///< replies of wrong length, header, check sum or end
+    std::int64_t Restarts = 0;    ///< by the watchdog
+    std::int64_t LostRows = 0;    ///< samples that could not be written
+    std::string FailedFile;       ///< path (UTF-8) of the file that could not be written, or empty
+    std::string FailureText;      ///< why not
+};
+
+/// Plain counts of how sampling goes, for the status line; they decide nothing.
+struct Tally : RunTally {
+    bool Restarting = false;          ///< the watchdog is stopping and starting the channel
+    std::int64_t RowsOfDataFile = 0;  ///< rows written since the data file was chosen
+};
+
 /// The latest sample and how sampling stands; every screen reads and writes it directly.
-struct SampleStateRecord : Sample, Sampling {};
+struct SampleStateRecord : Sample, Sampling, Tally {};
 
 /// The one record of the process.
 inline SampleStateRecord SampleState;

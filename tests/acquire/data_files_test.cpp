@@ -107,6 +107,7 @@ TEST_F(DataFiles, CancelAndFailureEndSilently) {
         EXPECT_EQ(hand.Count(), 1U);
         EXPECT_EQ(AppState.DataFileName, InFolder("earlier.csv").toStdString());
         EXPECT_TRUE(dialog->FileName().isEmpty());
+        EXPECT_EQ(SampleState.FailureText, "") << "Cancel is no failure";
     }
     QFile kept(InFolder("kept.csv"));
     ASSERT_TRUE(kept.open(QIODevice::WriteOnly));
@@ -123,6 +124,8 @@ TEST_F(DataFiles, CancelAndFailureEndSilently) {
         CreateDataFile(screen, "Vectors");
         EXPECT_EQ(ContentOf(InFolder("kept.csv")), "") << "not half a line";
         EXPECT_EQ(AppState.DataFileName, InFolder("kept.csv").toStdString());
+        EXPECT_EQ(SampleState.FailureText, "Disk full");
+        EXPECT_EQ(SampleState.FailedFile, AppState.DataFileName);
     }
     EXPECT_EQ(boxes.Count(), 2U) << "the dialog's own questions about overwriting alone";
     EXPECT_FALSE(Channel1().IsOpen());
@@ -173,10 +176,13 @@ TEST_F(DataFiles, AFullDiskLosesWholeRowsAndLeavesNoPart) {
                   std::vector<std::string>{"The SimpleErrorHandler sub routine has errored!"})
             << "the channel is still open when the error handler wants it";
         EXPECT_FALSE(Channel1().IsOpen());
+        EXPECT_EQ(SampleState.LostRows, 1);
+        EXPECT_EQ(SampleState.RowsOfDataFile, 2);
     }
     WriteQuaternionsToFile(Side::Gyro, "0");
     EXPECT_EQ(ContentOf(InFolder("full.csv")), row + row + row) << "the next sample tries again";
     EXPECT_EQ(boxes.Count(), 1U);
+    EXPECT_EQ(SampleState.FailureText, "Disk full") << "also when writing works again";
 }
 
 }  // namespace orbkl4::test

@@ -24,9 +24,7 @@ ViewScreen::ViewScreen(const View& view) : Screen(view.name, view.title), view_(
     channels_.reserve(rows.size());  // handlers refer to the elements
     for (const SamplingChannel& row : rows) AddChannel(row, channels_.size());
     ConnectMenu();
-    // Keeps the type of views with few fields as large as that of the others.
-    constexpr QSize least(840, 460);
-    DesignSize(sizeHint().expandedTo(least));
+    DesignSizeOfLayout();
 }
 
 void ViewScreen::BuildLayout() {

@@ -56,6 +56,7 @@ Analog::Analog()
                 .end = [this] { EndWrite(); }} {
     BuildMenu(menuTree);
     BuildLayout();
+    DesignSizeOfLayout();
     connect(cmbFunction_, &ComboBox::Click, this, &Analog::cmbFunction_Click);
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Analog::mnuRead_Click);
     connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Analog::mnuWrite_Click);

@@ -38,6 +38,7 @@ constexpr int secondFrameRows = 12;
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
+constexpr QSize designSize(960, 520);
 
 }  // namespace
 
@@ -62,6 +63,7 @@ void EEPROMmap::BuildLayout() {
     // Most fields are disabled at the level "Standard", and all are during a run.
     KeepReadableDisabled(*fraEEPROMAddresses1_);
     KeepReadableDisabled(*fraEEPROMAddresses_);
+    DesignSize(designSize);
 }
 
 void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn) {

@@ -53,6 +53,7 @@ Gains::Gains()
       timerWrite_(this, "TimerWrite", tickMilliseconds) {
     BuildMenu(menuTree);
     BuildLayout();
+    DesignSizeOfLayout();
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Gains::mnuRead_Click);
     connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Gains::mnuWrite_Click);
     connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Gains::mnuReturn_Click);

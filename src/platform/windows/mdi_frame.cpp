@@ -1,13 +1,16 @@
 #include "platform/windows/mdi_frame.h"
 
 #include "platform/windows/colours.h"
+#include "platform/windows/foot_line.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace orbkl4 {
@@ -16,6 +19,8 @@ namespace {
 
 constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
+constexpr QSize windowBorder(16, 48);  ///< room for what window managers put around a window
+constexpr double usualDpi = 96;
 constexpr double twipsPerInch = 1440;
 
 /// The strip that shows the title of the visible child.
@@ -36,10 +41,34 @@ QLabel* MakeHeading() {
     return heading;
 }
 
+/// How wide a window must be to show its title beside the buttons of its title bar.
+int TitleWidth(const QWidget& window) {
+    constexpr int buttons = 120;
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(window.windowTitle()) + buttons;
+}
+
+/// Where a window's contents may lie on the display that shows `window`.
+QRect FreeArea(const QWidget& window) {
+    const QRect available = window.screen()->availableGeometry();
+    return available.adjusted(windowBorder.width() / 2, windowBorder.height() * 3 / 4,
+                              -windowBorder.width() / 2, -windowBorder.height() / 4);
+}
+
+/// `place`, moved into `area`; its upper left corner stays inside where it is too large.
+QRect MovedInto(QRect place, const QRect& area) {
+    if (place.right() > area.right()) place.moveRight(area.right());
+    if (place.bottom() > area.bottom()) place.moveBottom(area.bottom());
+    if (place.left() < area.left()) place.moveLeft(area.left());
+    if (place.top() < area.top()) place.moveTop(area.top());
+    return place;
+}
+
 }  // namespace
 
 MdiFrame::MdiFrame(const char* name, const char* title)
-    : heading_(MakeHeading()), area_(new QWidget) {
+    : heading_(MakeHeading()), area_(new QWidget), foot_(new FootLine) {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(QString::fromUtf8(title));
     area_->installEventFilter(this);
@@ -49,6 +78,7 @@ MdiFrame::MdiFrame(const char* name, const char* title)
     column->setSpacing(0);
     column->addWidget(heading_);
     column->addWidget(area_, 1);
+    column->addWidget(foot_);
     setCentralWidget(centre);
     setMinimumSize(leastSize);
     resize(startSize);
@@ -91,9 +121,27 @@ void MdiFrame::ShowModeless(Screen& screen) {
 
 void MdiFrame::ShowOver(Screen& screen, Qt::WindowFlags flags) {
     screen.setParent(this, flags);
+    const int titleWidth = TitleWidth(screen);
+    if (screen.minimumWidth() < titleWidth) screen.setMinimumWidth(titleWidth);
     screen.adjustSize();
-    screen.move(geometry().center() - screen.rect().center());
+    // Qt leaves a window no more than two thirds of the display, also where that cuts its contents.
+    const QRect area = FreeArea(*this);
+    screen.resize(screen.size().expandedTo(screen.sizeHint()).boundedTo(area.size()));
+    QRect place = screen.rect();
+    place.moveCenter(geometry().center());
+    screen.move(MovedInto(place, area).topLeft());
     screen.show();
+}
+
+void MdiFrame::Foot(const QString& text, const QString& more) { foot_->Show(text, more); }
+
+void MdiFrame::FitInto(const QRect& available) {
+    const double enlarged = logicalDpiX() / usualDpi;
+    const QSize room = available.size() - windowBorder;
+    setMinimumSize((leastSize * enlarged).boundedTo(room));
+    const QSize usual = startSize * enlarged;
+    resize(usual.boundedTo(room));
+    if (size() != usual) setWindowState(Qt::WindowMaximized);
 }
 
 void MdiFrame::Remove(Screen& screen) {

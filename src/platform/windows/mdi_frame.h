@@ -7,10 +7,11 @@ class QLabel;
 
 namespace orbkl4 {
 
+class FootLine;
 class Screen;
 
 /// The parent window: shows one child screen at a time, filling it, with the child's title in a
-/// heading strip and the child's menus in the menu bar.
+/// heading strip, the child's menus in the menu bar, and a line of text at the foot.
 class MdiFrame : public QMainWindow {
     Q_OBJECT
 
@@ -31,6 +32,13 @@ class MdiFrame : public QMainWindow {
     /// Removes `screen` from the frame and shows the child below it.
     void Remove(Screen& screen);
 
+    /// Shows `text` and, if it isn't empty, `more` at the foot; `text` gives way to `more`.
+    void Foot(const QString& text, const QString& more = {});
+
+    /// Gives the frame, before it is shown, its usual size where a display's free area `available`
+    /// has room for it and its title bar; otherwise it will be maximized.
+    void FitInto(const QRect& available);
+
     /// Makes the frame wider (narrower, below 0) by `twips`, of which 1440 make an inch.
     void ChangeWidth(int twips);
 
@@ -44,6 +52,7 @@ class MdiFrame : public QMainWindow {
 
     QLabel* heading_;
     QWidget* area_;
+    FootLine* foot_;
     QList<Screen*> children_;
 };
 

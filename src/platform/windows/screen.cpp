@@ -21,6 +21,11 @@ Screen::Screen(const char* name, const char* title) : resize_(new ReSize(this)) 
 
 void Screen::DesignSize(QSize size) { resize_->DesignSize(size); }
 
+void Screen::DesignSizeOfLayout() {
+    constexpr QSize least(840, 460);
+    DesignSize(sizeHint().expandedTo(least));
+}
+
 void Screen::Unload() { UnloadScreen(*this); }
 
 MenuEntry& Screen::Menu(const char* name) const {

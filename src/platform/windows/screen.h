@@ -52,6 +52,10 @@ class Screen : public QWidget {
     /// The size for which the layout is made; in a larger window the font grows.
     void DesignSize(QSize size);
 
+    /// Takes the room that the finished layout wants as its design size, but at least as much as
+    /// keeps the type of a screen with few fields as large as that of the others.
+    void DesignSizeOfLayout();
+
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -77,6 +77,8 @@ TEST_F(Sampling, NothingOfARejectedReplyIsShownAndTheNextRequestGoesOut) {
     EXPECT_FALSE(Lit(screen, "LED"));
     EXPECT_EQ(Property(screen, "SlideMag1", "value"), "0");
     EXPECT_EQ(sensor.Received(), Bytes(spoilt.size() + 1, 0x01));
+    EXPECT_EQ(SampleState.BadReplies, static_cast<std::int64_t>(spoilt.size()));
+    EXPECT_EQ(SampleState.Samples, 0);
 }
 
 TEST_F(Sampling, TheLampGoesOutForABadSumAndStaysForAWrongReply) {
@@ -140,6 +142,15 @@ TEST_F(Sampling, TheWatchdogRestartsASilentChannelAndFlushesItsPort) {
         << "the short reply's bytes are gone";
     EXPECT_FALSE(lblWarning.isVisible());
     EXPECT_EQ(Rows(QStringLiteral("a.csv")).size(), 2) << "the same file goes on";
+    EXPECT_EQ(std::tie(SampleState.Restarts, SampleState.Samples, SampleState.RowsOfDataFile),
+              std::tuple(3, 2, 2));
+    Click(screen, "mnuSample");
+    EXPECT_FALSE(SampleState.Running);
+    Click(screen, "mnuSample");
+    EXPECT_TRUE(SampleState.Running);
+    EXPECT_EQ(std::tie(SampleState.Restarts, SampleState.Samples, SampleState.RowsOfDataFile),
+              std::tuple(0, 0, 2))
+        << "a start by hand counts anew, the file goes on";
 }
 
 TEST_F(Sampling, SavingGoesOnAndOff) {

@@ -7,9 +7,25 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
 #include <gtest/gtest.h>
 
 namespace orbkl4::test {
+
+namespace {
+
+/// Wants more than two thirds of an offscreen display.
+class LargeScreen : public Screen {
+  public:
+    static constexpr QSize wanted{700, 690};
+
+    using Screen::Screen;
+
+    QSize sizeHint() const override { return wanted; }
+};
+
+}  // namespace
 
 class MdiFrameTest : public testing::Test {
   protected:
@@ -59,6 +75,57 @@ TEST_F(MdiFrameTest, ScreensFillItAndTheirTypeGrowsWithIt) {
     EXPECT_EQ(lower.width(), 1900);
     EXPECT_GT(lower.font().pointSizeF(), 1.4 * usual);
     EXPECT_EQ(frame.findChild<QLabel*>(QStringLiteral("lblHeading"))->text(), "Below");
+}
+
+TEST(MdiFrame, StartsInsideTheDisplayMaximizedWhereItIsTooLarge) {
+    struct Case {
+        QSize display;
+        QSize size;
+        bool maximized;
+    };
+    ASSERT_EQ(QWidget().logicalDpiX(), 96) << "the sizes grow with the type";
+    for (const Case& row :
+         {Case{{1920, 1080}, {1240, 760}, false}, Case{{1256, 808}, {1240, 760}, false},
+          Case{{1366, 768}, {1240, 720}, true}, Case{{1024, 700}, {1008, 652}, true},
+          Case{{800, 480}, {784, 432}, true}}) {
+        MdiFrame frame("MDIForm1", "Frame");
+        frame.FitInto({QPoint(), row.display});
+        EXPECT_EQ(frame.size(), row.size) << row.display.width();
+        EXPECT_EQ(frame.isMaximized(), row.maximized) << row.display.width();
+    }
+}
+
+TEST_F(MdiFrameTest, DialogsLieOnTheDisplayAndShowTheirWholeTitles) {
+    RegisterScreen("Dialog", [] { return new Screen("Dialog", "A title of many words, in full"); });
+    RegisterScreen("Large",
+                   []() -> Screen* { return new LargeScreen("Large", "All of it is seen"); });
+    const QRect available = frame.screen()->availableGeometry();
+    ShowModalScreen("Large");
+    EXPECT_EQ(FindScreen("Large")->size(), LargeScreen::wanted.boundedTo(available.size()));
+    EXPECT_TRUE(available.contains(FindScreen("Large")->geometry()));
+    FindScreen("Large")->Unload();
+    for (const QPoint corner : {available.bottomRight(), available.topLeft() - QPoint(900, 700)}) {
+        frame.move(corner);
+        ShowModalScreen("Dialog");
+        Screen& dialog = *FindScreen("Dialog");
+        EXPECT_TRUE(available.contains(dialog.geometry())) << corner.x();
+        EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()));
+        dialog.Unload();
+    }
+}
+
+TEST_F(MdiFrameTest, TheFootKeepsWhatIsBeingMarked) {
+    auto* foot = frame.findChild<QLineEdit*>(QStringLiteral("txtStatus"));
+    frame.Foot(QStringLiteral("one"));
+    foot->selectAll();
+    frame.Foot(QStringLiteral("two"));
+    EXPECT_EQ(foot->selectedText(), "one");
+    foot->deselect();
+    frame.Foot(QStringLiteral("three"));
+    EXPECT_EQ(foot->text(), "three");
+    EXPECT_EQ(foot->accessibleName(), "Status");
+    QTest::keyClicks(foot, QStringLiteral("x"));
+    EXPECT_EQ(foot->text(), "three");
 }
 
 TEST_F(MdiFrameTest, AScreenThatIsNotRegisteredIsAnError) {
