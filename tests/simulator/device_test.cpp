@@ -167,20 +167,6 @@ TEST(Device, SelfTestShiftsTheRawWords) {
     EXPECT_EQ(0x8B40, WordAt(ReplyOf(device, {0x01}), 1)) << "power-up ends the self test";
 }
 
-TEST(Device, LimitsWordsToTheirRange) {
-    Device device = Level();
-    device.Memory().SetWord(address::kAccGainScale, 10);  // full scale 0.01 g
-    EXPECT_EQ(0x7FFF, WordAt(ReplyOf(device, {0x03}), 11));
-    device.SetMotion(Rest({180, 0, 0}));
-    EXPECT_EQ(0x8000, WordAt(ReplyOf(device, {0x03}), 11));
-    device.Memory().SetWord(address::kAccGainScale, 0);
-    EXPECT_EQ(0, WordAt(ReplyOf(device, {0x03}), 11));
-    device.SetTemperature(1000);
-    EXPECT_EQ(65535, WordAt(ReplyOf(device, {0x07}), 1));
-    device.SetTemperature(-60);
-    EXPECT_EQ(0, WordAt(ReplyOf(device, {0x07}), 1));
-}
-
 TEST(RequestParser, SkipsOtherBytesAndDropsStalledRequests) {
     RequestParser parser;
     std::vector<Bytes> found;

@@ -78,15 +78,6 @@ TEST_F(LineTest, ALateWakeUpDoesNotDelayTheNextReply) {
     EXPECT_EQ(5ms + 6 * kByte, line.NextDue(5ms));
 }
 
-TEST_F(LineTest, IgnoresTheWrongBaudRate) {
-    for (const int baud : {19200, 115200, -1, 38400, 0}) line.Receive({0xF0}, now, baud);
-    EXPECT_EQ(2U, RunUntil(1s).size());
-    // Halves at different baud rates make no request.
-    line.Receive({0x28, 0x00}, now, 38400);
-    line.Receive({0x2C}, now, 19200);
-    EXPECT_TRUE(RunUntil(2s).empty());
-}
-
 TEST_F(LineTest, ContinuousModeKeepsTheCycle) {
     device.Memory().SetWord(132, 0x0E);
     const auto writes = RunUntil(5 * kCycle);
