@@ -76,7 +76,7 @@ void MemoryBackups::RequireFinished() const {
 }
 
 std::optional<std::string> MemoryBackups::WayBack() const {
-    if (const auto path = FirstUnfinished()) return path;
+    if (auto path = FirstUnfinished()) return path;
     for (const std::string& path : NewestFirst(Paths()))
         if (!Load(path).undone) return path;
     return std::nullopt;
@@ -100,7 +100,7 @@ std::string MemoryBackups::Save(MemoryImage image) const {
         const QString newest = QFileInfo(QString::fromStdString(paths.back())).fileName();
         time = std::max(time, TimeOf(newest).addMSecs(1));
     }
-    const std::string path =
+    std::string path =
         folder_ + "/" + std::to_string(serialNumber_) + "-" + TextOf(time) + ending.data();
     image.unfinished = true;
     MakeFolders(folder_);

@@ -35,8 +35,8 @@ QJsonObject Described(const WordResult& result) {
 }
 
 template <typename Rows>
-Table TableOf(const Rows& rows, std::vector<Cell> heading) {
-    Table table{.heading = rows.empty() ? std::vector<Cell>() : std::move(heading), .rows = {}};
+Table TableOf(const Rows& rows, const std::vector<Cell>& heading) {
+    Table table{.heading = rows.empty() ? std::vector<Cell>() : heading, .rows = {}};
     for (const auto& row : rows) table.rows.push_back(RowFor(row));
     return table;
 }

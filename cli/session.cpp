@@ -15,9 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto replyTime = 1s;
-// Longer than an adapter holds bytes back, so that a pause means that the reply has ended.
-constexpr auto quietTime = 50ms;
+constexpr std::chrono::milliseconds replyTime = 1s;
 constexpr auto longestNoise = 200ms;
 
 }  // namespace
@@ -47,12 +45,17 @@ Reply Session::Ask(const Bytes& request) {
 Bytes Session::Exchange(const Bytes& request) {
     constexpr int tries = 3;
     bool answered = false;
+    bool lost = false;
     for (int attempt = 0; attempt < tries; ++attempt) {
         Reply reply = Ask(request);
-        // A reply that comes late must not be taken for that to the next request.
-        if (attempt > 0 || reply.kind != Reply::Kind::Good) AwaitQuiet();
-        if (reply.kind == Reply::Kind::Good) return std::move(reply.bytes);
-        answered = answered || reply.kind == Reply::Kind::Bad;
+        if (reply.kind == Reply::Kind::Good) {
+            // A reply that was missed may come as late again, and must not be taken for that to the
+            // next request.
+            if (attempt > 0) AwaitQuiet(lost ? replyTime : quietTime);
+            return std::move(reply.bytes);
+        }
+        AwaitQuiet(quietTime);
+        (reply.kind == Reply::Kind::Bad ? answered : lost) = true;
     }
     const std::string sensor =
         "sensor " + std::to_string(SerialNumber()) + " on " + SerialLine().Name();
@@ -102,10 +105,10 @@ Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScal
     return reply;
 }
 
-void Session::AwaitQuiet() {
-    const auto end = Clock::now() + longestNoise;
+void Session::AwaitQuiet(std::chrono::milliseconds quiet) {
+    const auto end = Clock::now() + std::max(longestNoise, quiet);
     Bytes dropped;
-    while (SerialLine().Receive(dropped, std::min(end, Clock::now() + quietTime)) &&
+    while (SerialLine().Receive(dropped, std::min(end, Clock::now() + quiet)) &&
            Clock::now() < end) {
     }
 }

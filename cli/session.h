@@ -63,9 +63,13 @@ class Session {
     /// Has the sensor answer requests only: writes 0 for its continuous mode.
     void StopContinuousMode() { WriteWord(eeprom::continuousMode, 0); }
 
-    /// Drops what comes until nothing has for a while, so that a reply that comes late isn't taken
-    /// for that to the next request; a sensor in continuous mode is never quiet.
-    void AwaitQuiet();
+    /// Longer than an adapter holds bytes back, so that a pause means that the reply has ended.
+    static constexpr std::chrono::milliseconds quietTime{50};
+
+    /// Drops what comes until nothing has for `quiet`, so that a reply that comes late isn't taken
+    /// for that to the next request; ends after the longer of `quiet` and 200 ms, as a sensor in
+    /// continuous mode is never quiet.
+    void AwaitQuiet(std::chrono::milliseconds quiet = quietTime);
 
   private:
     FoundSensor sensor_;

@@ -4,6 +4,8 @@
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
   libcli11-dev libmosquitto-dev fonts-dejavu-core"
 test_packages="libgtest-dev mosquitto scdoc"
+package_packages="qt6-svg-dev scdoc dpkg-dev"
+package_check_packages="desktop-file-utils appstream lintian"
 lint_packages="clang-format clang-tidy clang-tools clang libclang-rt-dev"
 
 # logged FILE COMMAND...: keeps in the file what the command prints, and shows its end on failure.

@@ -215,7 +215,7 @@ ExitCode Undo(const Context& context, const ChangeOptions& options) {
 }
 
 std::shared_ptr<ChangeOptions> AddChangeOptions(CLI::App& app) {
-    const auto options = std::make_shared<ChangeOptions>();
+    auto options = std::make_shared<ChangeOptions>();
     app.add_flag("-y,--yes", options->yes, "Write without asking");
     app.add_flag("-n,--dry-run", options->dryRun, "Only show what would change");
     return options;

@@ -7,10 +7,23 @@
 #include "link/stored_line.h"
 #include "platform/system/clock.h"
 #include "platform/system/folders.h"
+#include "settings/time_tick_table_file.h"
 #include "state/app_state.h"
 #include "state/sample_state.h"
 
+#include <QFile>
+
 namespace orbkl4 {
+
+namespace {
+
+/// Gives a new folder for logs the Time Tick Table of the installation, if there is one.
+void CopyInstalledTable() {
+    QFile::copy(InstalledFile(QStringLiteral("orb-kl4-workbench/TimeTickTable.txt")),
+                TimeTickTablePath());
+}
+
+}  // namespace
 
 void StartUp() {
     AppState.CounterFrequency = PerformanceFrequency();
@@ -24,8 +37,9 @@ void StartUp() {
 
 void TestForFileFolders() {
     TrapAs(generalModule, "TestForFileFolders", [] {
+        MakeWorkFolder();
         MakeFolder(DataFilesFolder());
-        MakeFolder(LogsFolder());
+        if (MakeFolder(LogsFolder())) CopyInstalledTable();
     });
 }
 

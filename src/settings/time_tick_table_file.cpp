@@ -7,8 +7,10 @@
 
 namespace orbkl4 {
 
+QString TimeTickTablePath() { return LogsFolder() + QStringLiteral("/TimeTickTable.txt"); }
+
 TickTableVerdict LoadTimeTickTable(TickTableRows& rows) {
-    const QString path = LogsFolder() + QStringLiteral("/TimeTickTable.txt");
+    const QString path = TimeTickTablePath();
     if (!QFileInfo(path).isFile()) return TickTableVerdict::NotFound;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return TickTableVerdict::LoadingFailed;

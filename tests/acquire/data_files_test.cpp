@@ -90,6 +90,14 @@ TEST_F(DataFiles, AFileBeginsWithItsHead) {
     EXPECT_TRUE(lines[5].isEmpty());
 }
 
+TEST_F(DataFiles, OfAnUnknownKindHaveNoColumnNamesAndStayOpen) {
+    const FileDialogAnswerer hand({QStringLiteral("other")});
+    CreateDataFile(screen, "Other");
+    EXPECT_TRUE(Channel1().IsOpen());
+    EXPECT_EQ(ContentOf(InFolder("other.csv")).count("\r\n"), 4);
+    Channel1().Close();
+}
+
 TEST_F(DataFiles, CancelAndFailureEndSilently) {
     Use(InFolder("earlier.csv"));
     const BoxAnswerer boxes;

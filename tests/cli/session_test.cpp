@@ -7,8 +7,12 @@
 #include <chrono>
 #include <csignal>
 #include <grp.h>
+#include <optional>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <thread>
+#include <utility>
 
 namespace orbkl4::cli::test {
 namespace {
@@ -99,6 +103,20 @@ TEST_F(Info, GetsOverFaultsOfTheLine) {
     }
 }
 
+TEST_F(Info, TakesNoLateReplyForThatToTheNextRequest) {
+    // The sensor is slower once than any request waits, so that it is asked again and replies
+    // twice.
+    bool late = false;
+    Plug(1).FilterReplies([&](const Bytes& request, const Bytes& reply) {
+        if (request[0] == 0x28 && !std::exchange(late, true)) std::this_thread::sleep_for(1050ms);
+        return std::optional(reply);
+    });
+    const QJsonObject scales = Run({"info", "--json", "--port=1"}).Json()["gainScales"].toObject();
+    EXPECT_EQ(8727, scales["gyro"].toInt());
+    EXPECT_EQ(5000, scales["accelerometer"].toInt());
+    EXPECT_EQ(2500, scales["magnetometer"].toInt());
+}
+
 TEST_F(Ports, ListsAndAsksAllSixteen) {
     Simulator& sensor = Plug(3, {.baud = 19200});
     const std::string device = sensor.DevicePath().string();
@@ -162,11 +180,14 @@ TEST_F(Ports, NamesTheProgramThatHoldsALine) {
     EXPECT_NE(std::string::npos, port["remedy"].toString().toStdString().find(name));
 }
 
-TEST_F(Ports, HeedsTheExclusiveMarkOfOthers) {
+TEST_F(Ports, HeedsTheExclusiveMarkAndTheLockOfOthers) {
     const orbkl4sim::HostLine host(Plug(1).DevicePath());
     ASSERT_EQ(0, ioctl(host.Descriptor(), TIOCEXCL));
     EXPECT_EQ("busy", Run({"info", "--json", "--port", "1"}).Error());
     EXPECT_EQ("no-line", Run({"info", "--json"}).Error()) << "none is free";
+    ASSERT_EQ(0, ioctl(host.Descriptor(), TIOCNXCL));
+    ASSERT_EQ(0, flock(host.Descriptor(), LOCK_EX));
+    EXPECT_EQ("busy", Run({"info", "--json", "--port", "1"}).Error());
 }
 
 TEST_F(Choice, TakesTheSensorMeantAndLeavesOthersAlone) {

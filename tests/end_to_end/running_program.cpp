@@ -52,7 +52,8 @@ RunningProgram::RunningProgram(const Stage& stage)
                 {"QT_QPA_GENERIC_PLUGINS", "driver"},
                 {"HOME", stage.Root()},
                 {"XDG_RUNTIME_DIR", stage.Root()},
-                {"XDG_CONFIG_HOME", stage.Config()}}) {}
+                {"XDG_CONFIG_HOME", stage.Config()},
+                {"XDG_DATA_HOME", stage.UserData()}}) {}
 
 std::vector<std::string> RunningProgram::Run(const std::vector<std::string>& words) {
     process_.Write(MessageOf(words));

@@ -29,7 +29,7 @@ class SamplingTest : public testing::Test {
     testing::AssertionResult Grows(const std::string& name, std::size_t bytes = 500) const;
 
     /// The rows of the data file `name` after its head; throws std::runtime_error unless each is a
-    /// time and ten words from 0 to 65535, ended by CR LF.
+    /// time and ten words, ended by CR LF.
     Rows ReadRows(const std::string& name) const;
 
     Stage stage;

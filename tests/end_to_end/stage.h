@@ -17,6 +17,7 @@ class Stage {
     std::filesystem::path DataFiles() const { return Root() / "program" / "Data Files"; }
     std::filesystem::path Logs() const { return Root() / "program" / "Logs"; }
     std::filesystem::path Config() const { return Root() / "config"; }
+    std::filesystem::path UserData() const { return Root() / "data"; }
     std::filesystem::path PluginFolder() const { return Root() / "plugins"; }
 
     /// The settings store.

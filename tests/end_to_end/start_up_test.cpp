@@ -36,7 +36,7 @@ TEST(BadPortText, IsLoggedAndTheProgramGoesOn) {
         program.Choose("Main", "mnuExit");
         EXPECT_EQ(program.Process().AwaitEnd(), 0);
         EXPECT_EQ(stage.ErrorLog(), log);
-        EXPECT_FALSE(fs::exists(stage.DataFiles())) << "the steps behind the error are left out";
+        EXPECT_FALSE(fs::exists(stage.DataFiles())) << "the steps after the error are left out";
     }
 }
 
@@ -53,24 +53,28 @@ TEST(BadPortText, OnTheVeryFirstStartHasNoLogToGoTo) {
 
 TEST(StartUp, ReportsAFolderThatCannotBeMade) {
     const Stage stage;
-    const fs::path folder = stage.Program().parent_path();
-    fs::create_directory(stage.Logs());
-    std::string log;
-    const auto start = [&](const std::string& number, const std::string& text) {
+    const auto start = [&](const fs::path& folder, const std::string& number,
+                           const std::string& text) {
+        fs::create_directories(folder / "Logs");
         const Reported error{number, "TestForFileFolders", "General",
-                             text + ": " + stage.DataFiles().string()};
+                             text + ": " + (folder / "Data Files").string()};
         RunningProgram program(stage);
         EXPECT_EQ(program.AwaitBox(), error.Box());
-        EXPECT_EQ(stage.ErrorLog(), log += error.Record());
+        EXPECT_EQ(WithDatesMasked(ContentOf(folder / "Logs" / "error.log")), error.Record());
         program.Answer("Retry");
         program.AwaitScreen("Main");
     };
+    const fs::path beside = stage.Program().parent_path();
     std::ofstream(stage.DataFiles()).close();  // a file in its place
-    start("76", "Path not found");
-    fs::remove(stage.DataFiles());
-    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
-    start("70", "Permission denied");
-    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::add);
+    start(beside, "76", "Path not found");
+
+    const fs::path own = stage.UserData() / "Kestrelmoor" / "ORB-KL4-RS232";
+    fs::create_directories(own / "Logs");
+    for (const fs::path& folder : {beside, own})
+        fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+    start(own, "70", "Permission denied");
+    for (const fs::path& folder : {beside, own})
+        fs::permissions(folder, fs::perms::owner_write, fs::perm_options::add);
 }
 
 TEST(StartUp, EndsAfterItsLastMessageOnCancel) {

@@ -4,7 +4,7 @@
 namespace orbkl4::test {
 namespace {
 
-// What the view's fields show, in the order of the file's columns behind the time.
+// What the view's fields show, in the order of the file's columns after the time.
 constexpr const char* fields[] = {"txtRawMag1",     "txtRawMag2",     "txtRawMag3",
                                   "txtRawAcc1",     "txtRawAcc2",     "txtRawAcc3",
                                   "txtRawAngRate1", "txtRawAngRate2", "txtRawAngRate3"};
@@ -91,7 +91,7 @@ TEST_F(SamplingTest, ConnectsWatchesSavesAndExits) {
 
     program.Choose("SensorBits", "mnuSample");
     ASSERT_TRUE(Grows("my log.csv"));
-    // While a view is open its menu stands in the frame, and the main menu's entries are out of
+    // While a view is open the frame shows its menu, and the main menu's entries are out of
     // reach.
     EXPECT_THROW(program.Choose("Main", "mnuExit"), std::runtime_error);
     program.Choose("SensorBits", "mnuReturn");

@@ -59,6 +59,9 @@ TEST(GyroBias, CaptureRemovesItUntilPowerOff) {
     EXPECT_EQ((Bytes{0x06, 0x00, 40, 0x00, 46}), answer->reply);
     EXPECT_LT(rate(0x02), 0.01);
     EXPECT_LT(rate(0x03), 0.01);
+    device.Memory().SetWord(address::kCaptureBiasSamples, 0);
+    EXPECT_EQ(0s, device.Handle({0x06}, 0s)->ready);
+    EXPECT_LT(rate(0x03), 0.01) << "no samples, no new bias";
     device.PowerUp(1s);
     EXPECT_NEAR(0.0269, rate(0x03), 0.01);
 }

@@ -3,11 +3,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-
-#include <utility>
 
 namespace orbkl4::test {
 
@@ -36,6 +33,7 @@ void FileDialogAnswerer::Look() {
     const QString name = count_ <= names_.size() ? names_[count_ - 1] : QString();
     if (name.isEmpty()) return dialog->reject();
     dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+    if (look_) look_(*dialog);
     QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace orbkl4::test {
@@ -15,6 +18,9 @@ class FileDialogAnswerer {
     /// Types `names` in turn and saves; an empty one, or none left, cancels. The question whether
     /// to overwrite a file is answered with yes or, if not `overwrites`, with no and then Cancel.
     explicit FileDialogAnswerer(std::vector<QString> names, bool overwrites = true);
+
+    /// Calls `look` with each dialog once a name is typed, before it is saved.
+    void BeforeSave(std::function<void(QFileDialog&)> look) { look_ = std::move(look); }
 
     /// The number of dialogs answered so far.
     std::size_t Count() const { return count_; }
@@ -31,6 +37,7 @@ class FileDialogAnswerer {
     std::size_t count_ = 0;
     QString folder_;
     QString filter_;
+    std::function<void(QFileDialog&)> look_;
     QPointer<QWidget> current_;
     QTimer timer_;
 };

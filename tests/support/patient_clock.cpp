@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -13,10 +14,11 @@ std::atomic<std::int32_t> milliseconds = 0;
 
 }  // namespace
 
-PatientClock::PatientClock()
-    : thread_([](const std::stop_token& stopped) {
+PatientClock::PatientClock(std::function<void()> sensor)
+    : thread_([sensor = std::move(sensor)](const std::stop_token& stopped) {
           for (; !stopped.stop_requested(); ++milliseconds) {
               std::this_thread::sleep_for(std::chrono::milliseconds(1));
+              sensor();
           }
       }) {
     ReplaceTickCount([] { return milliseconds.load(); });

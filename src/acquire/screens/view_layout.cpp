@@ -5,7 +5,7 @@
 #include "platform/controls/cw_slide.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

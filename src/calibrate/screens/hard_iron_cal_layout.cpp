@@ -4,7 +4,7 @@
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -19,23 +19,30 @@ QRectF Square(const QRectF& box) {
     return square;
 }
 
+/// The part of the ball between the heights `top` and `bottom`. A path instead of a clip, which the
+/// writers of vector graphics leave out.
+QPainterPath BallBetween(double top, double bottom) {
+    QPainterPath ball;
+    ball.addEllipse(QPointF(), 0.8, 0.8);
+    QPainterPath band;
+    band.addRect(QRectF(QPointF(-1, top), QPointF(1, bottom)));
+    return ball.intersected(band);
+}
+
 /// Sky and ground, tilted as in a turn, in the unit circle.
 void PaintBall(QPainter& painter) {
     constexpr double bankDegrees = -18;
-    QPainterPath ball;
-    ball.addEllipse(QPointF(), 0.8, 0.8);
     painter.save();
-    painter.setClipPath(ball);
     painter.rotate(bankDegrees);
     QLinearGradient sky(0, -0.8, 0, 0);
     sky.setColorAt(0, QColor(0x1B, 0x62, 0xA8));
     sky.setColorAt(1, QColor(0x6F, 0xB7, 0xEA));
-    painter.fillRect(QRectF(-1, -1, 2, 1.1), sky);
+    painter.fillPath(BallBetween(-1, 0.1), sky);
     QLinearGradient ground(0, 0, 0, 0.9);
     ground.setColorAt(0, QColor(0xA8, 0x6A, 0x2C));
     ground.setColorAt(1, QColor(0x5B, 0x36, 0x14));
-    painter.fillRect(QRectF(-1, 0.1, 2, 1), ground);
-    painter.fillRect(QRectF(-1, 0.08, 2, 0.05), Qt::white);
+    painter.fillPath(BallBetween(0.1, 1), ground);
+    painter.fillPath(BallBetween(0.08, 0.13), Qt::white);
     painter.setPen(QPen(QColor(255, 255, 255, 200), 0.035, Qt::SolidLine, Qt::RoundCap));
     for (const double y : {-0.14, -0.36, 0.34}) {
         const double half = y == -0.36 ? 0.26 : 0.16;

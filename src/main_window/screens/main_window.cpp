@@ -103,6 +103,15 @@ constexpr auto openTable = std::to_array<OpenRow>({
 
 constexpr const char* helpFile = "ORB-KL4 Version 204 Help.pdf";
 
+/// The help beside the program, else where an installation keeps it.
+QString HelpPath() {
+    const QString name = QLatin1String(helpFile);
+    const QString beside = ProgramFolder() + QLatin1Char('/') + name;
+    return QFileInfo::exists(beside)
+               ? beside
+               : InstalledFile(QStringLiteral("doc/orb-kl4-workbench/") + name);
+}
+
 QLabel* MakeCaption(QWidget* screen, const char* name, const char* text, double growth) {
     QLabel* label = MakeLabel(screen, name, text);
     label->setAlignment(Qt::AlignCenter);
@@ -180,11 +189,12 @@ void Main::mnuHardIronCal_Click() {
 
 void Main::mnuHelpHelp_Click() {
     Trap("mnuHelpHelp_Click", [] {
-        const QString path = ProgramFolder() + QLatin1Char('/') + QLatin1String(helpFile);
-        if (QFileInfo::exists(path)) {
-            OpenDocument(path);
-        } else {
+        const QString path = HelpPath();
+        if (!QFileInfo::exists(path)) {
             ShowMessage(std::string(helpFile) + " missing from application path!");
+        } else if (!OpenDocument(path)) {
+            ShowMessage("No program here opens PDF files. The help is the file " +
+                        path.toStdString());
         }
     });
 }

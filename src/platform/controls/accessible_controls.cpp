@@ -4,7 +4,6 @@
 #include "platform/controls/cw_graph.h"
 #include "platform/controls/cw_knob.h"
 #include "platform/controls/cw_slide.h"
-#include "platform/controls/text_field.h"
 
 #include <QAccessibleValueInterface>
 #include <QAccessibleWidget>
@@ -13,22 +12,20 @@ namespace orbkl4 {
 
 namespace {
 
-/// A painted control as assistive technology sees it; its state is read from its Qt properties.
+/// A painted control as assistive technology sees it, read from its Qt properties.
 class AccessibleControl final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     AccessibleControl(QWidget* control, QAccessible::Role role)
         : QAccessibleWidget(control, role) {}
 
     QString text(QAccessible::Text kind) const override {
-        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
-        const QVariant text = object()->property("text");
-        return text.isValid() ? text.toString() : currentValue().toString();
+        return kind == QAccessible::Value ? currentValue().toString()
+                                          : QAccessibleWidget::text(kind);
     }
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.readOnly = !IsSettable();
-        state.selectableText = role() == QAccessible::StaticText;
         return state;
     }
 
@@ -55,20 +52,16 @@ class AccessibleControl final : public QAccessibleWidget, public QAccessibleValu
 };
 
 QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
-    if (auto* field = qobject_cast<TextField*>(object)) {
-        return new AccessibleControl(field, QAccessible::StaticText);
-    }
-    if (auto* slide = qobject_cast<CWSlide*>(object)) {
-        return new AccessibleControl(slide, QAccessible::Slider);
-    }
-    if (auto* knob = qobject_cast<CWKnob*>(object)) {
-        return new AccessibleControl(knob, QAccessible::Dial);
-    }
-    if (auto* lamp = qobject_cast<CWButton*>(object)) {
-        return new AccessibleControl(lamp, QAccessible::Indicator);
-    }
-    if (auto* graph = qobject_cast<CWGraph*>(object)) {
-        return new AccessibleControl(graph, QAccessible::Chart);
+    struct Kind {
+        const QMetaObject& type;
+        QAccessible::Role role;
+    };
+    for (const auto& [type, role] : {Kind{CWSlide::staticMetaObject, QAccessible::Slider},
+                                     Kind{CWKnob::staticMetaObject, QAccessible::Dial},
+                                     Kind{CWButton::staticMetaObject, QAccessible::Indicator},
+                                     Kind{CWGraph::staticMetaObject, QAccessible::Chart}}) {
+        QObject* control = type.cast(object);
+        if (control != nullptr) return new AccessibleControl(static_cast<QWidget*>(control), role);
     }
     return nullptr;
 }

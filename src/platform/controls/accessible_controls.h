@@ -2,8 +2,8 @@
 
 namespace orbkl4 {
 
-/// Lets assistive technology read (and, where a person may set it, set) the text or value of the
-/// painted controls; a second call changes nothing.
+/// Lets assistive technology read the value of the painted controls, and set it where the user can;
+/// a second call changes nothing.
 void InstallAccessibleControls();
 
 }  // namespace orbkl4

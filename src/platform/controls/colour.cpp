@@ -1,14 +1,17 @@
 #include "platform/controls/colour.h"
 
-#include <QGuiApplication>
 #include <QPalette>
+#include <QWidget>
 
 namespace orbkl4 {
 
-QColor Colour(std::uint32_t bgr) {
-    if (bgr == windowBackground) return QGuiApplication::palette().color(QPalette::Base);
+void SetBackground(QWidget& field, std::uint32_t bgr) {
+    QPalette palette;
     const auto channel = [bgr](unsigned shift) { return static_cast<int>((bgr >> shift) & 0xFFU); };
-    return {channel(0), channel(8), channel(16)};
+    if (bgr != windowBackground) {
+        palette.setColor(QPalette::Base, QColor(channel(0), channel(8), channel(16)));
+    }
+    field.setPalette(palette);
 }
 
 }  // namespace orbkl4

@@ -10,12 +10,12 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setPlaceholderText(QStringLiteral(" "));  // without one, Qt would choose the first row added
     connect(this, &QComboBox::currentIndexChanged, this, [this] {
-        told_ = true;
+        clicked_ = true;
         Q_EMIT Click();
     });
     connect(this, &QComboBox::activated, this, [this] {
-        if (!told_) Q_EMIT Click();
-        told_ = false;
+        if (!clicked_) Q_EMIT Click();
+        clicked_ = false;
     });
 }
 
@@ -29,21 +29,21 @@ void ComboBox::ListIndex(int row) {
 }
 
 void ComboBox::showPopup() {
-    told_ = false;
+    clicked_ = false;
     QComboBox::showPopup();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event) {
-    told_ = false;
+    clicked_ = false;
     QComboBox::keyPressEvent(event);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event) {
-    told_ = false;
+    clicked_ = false;
     if (hasFocus()) {
         QComboBox::wheelEvent(event);
     } else {
-        event->ignore();  // scrolls what the list stands in, instead of changing it unseen
+        event->ignore();  // for what the list is in, which may scroll
     }
 }
 

@@ -4,8 +4,8 @@
 
 namespace orbkl4 {
 
-/// A drop-down list that starts with no row chosen and raises `Click` whenever a row is set by code
-/// or chosen by hand, also the row that stands already.
+/// A drop-down list. It starts without a choice and raises `Click` whenever code sets or the user
+/// chooses a row, even the row that is chosen already.
 class ComboBox : public QComboBox {
     Q_OBJECT
 
@@ -13,13 +13,13 @@ class ComboBox : public QComboBox {
     /// An empty list.
     explicit ComboBox(QWidget* parent = nullptr);
 
-    /// Appends a row; the choice stays as it is.
+    /// Appends a row without changing the choice.
     void AddItem(const QString& text) { addItem(text); }
 
     /// The chosen row from 0, or -1 for none.
     int ListIndex() const { return currentIndex(); }
 
-    /// Chooses the row `row` from 0, or none by -1; error 380 where there is no such row.
+    /// Chooses the row `row` (from 0), or none with -1; error 380 if there is no such row.
     void ListIndex(int row);
 
     /// The text of the chosen row, empty for none.
@@ -28,7 +28,7 @@ class ComboBox : public QComboBox {
     void showPopup() override;
 
   Q_SIGNALS:
-    /// A row has been set by code or chosen by hand.
+    /// Code has set a row, or the user has chosen one.
     void Click();
 
   protected:
@@ -36,7 +36,7 @@ class ComboBox : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    bool told_ = false;  ///< the choice now being made by hand has raised `Click` already
+    bool clicked_ = false;  ///< the choice that the user is making has raised `Click` already
 };
 
 }  // namespace orbkl4

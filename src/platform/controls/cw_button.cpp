@@ -1,7 +1,6 @@
 #include "platform/controls/cw_button.h"
 
 #include <QPainter>
-#include <QPixmapCache>
 #include <QRadialGradient>
 
 #include <algorithm>
@@ -13,7 +12,7 @@ namespace {
 constexpr int diameter = 22;
 
 struct Glass {
-    QColor core;  ///< where the light shines through
+    QColor core;  ///< colour of the middle
     QColor rim;
 };
 
@@ -69,22 +68,11 @@ void CWButton::Value(bool lit) {
 QSize CWButton::sizeHint() const { return {diameter, diameter}; }
 
 void CWButton::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    const qreal ratio = painter.device()->devicePixelRatioF();
     const int side = std::min(width(), height());
-    const int look = (value_ ? 2 : 0) + (isEnabled() ? 1 : 0);
-    const QString key = QStringLiteral("orbkl4-lamp-%1-%2-%3").arg(side).arg(ratio).arg(look);
-    QPixmap lamp;
-    if (!QPixmapCache::find(key, &lamp)) {
-        lamp = QPixmap((QSizeF(side, side) * ratio).toSize());
-        lamp.setDevicePixelRatio(ratio);
-        lamp.fill(Qt::transparent);
-        QPainter onLamp(&lamp);
-        onLamp.setRenderHint(QPainter::Antialiasing);
-        PaintLamp(onLamp, side, value_, isEnabled());
-        QPixmapCache::insert(key, lamp);
-    }
-    painter.drawPixmap(QPointF((width() - side) / 2.0, (height() - side) / 2.0), lamp);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate((width() - side) / 2.0, (height() - side) / 2.0);
+    PaintLamp(painter, side, value_, isEnabled());
 }
 
 }  // namespace orbkl4

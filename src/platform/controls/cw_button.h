@@ -18,13 +18,13 @@ class CWButton : public QWidget {
     /// Whether the lamp is lit.
     bool Value() const { return value_; }
 
-    /// Lights the lamp or puts it out, and raises `ValueChanged` if that differs.
+    /// Lights the lamp or turns it off, and raises `ValueChanged` if that is a change.
     void Value(bool lit);
 
     QSize sizeHint() const override;
 
   Q_SIGNALS:
-    /// The lamp has come on or gone out.
+    /// The lamp has been lit or turned off.
     void ValueChanged(bool lit);
 
   protected:

@@ -11,7 +11,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int frameMilliseconds = 17;  // just below 60 drawings a second
+constexpr int frameMilliseconds = 17;  // just under 60 drawings a second
 
 constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
 constexpr std::array plotColours{colours::accent, QColor(0xC8, 0x4B, 0x11),
@@ -53,12 +53,8 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 void CWGraph::AddPlot(std::size_t plot) {
     QCPGraph* graph = addGraph();
     const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size());
-    graph->setPen(QPen(colour, 1, LineStyle(plot)));
+    graph->setPen(QPen(colour, 1, lineStyles.at(plot % lineStyles.size())));
     graph->removeFromLegend();
-}
-
-Qt::PenStyle CWGraph::LineStyle(std::size_t plot) {
-    return lineStyles.at(plot % lineStyles.size());
 }
 
 void CWGraph::AxisX(const QString& title, double minimum, double maximum) {

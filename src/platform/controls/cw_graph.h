@@ -9,16 +9,16 @@
 
 namespace orbkl4 {
 
-/// A strip chart of several plots over the number of reads: it keeps and shows the last window of
-/// them, and draws at most 60 times a second.
+/// A strip chart of several plots over the number of reads. It keeps and shows the last reads only,
+/// as many as its window has room for, and draws at most 60 times a second.
 class CWGraph : public QCustomPlot {
     Q_OBJECT
     Q_PROPERTY(int pointCount READ PointCount)
     Q_PROPERTY(int readCount READ ReadCount)
 
   public:
-    /// An empty graph of `plots` plots with a window of 200 reads; its plots take turns at solid,
-    /// dashed and dotted lines, each three of one colour.
+    /// An empty graph of `plots` plots with a window of 200 reads. Their lines are solid, dashed
+    /// and dotted in turn; every three plots share a colour.
     explicit CWGraph(std::size_t plots, QWidget* parent = nullptr);
 
     /// Titles the X axis and sets its range; the width of the range is the window, in reads.
@@ -27,23 +27,19 @@ class CWGraph : public QCustomPlot {
     /// Titles the Y axis and sets its range.
     void AxisY(const QString& title, double minimum, double maximum);
 
-    /// Names plot `plot` (from 0) in the legend, which is shown once a plot has a name.
+    /// Names plot `plot` (from 0) in the legend, which appears with the first name.
     void PlotName(std::size_t plot, const QString& name);
 
-    /// The pen style of plot `plot` (from 0).
-    static Qt::PenStyle LineStyle(std::size_t plot);
-
-    /// Appends one point to each plot, one read after the last; error 9 where there is not one
-    /// value for each.
+    /// Appends one read: a point to each plot. Error 9 unless there is one value for each plot.
     void Append(std::span<const double> values);
 
-    /// Drops all points; the next one stands at read 0 and the X axis where it was set.
+    /// Drops all points; the next one is at read 0, and the X axis back in its own range.
     void Clear();
 
-    /// The points that each plot holds, at most those of the window.
+    /// The number of points in each plot, at most the window.
     int PointCount() const { return static_cast<int>(filled_); }
 
-    /// The reads since the last `Clear`.
+    /// The number of reads since the last `Clear`.
     int ReadCount() const { return static_cast<int>(reads_); }
 
   private:
@@ -57,7 +53,7 @@ class CWGraph : public QCustomPlot {
     std::size_t window_ = 200;
     std::vector<double> values_;  ///< ring of `window_` reads, `plots_` values each
     std::size_t filled_ = 0;      ///< reads in the ring
-    std::size_t reads_ = 0;       ///< reads since the start; the next goes to `reads_ % window_`
+    std::size_t reads_ = 0;       ///< reads since `Clear`; the next goes to `reads_ % window_`
 };
 
 }  // namespace orbkl4

@@ -6,7 +6,6 @@
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QRadialGradient>
 #include <QTransform>
 
@@ -26,7 +25,8 @@ constexpr double subMarkInner = 0.83;
 constexpr double numberRadius = 0.665;
 constexpr double needleTip = 0.80;
 constexpr double needleTail = 0.18;
-constexpr double hubRadius = 0.075;
+constexpr double hubOuter = 0.075;
+constexpr double hubInner = 0.04;
 constexpr double numberSize = 0.107;
 constexpr double captionPlace = 0.36;
 
@@ -99,7 +99,7 @@ QPolygonF CWKnob::NeedleShape() const {
 QRect CWKnob::PointerBox() const {
     QTransform turned = QTransform::fromTranslate(Centre().x(), Centre().y());
     turned.rotate(NeedleDegrees());
-    constexpr double soft = 2;  // room for smooth edges
+    constexpr double soft = 2;  // for antialiased edges
     return turned.map(NeedleShape())
         .boundingRect()
         .adjusted(-soft, -soft, soft, soft)
@@ -113,34 +113,10 @@ void CWKnob::paintEvent(QPaintEvent* event) {
         PaintFace(onFace);
         PaintMarks(onFace);
         PaintNumbers(onFace);
-        MakeHub(onFace.device()->devicePixelRatioF());
     });
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(Centre());
     PaintNeedle(painter);
-    painter.translate(-Centre());
-    painter.drawPixmap(HubBox().topLeft(), hub_);
-}
-
-QRect CWKnob::HubBox() const {
-    const QPointF corner = QPointF(hubRadius, hubRadius) * Radius();
-    return QRectF(Centre() - corner, Centre() + corner).toAlignedRect();
-}
-
-void CWKnob::MakeHub(qreal ratio) {
-    const QRect box = HubBox();
-    const double radius = Radius();
-    hub_ = QPixmap((QSizeF(box.size()) * ratio).toSize());
-    hub_.setDevicePixelRatio(ratio);
-    hub_.fill(Qt::transparent);
-    QPainter painter(&hub_);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(Centre() - box.topLeft());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xD7, 0xDD, 0xE4));
-    painter.drawEllipse(QPointF(), radius * hubRadius, radius * hubRadius);
-    painter.setBrush(QColor(0x3A, 0x45, 0x52));
-    painter.drawEllipse(QPointF(), radius * 0.04, radius * 0.04);
 }
 
 void CWKnob::PaintFace(QPainter& painter) const {
@@ -192,7 +168,7 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
         painter.drawText(box, Qt::AlignCenter, text);
     };
     const std::vector<double> marks = axis_.Multiples(axis_.marks);
-    // -180 and 180 share a place and are written once.
+    // -180 and 180 are at the same place, where only one is written.
     const bool endsMeet = sweep_ == Sweep::FullCircle && marks.size() > 1 &&
                           DegreesOf(marks.back()) - DegreesOf(marks.front()) > 359;
     for (const double value : marks) {
@@ -205,12 +181,16 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
 }
 
 void CWKnob::PaintNeedle(QPainter& painter) const {
-    painter.save();
     painter.rotate(NeedleDegrees());
     painter.setPen(Qt::NoPen);
     painter.setBrush(isEnabled() ? needle : dimmed);
     painter.drawPolygon(NeedleShape());
-    painter.restore();
+    const auto disc = [&](double radius, const QColor& colour) {
+        painter.setBrush(colour);
+        painter.drawEllipse(QPointF(), radius, radius);
+    };
+    disc(Radius() * hubOuter, QColor(0xD7, 0xDD, 0xE4));
+    disc(Radius() * hubInner, QColor(0x3A, 0x45, 0x52));
 }
 
 }  // namespace orbkl4

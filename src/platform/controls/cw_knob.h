@@ -10,7 +10,7 @@
 
 namespace orbkl4 {
 
-/// A round dial with a needle; it shows values and doesn't take the mouse.
+/// A round dial with a needle, which ignores the mouse.
 class CWKnob : public QWidget {
     Q_OBJECT
     Q_PROPERTY(double value READ Value WRITE Value NOTIFY ValueChanged)
@@ -18,7 +18,7 @@ class CWKnob : public QWidget {
     Q_PROPERTY(double maximum READ Maximum)
 
   public:
-    /// How much of the circle the axis takes; its middle stands at the top.
+    /// How much of the circle the axis covers; the middle of the axis is at the top.
     enum class Sweep { FullCircle, HalfCircle };
 
     /// A dial at 0 from -180 to 180 over the full circle.
@@ -36,8 +36,8 @@ class CWKnob : public QWidget {
     /// The value as it was set, also beyond the axis.
     double Value() const { return value_; }
 
-    /// Points at `value`, or at the end of the axis that it lies beyond, and raises `ValueChanged`
-    /// at every call.
+    /// Points at `value`, or at the end of the axis if it lies beyond, and raises `ValueChanged` at
+    /// every call.
     void Value(double value);
 
     /// Where the needle points, in degrees clockwise from the top.
@@ -47,7 +47,7 @@ class CWKnob : public QWidget {
     QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// The value has been set, to whatever number.
+    /// The value has been set, changed or not.
     void ValueChanged(double value);
 
   protected:
@@ -60,8 +60,6 @@ class CWKnob : public QWidget {
     QPointF Centre() const;
     QPolygonF NeedleShape() const;
     QRect PointerBox() const;
-    QRect HubBox() const;
-    void MakeHub(qreal ratio);
     void PaintFace(QPainter& painter) const;
     void PaintMarks(QPainter& painter) const;
     void PaintNumbers(QPainter& painter) const;
@@ -72,7 +70,6 @@ class CWKnob : public QWidget {
     QString caption_;
     double value_ = 0;
     PaintedFace face_{this};
-    QPixmap hub_;  ///< what covers the needle's middle, made with the face
     DeferredUpdate repaint_{this, [this] { face_.MovePointer(PointerBox()); }};
 };
 

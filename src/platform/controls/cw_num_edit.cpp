@@ -18,7 +18,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// `number` as its own text says it, without the dust that steps such as 0.1 gather.
+/// `number` without the rounding error that steps such as 0.1 add up to.
 double Cleaned(double number) { return ToNumber(ScreenText(number)); }
 
 }  // namespace
@@ -53,9 +53,7 @@ void CWNumEdit::Compact() {
 void CWNumEdit::BackColorText(std::uint32_t bgr) {
     if (bgr == backColorText_) return;
     backColorText_ = bgr;
-    QPalette colours;
-    if (bgr != windowBackground) colours.setColor(QPalette::Base, Colour(bgr));
-    setPalette(colours);
+    SetBackground(*this, bgr);
 }
 
 std::optional<double> CWNumEdit::Typed() const {
@@ -139,7 +137,7 @@ void CWNumEdit::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
         QAbstractSpinBox::wheelEvent(event);
     } else {
-        event->ignore();  // scrolls what the field stands in, instead of changing it unseen
+        event->ignore();  // for what the field is in, which may scroll
     }
 }
 

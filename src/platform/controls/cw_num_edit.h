@@ -11,8 +11,8 @@
 
 namespace orbkl4 {
 
-/// A field for one number. Its limits bind only what a person types or steps: a value set by code
-/// stands as it is, and typing takes effect once, on Enter, on leaving, or when a menu opens.
+/// A field for one number. Its limits apply only to what a user types or steps to; a value set by
+/// code is kept as it is. Typing takes effect once: on Enter, on leaving, or when a menu opens.
 class CWNumEdit : public QAbstractSpinBox {
     Q_OBJECT
     Q_PROPERTY(double value READ Value WRITE Value NOTIFY ValueChanged USER true)
@@ -24,15 +24,15 @@ class CWNumEdit : public QAbstractSpinBox {
     /// A field at 0, without limits, that steps by 1.
     explicit CWNumEdit(QWidget* parent = nullptr);
 
-    /// The value; what is being typed counts only when committed.
+    /// The value, without what is being typed and not yet committed.
     double Value() const { return value_; }
 
-    /// Sets the value, inside the limits or not, and raises `ValueChanged` if it differs; what was
-    /// being typed is dropped.
+    /// Sets the value, inside the limits or not, drops what is being typed, and raises
+    /// `ValueChanged` if the value differs.
     void Value(double value);
 
-    double Minimum() const { return minimum_; }  ///< The least number that a person can enter.
-    double Maximum() const { return maximum_; }  ///< The greatest number that a person can enter.
+    double Minimum() const { return minimum_; }  ///< The least number that a user can enter.
+    double Maximum() const { return maximum_; }  ///< The greatest number that a user can enter.
 
     /// Sets the lower limit; the value stays as it is.
     void Minimum(double minimum) { minimum_ = minimum; }
@@ -46,10 +46,10 @@ class CWNumEdit : public QAbstractSpinBox {
     /// Sets the distance of one step, above 0; it is 1 at first.
     void Increment(double increment) { increment_ = increment; }
 
-    /// Whether what a person types is rounded to a whole number, ties to even.
+    /// Whether a typed number is rounded to a whole one, ties to even.
     void WholeNumbers(bool wholeNumbers) { wholeNumbers_ = wholeNumbers; }
 
-    /// Leaves out the step buttons and narrows the margins, for screens that are full of fields.
+    /// Leaves out the step buttons, for screens with many fields.
     void Compact();
 
     /// The background, as 0xBBGGRR or `windowBackground`.
@@ -58,7 +58,8 @@ class CWNumEdit : public QAbstractSpinBox {
     /// Sets the background, as 0xBBGGRR or `windowBackground`.
     void BackColorText(std::uint32_t bgr);
 
-    /// Takes what was typed: a number moves to the nearest limit, anything else is dropped.
+    /// Takes what was typed: a number beyond a limit becomes that limit, anything but a number is
+    /// dropped.
     void Commit();
 
     void stepBy(int steps) override;
@@ -66,10 +67,10 @@ class CWNumEdit : public QAbstractSpinBox {
     QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// The value has changed, by code or by hand; raised before the change returns.
+    /// The value has changed, by code or by the user; raised before the change returns.
     void ValueChanged(double value);
 
-    /// The focus has left for another control or a menu; what was typed is committed already.
+    /// The focus has moved to another control or a menu, and what was typed has been committed.
     void LostFocus();
 
   protected:
@@ -91,8 +92,8 @@ class CWNumEdit : public QAbstractSpinBox {
     double increment_ = 1;
     std::uint32_t backColorText_ = windowBackground;
     bool wholeNumbers_ = false;
-    bool typing_ = false;         ///< a person has changed the text since the last commit
-    bool ownMenuIsOpen_ = false;  ///< the field's own context menu takes no typing away
+    bool typing_ = false;         ///< the user has changed the text since the last commit
+    bool ownMenuIsOpen_ = false;  ///< while it is open, typing isn't committed
 };
 
 }  // namespace orbkl4

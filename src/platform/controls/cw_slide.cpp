@@ -208,7 +208,7 @@ void CWSlide::PaintPointer(QPainter& painter) const {
 void CWSlide::MoveTo(double value) {
     const double inside = std::clamp(value, axis_.minimum, axis_.maximum);
     const double steps = std::round((inside - axis_.minimum) / step_);
-    // Its own text rids the sum of the dust of binary fractions: 2.1, not 2.1000000000000001.
+    // By way of the text, which drops rounding error: 2.1, not 2.1000000000000001.
     const double snapped = ToNumber(ScreenText(axis_.minimum + steps * step_));
     Value(std::min(snapped, axis_.maximum));
 }

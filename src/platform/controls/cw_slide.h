@@ -9,8 +9,7 @@
 
 namespace orbkl4 {
 
-/// A pointer on a straight scale. It shows values and leaves the mouse alone, unless it is made
-/// interactive.
+/// A pointer on a straight scale. It ignores mouse and keys unless it is made interactive.
 class CWSlide : public QWidget {
     Q_OBJECT
     Q_PROPERTY(double value READ Value WRITE Value NOTIFY ValueChanged)
@@ -19,7 +18,7 @@ class CWSlide : public QWidget {
     Q_PROPERTY(double step READ Step)
 
   public:
-    /// What the slide looks like; a thermometer is vertical.
+    /// The appearance of the slide; a thermometer is vertical.
     enum class Look { Plain, Thermometer };
 
     /// A vertical slide at 0 from 0 to 100.
@@ -28,38 +27,38 @@ class CWSlide : public QWidget {
     /// Gives the slide its axis: value range and distances of marks.
     void SetAxis(const Axis& axis);
 
-    /// Lays the slide along `orientation`.
+    /// Makes the slide horizontal or vertical.
     void Orientation(Qt::Orientation orientation);
 
-    /// Gives the slide its look.
+    /// Gives the slide its appearance.
     void Style(Look look);
 
-    /// Lets a person move the pointer by mouse, wheel and keys in steps of `step` (above 0) from
+    /// Lets the user move the pointer by mouse, wheel and keys, in steps of `step` (above 0) from
     /// the axis' lower end.
     void MakeInteractive(double step);
 
-    /// Whether a person can move the pointer.
+    /// Whether the user can move the pointer.
     bool Interactive() const { return step_ > 0; }
 
     double Minimum() const { return axis_.minimum; }  ///< The axis' lower end.
     double Maximum() const { return axis_.maximum; }  ///< The axis' upper end.
-    double Step() const { return step_; }             ///< One step by hand, 0 where there is none.
+    double Step() const { return step_; }  ///< One step of the user, 0 if not interactive.
 
     /// The value as it was set, also beyond the axis.
     double Value() const { return value_; }
 
-    /// Points at `value`, or at the end of the axis that it lies beyond, and raises `ValueChanged`
-    /// if it differs.
+    /// Points at `value`, or at the end of the axis if it lies beyond, and raises `ValueChanged` if
+    /// the value differs.
     void Value(double value);
 
-    /// The middle of the pointer, in the widget's own coordinates.
+    /// The middle of the pointer, in the widget's coordinates.
     QPointF PointerPlace() const { return PlaceOf(value_); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// The value has changed, by code or by hand; raised before the change returns.
+    /// The value has changed, by code or by the user; raised before the change returns.
     void ValueChanged(double value);
 
   protected:
@@ -77,7 +76,7 @@ class CWSlide : public QWidget {
   private:
     bool Vertical() const { return orientation_ == Qt::Vertical; }
     double GrooveWidth() const;
-    double PointerRoom() const;  // from the middle of the groove to the side off the marks
+    double PointerRoom() const;  // from the middle of the groove to the side without marks
     const QLineF& Track() const;
     QLineF MakeTrack() const;
     QRect PointerBox() const;
@@ -95,10 +94,10 @@ class CWSlide : public QWidget {
     Look look_ = Look::Plain;
     double value_ = 0;
     double step_ = 0;
-    QPointF grip_;  ///< from the pointer's middle to where the mouse took hold of it
+    QPointF grip_;  ///< from the pointer's middle to where the mouse was pressed on it
     bool dragging_ = false;
-    int wheelRest_ = 0;     ///< wheel turn not yet worth a step, in eighths of a degree
-    mutable QLineF track_;  ///< null where it has to be found anew: measuring labels takes long
+    int wheelRest_ = 0;     ///< turn of less than a step, in eighths of a degree
+    mutable QLineF track_;  ///< a cache, since measuring labels takes long; null if stale
     PaintedFace face_{this};
     DeferredUpdate repaint_{this, [this] { face_.MovePointer(PointerBox()); }};
 };

@@ -19,12 +19,13 @@ std::vector<DeferredUpdate*>& Marked() {
     return marked;
 }
 
-/// Tells assistive technology the value of `widget` if it has the focus; the values of all controls
-/// would be a flood.
+/// Reports the value of `widget`, if it has one, to assistive technology while it has the focus;
+/// the values of all controls would be too many.
 void AnnounceValue(QWidget* widget) {
     if (!QAccessible::isActive() || !widget->hasFocus()) return;
     const QVariant value = widget->property("value");
-    QAccessibleValueChangeEvent event(widget, value.isValid() ? value : widget->property("text"));
+    if (!value.isValid()) return;
+    QAccessibleValueChangeEvent event(widget, value);
     QAccessible::updateAccessibility(&event);
 }
 

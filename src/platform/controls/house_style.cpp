@@ -20,7 +20,7 @@ namespace orbkl4 {
 
 namespace {
 
-/// Whether all ten digits are as wide as one another, so that streaming numbers don't jitter.
+/// Whether all digits are equally wide, so that numbers that change don't jitter.
 bool HasTabularDigits(const QFont& font) {
     const QFontMetricsF metrics(font);
     constexpr double slack = 0.01;
@@ -31,7 +31,7 @@ bool HasTabularDigits(const QFont& font) {
     });
 }
 
-/// Two arrowheads to the right, which lead to what had no room.
+/// Two arrowheads that point to the right, for the rest of a menu bar that is too narrow.
 void PaintMoreArrows(QPainter& painter, const QRectF& box) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -45,7 +45,7 @@ void PaintMoreArrows(QPainter& painter, const QRectF& box) {
     painter.restore();
 }
 
-/// Fusion, with frames as light cards that hold their titles.
+/// Fusion, with frames as light cards with the title inside.
 class HouseStyle final : public QProxyStyle {
   public:
     HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -61,7 +61,7 @@ class HouseStyle final : public QProxyStyle {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(QPen(cardLine, 1));
-        painter->setBrush(enabled ? card : disabledCard);
+        painter->setBrush(enabled ? card : colours::disabledBase);
         const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
         painter->drawRoundedRect(box, corner, corner);
         painter->restore();
@@ -97,8 +97,8 @@ class HouseStyle final : public QProxyStyle {
 
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override {
-        // Every menu bar asks for this one; the style would read it from a file, and for that load
-        // a library for each kind of picture.
+        // Every menu bar asks for this icon. Fusion reads it from a file, for which it first loads
+        // a library for each picture format.
         if (standard == SP_ToolBarHorizontalExtensionButton) return PaintedIcon(PaintMoreArrows);
         return QProxyStyle::standardIcon(standard, option, widget);
     }
@@ -110,7 +110,6 @@ class HouseStyle final : public QProxyStyle {
     }
 
     static constexpr QColor card{0xFB, 0xFC, 0xFD};
-    static constexpr QColor disabledCard{0xF1, 0xF3, 0xF6};
     static constexpr QColor cardLine{0xD3, 0xDA, 0xE2};
 };
 
@@ -146,7 +145,7 @@ QPalette HousePalette() {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, colours::disabledInk);
     }
-    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF1, 0xF3, 0xF6));
+    palette.setColor(QPalette::Disabled, QPalette::Base, colours::disabledBase);
     palette.setColor(QPalette::Disabled, QPalette::Highlight, colours::line);
     return palette;
 }

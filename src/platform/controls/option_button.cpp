@@ -9,7 +9,7 @@ OptionButton::OptionButton(const QString& text, QWidget* parent) : QRadioButton(
 }
 
 void OptionButton::Value(bool chosen) {
-    // Qt keeps one button of an exclusive group on; outside of it this one can be cleared.
+    // In an exclusive group Qt would refuse to clear the chosen button.
     setAutoExclusive(chosen);
     setChecked(chosen);
     setAutoExclusive(true);

@@ -4,7 +4,7 @@
 
 namespace orbkl4 {
 
-/// An option button; those of one frame exclude one another, and code can clear all of them.
+/// An option button. At most one of a frame is chosen; code can clear the choice.
 class OptionButton : public QRadioButton {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ class OptionButton : public QRadioButton {
     void Value(bool chosen);
 
   Q_SIGNALS:
-    /// The option has come on, by hand or by code.
+    /// The option has been chosen, by the user or by code.
     void Click();
 };
 

@@ -11,24 +11,24 @@ PaintedFace::PaintedFace(QWidget* widget) : widget_(widget) {
 }
 
 void PaintedFace::PaintBackground(QPainter& painter) const {
-    QWidget* behind = widget_->isWindow() ? nullptr : widget_->parentWidget();
+    QWidget* parent = widget_->isWindow() ? nullptr : widget_->parentWidget();
     painter.fillRect(widget_->rect(), widget_->palette().brush(QPalette::Window));
-    if (behind == nullptr) return;
-    behind->render(&painter, {}, widget_->geometry(), QWidget::DrawWindowBackground);
+    if (parent == nullptr) return;
+    parent->render(&painter, {}, widget_->geometry(), QWidget::DrawWindowBackground);
 }
 
 void PaintedFace::Draw(QPainter& painter, const QRect& area, const QRect& pointer,
                        const std::function<void(QPainter&)>& paint) {
     const qreal ratio = painter.device()->devicePixelRatioF();
     const QSizeF size = QSizeF(widget_->size()) * ratio;
-    const QWidget* behind = widget_->parentWidget();
+    const QWidget* parent = widget_->parentWidget();
     const Circumstances now{
         .pixels = {static_cast<int>(std::ceil(size.width())),
                    static_cast<int>(std::ceil(size.height()))},
         .ratio = ratio,
         .place = widget_->pos(),
         .enabled = widget_->isEnabled(),
-        .behindEnabled = behind == nullptr || behind->isEnabled(),
+        .parentEnabled = parent == nullptr || parent->isEnabled(),
     };
     painted_ |= pointer;
     if (pixmap_.isNull() || now != made_) {

@@ -35,7 +35,7 @@ class PaintedFace {
         qreal ratio = 0;
         QPoint place;
         bool enabled = true;
-        bool behindEnabled = true;
+        bool parentEnabled = true;
 
         bool operator==(const Circumstances&) const = default;
     };

@@ -20,23 +20,22 @@ QRectF GrooveBox(const QPointF& from, const QPointF& to, double width) {
     return QRectF(from, to).normalized().adjusted(-half, -half, half, half);
 }
 
-/// The outline of a thermometer whose walls stand `shrink` inside the glass's outside.
-QPainterPath GlassOutline(const QLineF& track, double shrink) {
-    QPainterPath tube;
-    const double half = slide::tube / 2 - shrink;
-    tube.addRoundedRect(GrooveBox(track.p1() + QPointF(0, slide::bulb), track.p2(), 2 * half), half,
-                        half);
+/// The outline of a thermometer, tube and bulb.
+QPainterPath GlassOutline(const QLineF& track) {
+    using namespace slide;
+    QPainterPath outline;
+    outline.addRoundedRect(GrooveBox(track.p1() + QPointF(0, bulb), track.p2(), tube), tube / 2,
+                           tube / 2);
     QPainterPath ball;
-    const double radius = slide::bulb - shrink;
-    ball.addEllipse(track.p1() + QPointF(0, slide::bulb + 1), radius, radius);
-    return tube.united(ball);
+    ball.addEllipse(track.p1() + QPointF(0, bulb + 1), bulb, bulb);
+    return outline.united(ball);
 }
 
 }  // namespace
 
 void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
     painter.setPen(QPen(colours::line, 1));
-    painter.setBrush(enabled ? QColor(0xFF, 0xFF, 0xFF) : QColor(0xF1, 0xF3, 0xF6));
+    painter.setBrush(enabled ? QColor(Qt::white) : colours::disabledBase);
     const double round = slide::groove / 2;
     painter.drawRoundedRect(GrooveBox(track.p1(), track.p2(), slide::groove), round, round);
 }
@@ -68,7 +67,9 @@ void PaintThumb(QPainter& painter, const QPointF& place, bool vertical, bool foc
                  vertical ? 2 * thickness : 2 * slide::pointer);
     thumb.moveCenter(place);
     if (focus) {
-        painter.setPen(QPen(QColor(0x1F, 0x6F, 0xB5, 90), 3));
+        QColor ring = colours::accent;
+        ring.setAlpha(90);
+        painter.setPen(QPen(ring, 3));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(thumb.adjusted(-2, -2, 2, 2), 6, 6);
     }
@@ -85,7 +86,7 @@ void PaintThumb(QPainter& painter, const QPointF& place, bool vertical, bool foc
 }
 
 void PaintGlass(QPainter& painter, const QLineF& track) {
-    const QPainterPath outline = GlassOutline(track, 0);
+    const QPainterPath outline = GlassOutline(track);
     const QRectF box = outline.boundingRect();
     QLinearGradient glass(box.left(), 0, box.right(), 0);
     glass.setColorAt(0, QColor(0xDF, 0xE6, 0xED));

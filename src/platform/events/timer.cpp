@@ -21,7 +21,6 @@ void Timer::Interval(int milliseconds) {
 }
 
 void Timer::Enabled(bool enabled) {
-    if (enabled == enabled_) return;
     enabled_ = enabled;
     Arm();
 }

@@ -5,6 +5,8 @@
 
 namespace orbkl4 {
 
-void OpenDocument(const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }
+bool OpenDocument(const QString& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
 
 }  // namespace orbkl4

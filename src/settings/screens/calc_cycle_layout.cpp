@@ -4,7 +4,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
 #include "platform/controls/text_field.h"
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 #include "settings/logic/cycle_words.h"
 #include "settings/screens/calc_cycle.h"
 

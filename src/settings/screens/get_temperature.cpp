@@ -8,7 +8,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
 #include "platform/windows/boxes.h"
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 #include "settings/logic/temperature.h"
 #include "state/app_state.h"
 

@@ -100,6 +100,9 @@ TEST_F(SelfTest, SendsTheSumOfTheTickedBitsInBetween) {
     EXPECT_EQ(Text(screen, "lblSelfTestByte"), "9");
     Click(screen, "mnuSample");
     EXPECT_FALSE(ShiftEnabled());
+    Check("chk1").setChecked(true);
+    Check("chk1").setChecked(false);
+    EXPECT_EQ(hand.Count(), 0U) << "a closed port isn't reported";
     sensor.ClearRecord();
     Click(screen, "mnuSample");
     ASSERT_TRUE(WaitFor([this] { return !Heard().empty(); }));

@@ -99,7 +99,7 @@ TEST_F(ConnectScreen, AnErrorOfItsOwnIsReportedUnderTheNormalPointer) {
     ConnectManually(1, "38400");
     ASSERT_EQ(boxes.Count(), 2U);
     EXPECT_EQ(boxes.Texts()[0], success);
-    EXPECT_TRUE(boxes.Error(1).ends_with(" cmdConnectManual_Click Connect")) << boxes.Texts()[1];
+    EXPECT_EQ(boxes.Error(1), "70 cmdConnectManual_Click Connect");
     EXPECT_FALSE(MenusEnabled());
     EXPECT_FALSE(Enabled("SSTab1")) << "the controls stay as they are";
     Dialog().close();

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace orbkl4 {
@@ -59,13 +60,13 @@ TEST_F(ComboBoxTest, RaisesClickAtEveryAssignment) {
     EXPECT_EQ(box.Text(), "Custom");
 }
 
-TEST_F(ComboBoxTest, RaisesClickOnceForEveryChoiceByHand) {
+TEST_F(ComboBoxTest, RaisesClickOnceForEveryChoiceOfTheUser) {
     box.ListIndex(0);
     clicks.clear();
     QTest::keyClick(&box, Qt::Key_Down);
     EXPECT_EQ(box.ListIndex(), 1);
     EXPECT_EQ(clicks.count(), 1);
-    for (const int row : {2, 2}) {  // the second time the row stands already
+    for (const int row : {2, 2}) {  // the second time it is chosen already
         clicks.clear();
         box.showPopup();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(box.view()->window()));
@@ -74,6 +75,10 @@ TEST_F(ComboBoxTest, RaisesClickOnceForEveryChoiceByHand) {
         EXPECT_EQ(box.ListIndex(), row);
         EXPECT_EQ(clicks.count(), 1);
     }
+    box.clearFocus();
+    QWheelEvent turn({9, 9}, {9, 9}, {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&box, &turn);
+    EXPECT_EQ(box.ListIndex(), 2) << "a wheel without the focus";
 }
 
 }  // namespace

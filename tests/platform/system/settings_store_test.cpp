@@ -1,10 +1,8 @@
 #include "platform/system/settings_store.h"
 
-#include "base/run_time_error.h"
 #include "platform/system/folders.h"
 #include "support/temporary_folders.h"
 
-#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -22,17 +20,6 @@ TEST(SettingsStore, GivesBackTextsAsTheyStandInItsFile) {
     file.close();
     EXPECT_EQ(GetSetting("Store", "Startup", "Line", "none"), "38400,n,8,1");
     EXPECT_EQ(GetSetting("Store", "Startup", "Quoted", "none"), "19200,n,8,1");
-}
-
-TEST(SettingsStore, SaysThatItCannotBeWritten) {
-    const TemporaryFolders folders;
-    QDir().mkpath(ConfigPath(QStringLiteral("Store.ini")));  // a folder in its place
-    try {
-        SaveSetting("Store", "Startup", "Line", "115200,n,8,1");
-        ADD_FAILURE() << "stored nowhere";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::PermissionDenied);
-    }
 }
 
 }  // namespace orbkl4::test

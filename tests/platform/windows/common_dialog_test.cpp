@@ -1,14 +1,12 @@
 #include "platform/windows/common_dialog.h"
 
+#include "support/file_dialog_answerer.h"
 #include "support/temporary_folders.h"
 #include "support/wait.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileSystemModel>
-#include <QLineEdit>
 #include <gtest/gtest.h>
 
 namespace orbkl4::test {
@@ -32,15 +30,13 @@ bool Lists(const QFileDialog& dialog, const char* file) {
     return false;
 }
 
-void Save(QFileDialog& dialog, const Case& row) {
-    dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QLatin1String(row.typed));
+/// Chooses the filter of `row` by the keyboard.
+void ChooseFilter(QFileDialog& dialog, const Case& row) {
     auto* filters = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    EXPECT_EQ(filters->currentText(), "CSV Files (*.csv)");
     QTest::keyClick(filters, Qt::Key_Home);
     for (int i = 0; i < row.row; ++i) QTest::keyClick(filters, Qt::Key_Down);
     EXPECT_EQ(filters->currentText(), row.shown);
     EXPECT_TRUE(WaitFor([&] { return Lists(dialog, row.listed); })) << "hides " << row.listed;
-    QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
 }
 
 }  // namespace
@@ -61,12 +57,10 @@ TEST(CommonDialog, ListsAndNamesFilesByTheFilterThatIsChosen) {
             QStringLiteral("All Files (*.*)|*.*|Text Files(*.txt)|*.txt|CSV Files (*.csv)|*.csv"));
         control.FilterIndex(3);
         control.InitDir(folder.path());
-        QTimer::singleShot(0, qApp, [&] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            Save(*dialog, row);
-        });
+        FileDialogAnswerer user({QLatin1String(row.typed)});
+        user.BeforeSave([&](QFileDialog& dialog) { ChooseFilter(dialog, row); });
         control.ShowSave();
+        EXPECT_EQ(user.Filter(), "CSV Files (*.csv)");
         EXPECT_EQ(control.FileName(), folder.filePath(QLatin1String(row.saved)));
     }
 }

@@ -61,13 +61,14 @@ TEST_F(MdiFrameTest, ScreensFillItAndTheirTypeGrowsWithIt) {
     Screen& upper = Show("Upper");
     for (const auto& [size, growth] :
          {std::pair{QSize(1240, 760), 1.0}, std::pair{QSize(1900, 1140), 1.5},
-          std::pair{QSize(960, 600), 1.0}}) {
+          std::pair{QSize(3800, 2280), 2.0}, std::pair{QSize(960, 600), 1.0}}) {
         Resize(size);
         EXPECT_EQ(upper.size(), upper.parentWidget()->size());
         EXPECT_EQ(upper.width(), size.width());
         EXPECT_NEAR(upper.font().pointSizeF() / usual, growth, 0.06) << size.width();
     }
     Resize({1900, 1140});
+    EXPECT_FALSE(lower.isVisible()) << "one at a time";
     upper.Unload();
     EXPECT_TRUE(lower.isVisible());
     EXPECT_EQ(lower.size(), lower.parentWidget()->size());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/bytes.h"
-#include "support/logic/decoder_oracle.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +8,14 @@
 #include <vector>
 
 namespace orbkl4::test {
+
+/// The packets of a channel, independent of the program's table.
+struct PacketKind {
+    unsigned command;
+    bool isGyro;
+    std::size_t words;  ///< without ticks and checksum
+    bool isMatrix = false;
+};
 
 /// Bytes that are sent in one write.
 struct Piece {
@@ -18,7 +25,7 @@ struct Piece {
 
 /// A channel, how it saves, and a stream in pieces.
 struct StreamCase {
-    const DecoderRow* row;
+    const PacketKind* kind;
     bool saving;
     double interval;  ///< least ticks between two rows
     std::vector<Piece> pieces;

@@ -37,6 +37,7 @@ ScreenTest::ScreenTest(const orbkl4sim::SimulatorOptions& options) : sensor(opti
     SampleState = {};
     StartUp();
     sensor.Start();
+    clock_.emplace([this] { sensor.DevicePath(); });
     folders.LinkPort(1, QString::fromStdString(sensor.DevicePath().string()));
     RegisterAllScreens();
     PlaceScreensIn(&frame);

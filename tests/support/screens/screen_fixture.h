@@ -11,6 +11,7 @@
 #include <QAbstractButton>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,9 +60,11 @@ class ScreenTest : public testing::Test {
     std::vector<Bytes> Heard(std::size_t least = 0) const;
 
     TemporaryFolders folders;
-    PatientClock clock;
     orbkl4sim::Simulator sensor;
     MdiFrame frame{"MDIForm1", "Frame"};
+
+  private:
+    std::optional<PatientClock> clock_;  ///< from the start of the sensor on
 };
 
 }  // namespace orbkl4::test

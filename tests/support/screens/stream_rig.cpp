@@ -34,9 +34,9 @@ const char* ScreenOf(unsigned command) {
     return screens.at(command);
 }
 
-const char* EntryOf(const DecoderRow& row) {
-    if (row.command == 0x01 || row.command == 0x31) return "mnuSample";
-    return row.isGyro ? "mnuSampleGyro" : "mnuSampleInstant";
+const char* EntryOf(const PacketKind& kind) {
+    if (kind.command == 0x01 || kind.command == 0x31) return "mnuSample";
+    return kind.isGyro ? "mnuSampleGyro" : "mnuSampleInstant";
 }
 
 /// Ends each busy wait of the program at once.
@@ -80,7 +80,7 @@ StreamRig::~StreamRig() {
 
 std::string StreamRig::FaultOf(std::span<const std::uint8_t> data) {
     const StreamCase streamCase = ReadStreamCase(data);
-    Show(*streamCase.row);
+    Show(*streamCase.kind);
     std::string fault = FaultOfStream(streamCase);
     const std::string story = story_;
     if (fault.empty()) fault = FaultOfStream(CutSingly(streamCase));
@@ -88,23 +88,23 @@ std::string StreamRig::FaultOf(std::span<const std::uint8_t> data) {
     return fault.empty() ? fault : screen_->objectName().toStdString() + ": " + fault;
 }
 
-void StreamRig::Show(const DecoderRow& row) {
-    if (row_ == &row) return;
-    row_ = &row;
+void StreamRig::Show(const PacketKind& kind) {
+    if (kind_ == &kind) return;
+    kind_ = &kind;
     if (screen_ != nullptr) screen_->Unload();
-    const char* name = ScreenOf(row.command);
+    const char* name = ScreenOf(kind.command);
     ShowScreen(name);
     QCoreApplication::processEvents();
     screen_ = FindScreen(name);
     for (auto* timer : screen_->findChildren<Timer*>()) timer->Interval(0);  // no watchdog
-    port_ = screen_->findChild<MSComm*>(QLatin1String(row.isGyro ? "MSComm1" : "MSComm2"));
-    led_ = screen_->findChild<CWButton*>(QLatin1String(row.isGyro ? "LED" : "LEDI"));
+    port_ = screen_->findChild<MSComm*>(QLatin1String(kind.isGyro ? "MSComm1" : "MSComm2"));
+    led_ = screen_->findChild<CWButton*>(QLatin1String(kind.isGyro ? "LED" : "LEDI"));
     Click();  // a stopped view looks different from a fresh one: its dials show 0
     Click();
     line_.Take(1);
 }
 
-void StreamRig::Click() { screen_->Menu(EntryOf(*row_)).trigger(); }
+void StreamRig::Click() { screen_->Menu(EntryOf(*kind_)).trigger(); }
 
 std::string StreamRig::FaultOfStream(const StreamCase& streamCase) {
     SampleState = {};
@@ -134,7 +134,7 @@ std::string StreamRig::FaultOfStart() {
     Click();
     shown_ = Snapshot();
     const Bytes request = line_.Take(1);
-    if (request != Bytes{static_cast<std::uint8_t>(row_->command)}) return "the first request";
+    if (request != Bytes{static_cast<std::uint8_t>(kind_->command)}) return "the first request";
     return led_->Value() ? "the lamp is lit at the start" : "";
 }
 
@@ -147,7 +147,7 @@ std::string StreamRig::FaultOfReply(const StreamOracle& oracle) {
     });
     ++verdicts_.at(static_cast<std::size_t>(oracle.LastVerdict()));
     if (boxes_.Count() > 0) return "a box: " + boxes_.Texts().front();
-    if (requests != Bytes{static_cast<std::uint8_t>(row_->command)}) {
+    if (requests != Bytes{static_cast<std::uint8_t>(kind_->command)}) {
         return requests.empty() ? "no request after a reply" : "the wrong request after a reply";
     }
     std::string fault = FaultOfShown(oracle);
@@ -162,14 +162,14 @@ std::string StreamRig::FaultOfShown(const StreamOracle& oracle) {
     const Verdict verdict = oracle.LastVerdict();
     const bool isNew = verdict == Verdict::Shown || verdict == Verdict::Saved;
     if (!isNew) return shown_ == before ? "" : "a rejected reply is shown";
-    if (row_->kinds == "eee") return {};  // its view shows no header, ticks and checksum
+    if (kind_->words == 3) return {};  // its view shows no header, ticks and checksum
     const Bytes& packet = oracle.Reply();
     const std::pair<QString, std::string> head[] = {
         {QStringLiteral("txtHeader"), std::to_string(packet.front())},
         {QStringLiteral("txtTimerTicks"), Word(packet, packet.size() - 4)},
         {QStringLiteral("txtCS"), Word(packet, packet.size() - 2)}};
     for (const auto& [name, text] : head) {
-        const QString field = row_->isGyro ? name : name + QLatin1Char('I');
+        const QString field = kind_->isGyro ? name : name + QLatin1Char('I');
         if (screen_->findChild<TextField*>(field)->Text() != text)
             return field.toStdString() + " isn't " + text;
     }
@@ -187,7 +187,7 @@ std::string StreamRig::FaultOfSaved(const StreamOracle& oracle) {
     const bool isOneRow =
         added.ends_with(", " + Word(packet, packet.size() - 4) + "\r\n") &&
         std::ranges::count(added, '\n') == 1 &&
-        std::ranges::count(added, ',') == static_cast<std::ptrdiff_t>(row_->kinds.size() + 1);
+        std::ranges::count(added, ',') == static_cast<std::ptrdiff_t>(kind_->words + 1);
     return isOneRow ? "" : "not the reply's one row is added: " + added;
 }
 

@@ -37,7 +37,7 @@ class StreamRig {
     const std::array<int, verdicts>& Verdicts() const { return verdicts_; }
 
   private:
-    void Show(const DecoderRow& row);
+    void Show(const PacketKind& kind);
     void Click();
     std::string FaultOfStream(const StreamCase& streamCase);
     std::string FaultOfStart();
@@ -51,7 +51,7 @@ class StreamRig {
     PtyMaster line_;
     MdiFrame frame_{"MDIForm1", "Frame"};
     BoxAnswerer boxes_{{}, QMessageBox::Retry};
-    const DecoderRow* row_ = nullptr;
+    const PacketKind* kind_ = nullptr;
     QPointer<Screen> screen_;
     MSComm* port_ = nullptr;
     const CWButton* led_ = nullptr;

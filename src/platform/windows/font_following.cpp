@@ -1,4 +1,4 @@
-#include "platform/windows/resize_tracking.h"
+#include "platform/windows/font_following.h"
 
 #include <QEvent>
 #include <QGroupBox>
@@ -12,17 +12,17 @@ namespace orbkl4 {
 
 namespace {
 
-/// Runs `adjust` at once and whenever the size or font of `widget` changes.
-class ResizeTracker : public QObject {
+/// Runs `adjust` at once and whenever the font of `widget` changes.
+class FontFollower : public QObject {
   public:
-    ResizeTracker(QWidget& widget, std::function<void()> adjust)
+    FontFollower(QWidget& widget, std::function<void()> adjust)
         : QObject(&widget), adjust_(std::move(adjust)) {
         widget.installEventFilter(this);
         adjust_();
     }
 
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) adjust_();
+        if (event->type() == QEvent::FontChange) adjust_();
         return false;
     }
 
@@ -42,7 +42,7 @@ QRect CaptionPlace(const QGroupBox& frame) {
 }  // namespace
 
 void KeepBesideCaption(QGroupBox& frame, QWidget& control) {
-    new ResizeTracker(frame, [&frame, &control] {
+    new FontFollower(frame, [&frame, &control] {
         constexpr int gap = 6;
         const QRect caption = CaptionPlace(frame);
         const int side = caption.height();
@@ -52,7 +52,7 @@ void KeepBesideCaption(QGroupBox& frame, QWidget& control) {
 
 void KeepFontScaled(QWidget& control, double factor) {
     QWidget& parent = *control.parentWidget();
-    new ResizeTracker(parent, [&parent, &control, factor] {
+    new FontFollower(parent, [&parent, &control, factor] {
         QFont font = parent.font();
         font.setPointSizeF(font.pointSizeF() * factor);
         font.setBold(true);
