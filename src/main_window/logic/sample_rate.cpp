@@ -7,7 +7,7 @@ namespace orbkl4 {
 double SampleRate::operator()(double seconds, std::int64_t count) {
     if (known_ > 0 && count < points_[known_ - 1].count) Clear();  // counted from 0 again
     if (known_ == points_.size()) {
-        std::ranges::rotate(points_, points_.begin() + 1);
+        std::shift_left(points_.begin(), points_.end(), 1);
         --known_;
     }
     points_[known_++] = {seconds, count};
