@@ -110,7 +110,7 @@ TEST_F(BiasCapture, GoesInBetweenTwoRequestsOfTheRunningChannel) {
           Case{"Quaternions", "mnuSampleInstant", 0x04, "MSComm2", 13, "txtTimerTicksI"}}) {
         SCOPED_TRACE(name);
         const auto words = static_cast<std::size_t>((length - 5) / 2 + 1);
-        const auto reply = [&](unsigned ticks) {
+        const auto reply = [&, command = command](unsigned ticks) {
             std::vector<unsigned> all(words, 0);
             all.back() = ticks;
             return Frame(command, all);

@@ -45,7 +45,7 @@ TEST_F(SetMode, WritesTheByteOfTheChosenModeAndNamesIt) {
         EXPECT_EQ(boxes.Texts().back(),
                   std::string("The ORB-KL4 is now operating in CONTINUOUS ") + name + " mode!");
         EXPECT_EQ(FindScreen("SetMode"), nullptr);
-        ASSERT_TRUE(WaitFor([&] { return sensor.Word(132) == byte; })) << option;
+        ASSERT_TRUE(WaitFor([&, byte = byte] { return sensor.Word(132) == byte; })) << option;
         EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x29, 0x71, 0x00, 0x84, 0x00, byte, 0xAA}}));
     }
     EXPECT_EQ(boxes.Count(), std::size(modes));
