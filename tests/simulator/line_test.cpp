@@ -216,16 +216,5 @@ TEST_F(LineTest, APowerCycleDropsWhatIsPending) {
     EXPECT_EQ(kFirmware, AskForBytes({0xF0}));
 }
 
-TEST_F(LineTest, SplitsReplies) {
-    line.Split({1, 3, 100}, 20ms);
-    const auto writes = Ask({0xF0});
-    ASSERT_EQ(3U, writes.size());
-    EXPECT_EQ(Bytes{0xF0}, writes[0].bytes);
-    EXPECT_EQ((Bytes{0x0C, 0x1D, 0x0D}), writes[1].bytes);
-    EXPECT_EQ(Bytes{0x0D}, writes[2].bytes);
-    EXPECT_EQ(6 * kByte, writes[0].time);
-    EXPECT_EQ(6 * kByte + 40ms, writes[2].time);
-}
-
 }  // namespace
 }  // namespace orbkl4sim
