@@ -145,7 +145,7 @@ class Mqtt : public CliTest {
 
     std::string Path(const char* name) const { return (folder_ / name).string(); }
 
-    Words RecordWords(const Words& more = {}, const std::string& host = "localhost") const {
+    Words RecordWords(const Words& more = {}, const std::string& host = "127.0.0.1") const {
         Words words{"record",
                     "vectors",
                     "-o",
