@@ -191,10 +191,13 @@ void Main::mnuHelpHelp_Click() {
     Trap("mnuHelpHelp_Click", [] {
         const QString path = HelpPath();
         if (!QFileInfo::exists(path)) {
-            ShowMessage(std::string(helpFile) + " missing from application path!");
+            ShowMessage(QStringLiteral("%1 missing from application path!")
+                            .arg(QLatin1String(helpFile))
+                            .toStdString());
         } else if (!OpenDocument(path)) {
-            ShowMessage("No program here opens PDF files. The help is the file " +
-                        path.toStdString());
+            ShowMessage(QStringLiteral("No program here opens PDF files. The help is the file %1")
+                            .arg(path)
+                            .toStdString());
         }
     });
 }
