@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test, tools/lint and .ci/run on a Debian or Ubuntu machine: installs what is
 # missing, builds and tests. Sourcing scripts set -eo pipefail.
 
-build_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
+build_packages="g++ cmake make ninja-build qt6-base-dev qt6-serialport-dev libqcustomplot-dev
   libcli11-dev libmosquitto-dev fonts-dejavu-core"
 test_packages="libgtest-dev mosquitto scdoc"
 package_packages="qt6-svg-dev scdoc dpkg-dev"
