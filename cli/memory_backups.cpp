@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QStandardPaths>
+#include <QTimeZone>
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ constexpr QLatin1String ending(".json");
 QDateTime TimeOf(const QString& name) {
     const QString time = name.section(u'-', 1).chopped(ending.size());
     return {QDate::fromString(time.section(u'T', 0, 0), dateFormat),
-            QTime::fromString(time.section(u'T', 1), timeFormat), Qt::UTC};
+            QTime::fromString(time.section(u'T', 1), timeFormat), QTimeZone::utc()};
 }
 
 /// The time in the name of a backup that is made at `time`.
