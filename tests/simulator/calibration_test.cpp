@@ -53,15 +53,15 @@ TEST(GyroBias, CaptureRemovesItUntilPowerOff) {
         return Length(VectorAt(ReplyOf(device, {command}), 13, kRadiansPerWord));
     };
     EXPECT_NEAR(0.0269, rate(0x02), 0.01);  // the length of 0.02, -0.015, 0.01
+    device.Memory().SetWord(address::kCaptureBiasSamples, 0);
+    EXPECT_EQ(0s, device.Handle({0x06}, 0s)->ready);
+    EXPECT_NEAR(0.0269, rate(0x03), 0.01) << "no samples, no new bias";
     device.Memory().SetWord(address::kCaptureBiasSamples, 40);
     const auto answer = device.Handle({0x06}, 0s);
     EXPECT_EQ(40 * device.Cycle(), answer->ready) << "one sample per cycle";
     EXPECT_EQ((Bytes{0x06, 0x00, 40, 0x00, 46}), answer->reply);
     EXPECT_LT(rate(0x02), 0.01);
     EXPECT_LT(rate(0x03), 0.01);
-    device.Memory().SetWord(address::kCaptureBiasSamples, 0);
-    EXPECT_EQ(0s, device.Handle({0x06}, 0s)->ready);
-    EXPECT_LT(rate(0x03), 0.01) << "no samples, no new bias";
     device.PowerUp(1s);
     EXPECT_NEAR(0.0269, rate(0x03), 0.01);
 }
