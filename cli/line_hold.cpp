@@ -1,10 +1,11 @@
 #include "cli/line_hold.h"
 
+#include "base/number_text.h"
 #include "cli/error.h"
 #include "platform/system/port_device.h"
 
 #include <cerrno>
-#include <charconv>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -83,13 +84,6 @@ bool HasOpen(const fs::path& process, const fs::path& device) {
     return has;
 }
 
-std::optional<pid_t> ProcessId(const std::string& text) {
-    pid_t id = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return id;
-}
-
 }  // namespace
 
 LineHold::LineHold(const PortDevice& device) {
@@ -122,7 +116,7 @@ std::optional<bool> HasLowLatency([[maybe_unused]] int handle) {
 std::optional<Holder> HolderOf(const std::string& device) {
     std::error_code ignored;
     for (const auto& process : fs::directory_iterator("/proc", ignored)) {
-        const auto id = ProcessId(process.path().filename().string());
+        const auto id = WholeNumber(process.path().filename().string(), 1, INT_MAX);
         if (!id || *id == ::getpid() || !HasOpen(process.path(), device)) continue;
         std::string name;
         std::getline(std::ifstream(process.path() / "comm"), name);

@@ -3,6 +3,7 @@
 #include "cli/atomic_file.h"
 #include "cli/error.h"
 #include "cli/session.h"
+#include "platform/system/qt_text.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -150,8 +151,7 @@ MemoryImage LoadImage(const std::string& path) {
 }
 
 QString NameAt(eeprom::Address address) {
-    const std::string_view name = eepromCatalogue.at(IndexOf(address)).name;
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    return ToQString(eepromCatalogue.at(IndexOf(address)).name);
 }
 
 }  // namespace orbkl4::cli

@@ -2,6 +2,7 @@
 
 #include "cli/atomic_file.h"
 #include "cli/error.h"
+#include "platform/system/qt_text.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -18,15 +19,11 @@ constexpr auto earlierKey = "earlier";
 constexpr auto formatKey = "format";
 constexpr auto formatName = "orb-kl4 recording";
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QJsonArray Entries(const std::vector<ColumnTitle>& columns) {
     QJsonArray entries;
     for (const auto& [name, unit] : columns) {
-        const QJsonValue unitText = unit.empty() ? QJsonValue() : QJsonValue(Text(unit));
-        entries.append(QJsonObject{{"name", Text(name)}, {"unit", unitText}});
+        const QJsonValue unitText = unit.empty() ? QJsonValue() : QJsonValue(ToQString(unit));
+        entries.append(QJsonObject{{"name", ToQString(name)}, {"unit", unitText}});
     }
     return entries;
 }
@@ -76,7 +73,7 @@ QJsonObject Described(const RecordedSensor& sensor, const Channel& channel,
                                        {"accelerometer", scales.AccGainScale},
                                        {"magnetometer", scales.MagGainScale}}},
             {"tickInterval_ms", sensor.tickIntervalMilliseconds},
-            {"channel", Text(channel.name)},
+            {"channel", ToQString(channel.name)},
             {"columns", Entries(columns)}};
 }
 

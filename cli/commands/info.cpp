@@ -2,6 +2,7 @@
 #include "cli/command.h"
 #include "cli/session.h"
 #include "link/logic/requests.h"
+#include "platform/system/qt_text.h"
 #include "settings/logic/temperature.h"
 
 #include <CLI/CLI.hpp>
@@ -31,10 +32,6 @@ Condition ReadCondition(Session& session) {
     return condition;
 }
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QJsonObject Document(const Session& session, const Condition& condition) {
     const GainScales& scales = condition.gainScales;
     return {{"device", QString::fromStdString(session.SerialLine().Name())},
@@ -44,7 +41,7 @@ QJsonObject Document(const Session& session, const Condition& condition) {
             {"gainScales", QJsonObject{{"gyro", scales.GyroGainScale},
                                        {"accelerometer", scales.AccGainScale},
                                        {"magnetometer", scales.MagGainScale}}},
-            {"mode", Text(condition.mode)},
+            {"mode", ToQString(condition.mode)},
             {"tickInterval_ms", condition.tickIntervalMilliseconds},
             {"temperature_C", condition.celsius}};
 }
@@ -66,7 +63,7 @@ Table Listing(const Session& session, const Condition& condition) {
                  {"Gyro gain scale", Scale(scales.GyroGainScale)},
                  {"Accelerometer gain scale", Scale(scales.AccGainScale)},
                  {"Magnetometer gain scale", Scale(scales.MagGainScale)},
-                 {"Mode", Text(condition.mode)},
+                 {"Mode", ToQString(condition.mode)},
                  {"Tick interval", QStringLiteral("%1 ms").arg(condition.tickIntervalMilliseconds)},
                  {"Temperature", QStringLiteral("%1 \u00b0C").arg(condition.celsius)}}};
 }

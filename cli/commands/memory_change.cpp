@@ -1,5 +1,6 @@
 #include "cli/commands/memory_change.h"
 
+#include "base/number_text.h"
 #include "cli/confirm.h"
 #include "cli/memory_listing.h"
 #include "cli/session.h"
@@ -7,7 +8,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 #include <map>
 #include <memory>
@@ -129,15 +129,6 @@ ExitCode Change(const Context& context, const ChangeOptions& options, Session& s
     const MemoryOutcome outcome = CarryOut(plan, session, backups, goal.wayBack);
     const bool isUndone = goal.wayBack && outcome.Mismatches() == 0;
     return Report(context, plan, outcome, isUndone ? std::string() : backups.UndoCommand());
-}
-
-/// The whole number that `text` is, from `least` to `most`.
-std::optional<int> WholeNumber(std::string_view text, int least, int most) {
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc{} || stop != end || number < least || number > most) return {};
-    return number;
 }
 
 using Assignments = std::map<eeprom::Address, int>;  ///< words by address

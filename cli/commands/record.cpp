@@ -1,9 +1,9 @@
+#include "base/number_text.h"
 #include "cli/recording.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -87,11 +87,9 @@ void AddBroker(CLI::App& app, Words& words) {
 
 int PortNumber(const std::string& text) {
     constexpr int last = 65535;
-    int port = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
-    if (error != std::errc() || end != text.data() + text.size() || port < 1 || port > last)
-        RefuseValue("TCP port", text);
-    return port;
+    const auto port = WholeNumber(text, 1, last);
+    if (!port) RefuseValue("TCP port", text);
+    return *port;
 }
 
 /// HOST, HOST:PORT or [ADDRESS]:PORT; a bare address of version 6 has colons, but no port.

@@ -82,6 +82,14 @@ double ToNumber(std::string_view text) {
     return number;
 }
 
+std::optional<int> WholeNumber(std::string_view text, int least, int most) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end || number < least || number > most) return std::nullopt;
+    return number;
+}
+
 double LeadingNumber(std::string_view text) {
     text = Trimmed(text);
     double number = 0;

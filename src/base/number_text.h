@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,10 @@ std::string TrimmedFileText(double number);
 /// The number that the whole of `text` says, blanks around it aside; error 13 (type mismatch) where
 /// it says none.
 double ToNumber(std::string_view text);
+
+/// The whole number from `least` to `most` that the whole of `text` is, without blanks; nothing
+/// where it is none.
+std::optional<int> WholeNumber(std::string_view text, int least, int most);
 
 /// The number at the start of `text` ("3.1.01" gives 3.1), 0 where it starts with none.
 double LeadingNumber(std::string_view text);

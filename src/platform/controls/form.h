@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/text_field.h"
+#include "platform/system/qt_text.h"
 
 #include <QFormLayout>
 
@@ -20,9 +21,6 @@ Control* Named(Control* control, const char* name) {
     control->setObjectName(QString::fromUtf8(name));
     return control;
 }
-
-/// `text` (UTF-8) for a Qt control.
-QString ToQString(std::string_view text);
 
 /// The control name of member `index` of the control array `array`, such as "NumEdit(22)".
 QString MemberName(const char* array, int index);

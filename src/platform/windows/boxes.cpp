@@ -1,6 +1,7 @@
 #include "platform/windows/boxes.h"
 
 #include "platform/events/event_gate.h"
+#include "platform/system/qt_text.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -11,14 +12,10 @@ namespace {
 
 constexpr int restAfterErrorMilliseconds = 1000;
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QMessageBox::StandardButton Run(std::string_view text, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
     const BoxScope scope;
-    QMessageBox box(icon, QLatin1String(boxTitle), Text(text), buttons,
+    QMessageBox box(icon, QLatin1String(boxTitle), ToQString(text), buttons,
                     QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel
