@@ -152,9 +152,9 @@ void MeasureProcessor(Table& table) {
     }
 }
 
-double NanosecondsEach(int count, const std::function<void()>& deed) {
+double NanosecondsEach(int count, const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < count; ++i) deed();
+    for (int i = 0; i < count; ++i) work();
     const std::chrono::duration<double, std::nano> time = std::chrono::steady_clock::now() - start;
     return time.count() / count;
 }

@@ -48,7 +48,7 @@ void PublisherShared::Wake() const {
     [[maybe_unused]] const ssize_t size = ::write(wakeWriter, "", 1);
 }
 
-void PublisherShared::Tell(const std::string& text) {
+void PublisherShared::Report(const std::string& text) {
     const std::lock_guard lock(mutex);
     if (text != lastNews) news = text;
     lastNews = text;
@@ -95,7 +95,7 @@ int BrokerConnection::Begin(const std::string& address) {
 bool BrokerConnection::Serve() {
     int error = errno;
     while (result_ == MOSQ_ERR_SUCCESS && !shared_.abandoned) {
-        if (up_ && SayFarewell()) return true;
+        if (up_ && Disconnect()) return true;
         result_ = Round();
         error = errno;
     }
@@ -127,7 +127,7 @@ int BrokerConnection::Round() {
 int BrokerConnection::SendWaiting() {
     if (!metaSent_) {
         metaSent_ = true;
-        shared_.Tell("publishing to " + shared_.settings.BrokerName());
+        shared_.Report("publishing to " + shared_.settings.BrokerName());
         if (const int result = SendRetained(metaTopic, shared_.settings.meta); result != 0)
             return result;
     }
@@ -165,7 +165,7 @@ int BrokerConnection::SendRetained(const char* subtopic, const std::string& text
 }
 
 /// Whether all has been sent and confirmed and the connection been closed.
-bool BrokerConnection::SayFarewell() {
+bool BrokerConnection::Disconnect() {
     if (!ending_ || unconfirmed_ > 0 || !retained_.empty()) return false;
     return mosquitto_disconnect(client_) == MOSQ_ERR_SUCCESS && !mosquitto_want_write(client_);
 }

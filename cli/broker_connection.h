@@ -25,7 +25,7 @@ struct PublisherShared {
     void Wake() const;
 
     /// Leaves `text` for `Publisher::News`, but not twice the same.
-    void Tell(const std::string& text);
+    void Report(const std::string& text);
 
     const PublisherSettings settings;
     int wakeReader = -1;
@@ -34,7 +34,7 @@ struct PublisherShared {
     std::atomic<std::uint64_t> sent = 0;
     std::atomic<std::uint64_t> dropped = 0;
     std::atomic<bool> flowing = false;
-    std::atomic<bool> abandoned = false;  ///< nobody waits for the farewell any more
+    std::atomic<bool> abandoned = false;  ///< nobody waits for the end any more
 
     std::mutex mutex;  ///< guards what follows
     std::condition_variable changed;
@@ -55,8 +55,8 @@ class BrokerConnection {
     BrokerConnection(const BrokerConnection&) = delete;
     BrokerConnection& operator=(const BrokerConnection&) = delete;
 
-    /// Publishes what there is until the connection breaks, which gives false, or the farewell has
-    /// been said.
+    /// Publishes what there is until the connection breaks, which gives false, or publishing has
+    /// ended and all is sent.
     bool Serve();
 
     /// Why the connection has broken, in words.
@@ -70,7 +70,7 @@ class BrokerConnection {
     int Round();
     int SendWaiting();
     int SendRetained(const char* subtopic, const std::string& text);
-    bool SayFarewell();
+    bool Disconnect();
     std::string ProblemOf(int result, int error) const;
 
     PublisherShared& shared_;

@@ -35,8 +35,8 @@ class MemoryBackups {
     static void Reopen(const std::string& path);
 
     /// Notes that the changes since the image at `path` have been taken back, and takes their marks
-    /// off; `path` itself stays the way back unless all of it stands there again, `complete`. The
-    /// newest go first, so that a break doesn't change the way back.
+    /// off; `path` itself stays the way back unless the sensor has all its words again, `complete`.
+    /// The newest go first, so that a break doesn't change the way back.
     void NoteUndone(const std::string& path, bool complete) const;
 
     /// The command that goes back.

@@ -6,17 +6,17 @@
 
 namespace orbkl4::cli {
 
-/// A word that stands at one value and is to stand at another, or does in another memory.
+/// A word with its old and its new value, or its values in two memories.
 struct WordChange {
     eeprom::Address address;
     int before;
     int after;
 };
 
-/// The words that `before` and `after` don't have alike, ascending.
+/// The words that differ between `before` and `after`, by ascending address.
 std::vector<WordChange> Differences(const MemoryWords& before, const MemoryWords& after);
 
-/// A change of a sensor's memory: what stands there, and what is to be written.
+/// A change of a sensor's memory: what the words are now, and what is to be written.
 class MemoryPlan {
   public:
     /// The change from `present` to the words `wanted`.

@@ -28,10 +28,10 @@ struct MemoryOutcome {
     std::size_t Mismatches() const;
 };
 
-/// Writes what `plan` says to the sensor and reads it back, with what stands there saved before;
+/// Writes what `plan` says to the sensor and reads it back, after saving the present words;
 /// `undone` is the backup that the plan goes back to, if it does. Throws what `Session::Exchange`
 /// and `MemoryBackups` do, and `Failure::NoSensor` if another sensor answers by now. Once a word
-/// may have been written, the mark stands until all have been dealt with, and errors name the way
+/// may have been written, the mark stays until all have been dealt with, and errors name the way
 /// back.
 MemoryOutcome CarryOut(const MemoryPlan& plan, Session& session, const MemoryBackups& backups,
                        const std::optional<std::string>& undone);

@@ -11,7 +11,7 @@ namespace orbkl4::cli {
 
 enum class PortState : std::uint8_t { Free, Absent, Denied, Busy };
 
-/// What stands on one of the 16 ports.
+/// One of the 16 ports, and what is on it.
 struct Port {
     int number = 0;
     PortDevice device;

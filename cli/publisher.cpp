@@ -19,10 +19,10 @@ using namespace std::chrono_literals;
 
 constexpr std::uint64_t mostWaiting = 1000;
 constexpr auto timeBetweenTries = 1s;
-constexpr auto longestFarewell = 1800ms;
+constexpr auto longestEnding = 1800ms;
 constexpr auto longestAbandoning = 200ms;
 
-/// The addresses of the broker as numbers; empty where its name isn't known, which is told.
+/// The numeric addresses of the broker; empty, and reported, where its name isn't known.
 std::vector<std::string> AddressesOf(PublisherShared& shared) {
     addrinfo hints{};
     hints.ai_socktype = SOCK_STREAM;
@@ -30,7 +30,7 @@ std::vector<std::string> AddressesOf(PublisherShared& shared) {
     const auto& settings = shared.settings;
     const int error = ::getaddrinfo(settings.host.c_str(), nullptr, &hints, &found);
     if (error != 0) {
-        shared.Tell(settings.BrokerName() + " isn't found: " + ::gai_strerror(error));
+        shared.Report(settings.BrokerName() + " isn't found: " + ::gai_strerror(error));
         return {};
     }
     std::vector<std::string> addresses;
@@ -44,8 +44,8 @@ std::vector<std::string> AddressesOf(PublisherShared& shared) {
     return addresses;
 }
 
-/// Tries the broker's addresses in turn until one is connected; true where all is said. Only the
-/// last address's problem is told: a name often stands for two, and the broker listens on one.
+/// Tries the broker's addresses in turn until one connects; true where publishing has ended. Only
+/// the last address's problem is reported: a name often has two, and the broker listens on one.
 bool ServeOnce(PublisherShared& shared) {
     std::string problem;
     for (const std::string& address : AddressesOf(shared)) {
@@ -54,7 +54,7 @@ bool ServeOnce(PublisherShared& shared) {
         problem = connection.Problem();
         if (connection.WasUp()) break;
     }
-    if (!problem.empty()) shared.Tell(problem);
+    if (!problem.empty()) shared.Report(problem);
     return false;
 }
 
@@ -121,7 +121,7 @@ void Publisher::Finish() {
     shared_->ending = true;
     shared_->changed.notify_all();
     shared_->Wake();
-    if (!shared_->changed.wait_for(lock, longestFarewell, done)) {
+    if (!shared_->changed.wait_for(lock, longestEnding, done)) {
         shared_->abandoned = true;
         shared_->Wake();
         shared_->changed.wait_for(lock, longestAbandoning, done);

@@ -89,7 +89,7 @@ class Recording {
     std::optional<Ending> Miss(Reply::Kind kind, Clock::time_point now);
     void StartFile(const Target& target);
     void StartPublishing();
-    void TellNews();
+    void ReportNews();
     void BeginGap(const char* why);
     void EndGap(Clock::time_point end);
     std::optional<Ending> GetOverLoss(const CliError& error);
@@ -164,7 +164,7 @@ ExitCode Recording::Run() {
         try {
             Finish(error.Code());
         } catch (const CliError&) {
-            // The first error is the one to tell of.
+            // The first error is the one to report.
         }
         throw;
     }
@@ -191,7 +191,7 @@ std::optional<Ending> Recording::Step() {
     const auto ending =
         reply.kind == Reply::Kind::Good ? Keep(reply.received) : Miss(reply.kind, Clock::now());
     progress_.Show(tally_);
-    TellNews();
+    ReportNews();
     return ending;
 }
 
@@ -225,7 +225,7 @@ std::optional<Ending> Recording::Keep(Clock::time_point received) {
     return std::nullopt;
 }
 
-void Recording::TellNews() {
+void Recording::ReportNews() {
     if (!publisher_) return;
     if (const auto news = publisher_->News()) progress_.Message(*news);
 }
@@ -266,7 +266,7 @@ QJsonObject Recording::Finish(const char* ended) {
     EndGap(now);
     progress_.End(tally_);
     if (publisher_) publisher_->Finish();
-    TellNews();
+    ReportNews();
     if (!file_) return {};
     if (publisher_)
         file_->Add("mqtt", QJsonObject{{"sent", static_cast<qint64>(publisher_->Sent())},
@@ -281,11 +281,11 @@ ExitCode Record(const Context& context, const RecordOptions& options) {
     RecordFile::Permit(WithTime(options.target));
     const SensorChoice& choice = context.options.sensor;
     Progress progress(context.output, !options.target.path.empty());
-    const auto tell = [&](const std::string& reason) {
+    const auto report = [&](const std::string& reason) {
         progress.Message("waiting for the sensor: " + reason);
     };
     try {
-        Source source = options.wait ? AwaitSource(choice, tell) : OpenSource(choice);
+        Source source = options.wait ? AwaitSource(choice, report) : OpenSource(choice);
         const Target target = WithTime(options.target);
         RecordFile::Permit(target);
         return Recording(context, options, target, progress, std::move(source)).Run();

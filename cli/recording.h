@@ -23,7 +23,7 @@ struct RecordOptions {
 };
 
 /// Records until the samples or the time asked for are there, a signal comes or nobody reads the
-/// output any more; `ExitCode::No` where that leaves samples or time to be wished for.
+/// output any more; `ExitCode::No` where it has fewer samples or seconds than asked for.
 ExitCode Record(const Context& context, const RecordOptions& options);
 
 }  // namespace orbkl4::cli

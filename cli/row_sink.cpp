@@ -22,8 +22,8 @@ namespace {
 
 constexpr mode_t newFileMode = 0666;
 
-[[noreturn]] void ThrowSystem(const std::string& name, const char* deed, int error) {
-    throw CliError(Failure::System, name + " can't be " + deed + ": " + std::strerror(error),
+[[noreturn]] void ThrowSystem(const std::string& name, const char* action, int error) {
+    throw CliError(Failure::System, name + " can't be " + action + ": " + std::strerror(error),
                    error == ENOSPC ? "make room on the disk" : "");
 }
 

@@ -53,14 +53,14 @@ Source OpenSource(const SensorChoice& choice) {
 }
 
 Source AwaitSource(const SensorChoice& choice,
-                   const std::function<void(const std::string&)>& tell) {
-    std::string told;
+                   const std::function<void(const std::string&)>& report) {
+    std::string reported;
     while (true) {
         try {
             return OpenSource(choice);
         } catch (const CliError& error) {
             if (!MayPass(error)) throw;
-            if (error.what() != told) tell(told = error.what());
+            if (error.what() != reported) report(reported = error.what());
         }
         PauseUntil(Clock::now() + timeBetweenLooks);
     }

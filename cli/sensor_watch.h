@@ -18,9 +18,10 @@ struct Source {
 /// The sensor that `choice` means; throws what `FindSensor` and `Session::Exchange` do.
 Source OpenSource(const SensorChoice& choice);
 
-/// As `OpenSource`, but waits for a sensor that isn't there, or can't be used, yet. `tell` is
-/// called with each new reason for that. Throws `Failure::SeveralSensors` and `Interrupted`.
-Source AwaitSource(const SensorChoice& choice, const std::function<void(const std::string&)>& tell);
+/// As `OpenSource`, but waits for a sensor that isn't there, or can't be used, yet. Calls
+/// `report` with each new reason for that. Throws `Failure::SeveralSensors` and `Interrupted`.
+Source AwaitSource(const SensorChoice& choice,
+                   const std::function<void(const std::string&)>& report);
 
 /// Waits until sensor `serialNumber` answers on the device that `choice` names or on any port;
 /// none where `deadline` passes first. Throws `Failure::Interrupted`.

@@ -4,7 +4,7 @@
 
 namespace orbkl4 {
 
-/// The program's title, as the frame and the error log bear it.
+/// The program's title, as the frame and the error log show it.
 inline constexpr const char* programTitle = "ORB-KL4 Data Acquisition and Display Software";
 
 /// The program's own version.

@@ -27,7 +27,7 @@ struct GainScales {
     double MagGainScale = 0;   ///< EEPROM word 232
 };
 
-/// Where a run over the EEPROM stands.
+/// The position of a run over the EEPROM.
 struct MapCursor {
     std::int16_t CurrentEEPROMAddress = 0;
     double EEPROMValue = 0;       ///< the word just read

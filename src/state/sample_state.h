@@ -59,7 +59,7 @@ struct Tally : RunTally {
     std::int64_t RowsOfDataFile = 0;  ///< rows written since the data file was chosen
 };
 
-/// The latest sample and how sampling stands; every screen reads and writes it directly.
+/// The latest sample and the state of sampling; every screen reads and writes it directly.
 struct SampleStateRecord : Sample, Sampling, Tally {};
 
 /// The one record of the process.

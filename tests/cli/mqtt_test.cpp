@@ -23,7 +23,7 @@ using orbkl4sim::ContentOf;
 
 constexpr const char* brokerProgram = "/usr/sbin/mosquitto";
 constexpr const char* topic = "orb-kl4/1042/vectors";
-// Two seconds for the farewell, and what a busy machine takes; the keep-alive would take twenty.
+// Two seconds to end, and what a busy machine takes; the keep-alive would take twenty.
 constexpr auto longestEnding = 8s;
 
 /// A port of the loopback that nobody else takes: tests run side by side, each in a process of its
@@ -276,7 +276,7 @@ TEST_F(Mqtt, IsNotSlowedByAStalledBroker) {
     EXPECT_EQ(Rows(), static_cast<std::size_t>(sent + dropped)) << "each is counted once";
 }
 
-TEST_F(Mqtt, TellsARefusalAndStillRecords) {
+TEST_F(Mqtt, ReportsARefusalAndStillRecords) {
     Plug(1);
     StartBroker();
     folder_.Write("password", "wrong\n");

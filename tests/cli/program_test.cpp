@@ -5,7 +5,7 @@ namespace {
 
 class Program : public CliTest {};
 
-TEST_F(Program, TellsItsVersionAndHelp) {
+TEST_F(Program, ShowsItsVersionAndHelp) {
     EXPECT_EQ("2.0.4\n", Run({"--version"}).out);
     EXPECT_EQ("2.0.4\n", Run({"info", "--version"}).out);
     for (const Words& words : std::vector<Words>{{"--help"}, {"info", "--help"}, {"ports", "-h"}}) {

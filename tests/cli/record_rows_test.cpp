@@ -117,7 +117,7 @@ TEST_F(Record, GivesEachChannelItsColumnsAndValues) {
               beside("jsonl"));
 }
 
-TEST_F(Record, TellsTimesAndWhatItRecorded) {
+TEST_F(Record, WritesTimesAndDescribesItself) {
     Plug(1).SetWord(134, 77);
     const auto before = std::chrono::system_clock::now().time_since_epoch() / 1s;
     const Outcome outcome = RunToFile({"--samples", "30", "--json"});

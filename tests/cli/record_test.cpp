@@ -210,7 +210,7 @@ TEST_F(Record, GoesOnWhereTheSensorComesBackOnAnotherPort) {
     EXPECT_EQ("line-gone", Beside()["ended"].toString().toStdString());
 }
 
-TEST_F(Record, WaitsForASensorAndTellsTheServiceManager) {
+TEST_F(Record, WaitsForASensorAndNotifiesTheServiceManager) {
     const int listener = ::socket(AF_UNIX, SOCK_DGRAM, 0);
     sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
     File("notify").copy(address.sun_path, sizeof address.sun_path - 1);

@@ -36,7 +36,7 @@ class Ports : public CliTest {};
 class Choice : public CliTest {};
 class Ending : public CliTest {};
 
-TEST_F(Info, TellsWhatTheSensorHolds) {
+TEST_F(Info, ShowsWhatTheSensorHolds) {
     Simulator& sensor = Plug(5);
     for (const auto& [address, word] : std::map<int, std::uint16_t>{{134, 4711},
                                                                     {198, 3102},
@@ -151,7 +151,7 @@ TEST_F(Ports, AsksSilentLinesSideBySide) {
     EXPECT_EQ(0, outcome.exit);
 }
 
-TEST_F(Ports, TellsWhoMayUseALineThatIsDenied) {
+TEST_F(Ports, NameTheGroupThatMayUseADeniedLine) {
     const std::string device = Plug(2).DevicePath().string();
     ASSERT_EQ(0, ::chmod(device.c_str(), 0060));
     struct stat status {};

@@ -21,7 +21,7 @@ class HandlerWatch : public QObject {
     /// grow.
     HandlerWatch(MSComm& port, std::size_t most) : times_(most) {
         QCoreApplication::instance()->installEventFilter(this);
-        connect(&port, &MSComm::OnComm, this, [this] {  // behind the screen's handler
+        connect(&port, &MSComm::OnComm, this, [this] {  // after the screen's handler
             const std::chrono::duration<float, std::micro> time = Clock::now() - start_;
             if (count_ < times_.size()) times_[count_] = time.count();
             ++count_;

@@ -41,7 +41,7 @@ class RowCheck {
 
   private:
     struct Due {
-        std::string values;  ///< behind the time, with the comma
+        std::string values;  ///< after the time, with the comma
         bool restarted;      ///< sampling was started again since the row before
     };
 

@@ -6,7 +6,7 @@
 
 namespace orbkl4 {
 
-/// Tells how fast a count grows, from looking at it a few times a second.
+/// How fast a count grows, from a few looks a second.
 class SampleRate {
   public:
     /// Takes `count` at `seconds` of a monotonic clock; the growth per second over the last 8

@@ -131,8 +131,7 @@ bool MSComm::EventDue() const {
 void MSComm::OnLineError() {
     if (!open_ || gone_ || !LineIsDead(line_)) return;
     // A line that hung up wakes the event loop without end, so its handle must go, but not from
-    // inside its own signal. The control stays open for the program, which hears of it at its next
-    // output.
+    // inside its own signal. The control stays open for the program, whose next output fails.
     gone_ = true;
     QMetaObject::invokeMethod(
         this,

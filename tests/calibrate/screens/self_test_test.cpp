@@ -21,7 +21,7 @@ const std::vector<std::string> texts{"1", "1", "32767", "32768", "65535", "0",
 
 class SelfTest : public ViewTest {
   protected:
-    /// Samples through `replies` and on to the request behind them.
+    /// Samples through `replies` and on to the request after them.
     void Sample(const std::vector<Bytes>& replies) {
         Script(0x01, replies);
         Click(screen, "mnuSample");
