@@ -31,9 +31,8 @@ constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuReturn", "&Return", "mnuFile"},
 });
 
-constexpr std::size_t firstFrameFields = 8;
-constexpr int firstFrameRows = 4;
-constexpr int secondFrameRows = 12;
+constexpr auto firstFrameRows = static_cast<int>(RowsAt(0));
+constexpr auto secondFrameRows = static_cast<int>(RowsAt(firstFrameFields));
 
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
