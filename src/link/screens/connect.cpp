@@ -83,6 +83,7 @@ void Connect::Form_Load() {
 void Connect::Enable(bool enabled, std::initializer_list<QWidget*> controls) {
     SSTab1_->setEnabled(enabled);
     for (QWidget* control : controls) control->setEnabled(enabled);
+    if (enabled) FocusPage();
 }
 
 void Connect::EnableAuto(bool enabled) { Enable(enabled, {cmdConnectAuto_, cmdQuitAuto_}); }

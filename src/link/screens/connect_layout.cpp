@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -93,7 +94,6 @@ Connect::Connect()
     SSTab1_->addTab(MakeResetTab(), QStringLiteral("Reset"));
     connect(SSTab1_, &QTabWidget::currentChanged, this, &Connect::TabTurned);
     TabTurned(0);
-    cmdConnectAuto_->setFocus();
     auto* column = new QVBoxLayout(this);
     column->addWidget(SSTab1_);
 }
@@ -196,6 +196,15 @@ void Connect::TabTurned(int index) {
     const std::array<QPushButton*, 3> defaults{cmdConnectAuto_, cmdConnectManual_, cmdQuitReset_};
     DefaultButton(*defaults.at(static_cast<std::size_t>(index)));
     ShowDevice();
+    FocusPage();
+}
+
+/// Puts the focus where the page's work begins, but never on the reset. On the tabs it stays, so
+/// that arrow keys turn on.
+void Connect::FocusPage() {
+    const std::array<QWidget*, 3> starts{cmdConnectAuto_, NumEditCommPort_, cmdQuitReset_};
+    if (SSTab1_->tabBar()->hasFocus()) return;
+    starts.at(static_cast<std::size_t>(SSTab1_->currentIndex()))->setFocus(Qt::TabFocusReason);
 }
 
 void Connect::ShowDevice() {

@@ -4,6 +4,7 @@
 #include "platform/windows/colours.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -11,6 +12,25 @@
 #include <utility>
 
 namespace orbkl4 {
+
+namespace {
+
+/// Leaves Enter to the screen, which presses the marked button, so that each press looks the same.
+class Button final : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Enter || event->key() == Qt::Key_Return) {
+            event->ignore();
+        } else {
+            QPushButton::keyPressEvent(event);
+        }
+    }
+};
+
+}  // namespace
 
 QString MemberName(const char* array, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
@@ -29,7 +49,7 @@ QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption) {
 
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
                         std::function<void()> click) {
-    auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+    auto* button = Named(new Button(QString::fromUtf8(caption), parent), name);
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button, [click = std::move(click)] {
         const HandlerScope scope;

@@ -145,7 +145,9 @@ void MdiFrame::FitInto(const QRect& available) {
 }
 
 void MdiFrame::Remove(Screen& screen) {
-    if (children_.removeAll(&screen) > 0) ShowTop();
+    if (children_.removeAll(&screen) > 0) return ShowTop();
+    // A dialog and a box over it that close together leave some desktops without an active window.
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive) activateWindow();
 }
 
 void MdiFrame::ChangeWidth(int twips) {

@@ -1,8 +1,10 @@
 #include "platform/windows/mdi_frame.h"
 
 #include "base/run_time_error.h"
+#include "platform/windows/boxes.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
+#include "support/box_answerer.h"
 #include "support/wait.h"
 
 #include <QApplication>
@@ -10,6 +12,9 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -111,6 +116,25 @@ TEST_F(MdiFrameTest, DialogsLieOnTheDisplayAndShowTheirWholeTitles) {
         EXPECT_TRUE(available.contains(dialog.geometry())) << corner.x();
         EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()));
         dialog.Unload();
+    }
+}
+
+TEST_F(MdiFrameTest, IsActiveAgainWhenADialogHasGone) {
+    RegisterScreen("Dialog", [] { return new Screen("Dialog", "A dialog"); });
+    const std::pair<const char*, std::function<void(Screen&)>> ways[] = {
+        {"Esc", [](Screen& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }},
+        {"close box", [](Screen& dialog) { dialog.close(); }},
+        {"after a box", [](Screen& dialog) {
+             const BoxAnswerer box;
+             ShowMessage("Done");
+             dialog.Unload();
+         }}};
+    for (const auto& [way, leave] : ways) {
+        ShowModalScreen("Dialog");
+        Screen& dialog = *FindScreen("Dialog");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)) << way;
+        leave(dialog);
+        EXPECT_TRUE(WaitFor([&] { return QApplication::activeWindow() == &frame; }, 2000)) << way;
     }
 }
 
