@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <algorithm>
 #include <string_view>
 
 namespace orbkl4 {
@@ -64,6 +65,7 @@ class PanelFiller {
     void Finish() {
         constexpr int rowsBelow = 4;
         grid_->setRowStretch(row_, rowsBelow);
+        TabThrough(elements_);
     }
 
   private:
@@ -73,12 +75,14 @@ class PanelFiller {
         constexpr int lines = 6;
         if (matrix_ == nullptr) {
             matrix_ = new QGridLayout;
+            elements_.resize(9);
             matrix_->setSpacing(rowGap);
             grid_->addLayout(matrix_, row_, 0, 1, 2);
             grid_->setRowStretch(row_++, lines);
         }
         const int line = 2 * (name[1] - '1');
         const int column = name[2] - '1';
+        elements_[3 * (name[1] - '1') + column] = field;
         field->Characters(narrow);
         matrix_->addWidget(label, line, column, Qt::AlignHCenter | Qt::AlignBottom);
         matrix_->addWidget(field, line + 1, column, Qt::AlignTop);
@@ -88,10 +92,11 @@ class PanelFiller {
     const TextPanel& panel_;
     QGridLayout* grid_;
     QGridLayout* matrix_ = nullptr;
+    QList<QWidget*> elements_;  ///< of the matrix, by rows
     int row_ = 0;
 };
 
-QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob>>& dials) {
+QWidget* BuildDial(QWidget* screen, const DialRow& row) {
     constexpr double readout = 2;
     QGroupBox* frame = MakeFrame(screen, row.frame, row.caption);
     auto* dial = Named(new CWKnob(frame), row.name);
@@ -106,7 +111,6 @@ QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob
     auto* column = new QVBoxLayout(frame);
     column->addWidget(dial, 1);
     column->addWidget(text, 0, Qt::AlignHCenter);
-    dials.push_back({row.field, dial});
     return frame;
 }
 
@@ -143,10 +147,15 @@ QWidget* BuildDials(QWidget* screen, std::span<const DialRow> rows,
     auto* row = new QWidget(screen);
     auto* grid = new QGridLayout(row);
     grid->setContentsMargins(0, 0, 0, 0);
-    for (const DialRow& dial : rows) {
-        grid->addWidget(BuildDial(screen, dial, dials), 0, dial.column);
-        grid->setColumnStretch(dial.column, 1);
+    std::vector<const DialRow*> byColumn;  // made in this order, so that Tab follows it
+    for (const DialRow& dial : rows) byColumn.push_back(&dial);
+    std::ranges::sort(byColumn, {}, &DialRow::column);
+    for (const DialRow* dial : byColumn) {
+        grid->addWidget(BuildDial(screen, *dial), 0, dial->column);
+        grid->setColumnStretch(dial->column, 1);
     }
+    for (const DialRow& dial : rows)
+        dials.push_back({dial.field, row->findChild<CWKnob*>(QLatin1String(dial.name))});
     return row;
 }
 

@@ -107,22 +107,19 @@ QWidget* Connect::MakeAutoTab() {
     auto* tab = new QWidget;
     PBar_ = MakeProgressBar(tab, "PBar", lastPortNumber);
     fraProgress_ = MakeProgress(tab, "fraProgress", PBar_);
-    cmdConnectAuto_ =
-        MakeButton(tab, "cmdConnectAuto", "Connect", [this] { cmdConnectAuto_Click(); });
-    cmdQuitAuto_ = MakeButton(tab, "cmdQuitAuto", "Quit", [this] { Unload(); });
     auto* column = new QVBoxLayout(tab);
     column->addWidget(fraProgress_);
     column->addWidget(MakeParameters(tab, "fraParameters", ""));
     column->addStretch(1);
+    cmdConnectAuto_ =
+        MakeButton(tab, "cmdConnectAuto", "Connect", [this] { cmdConnectAuto_Click(); });
+    cmdQuitAuto_ = MakeButton(tab, "cmdQuitAuto", "Quit", [this] { Unload(); });
     column->addLayout(MakeButtonRow({cmdConnectAuto_, cmdQuitAuto_}));
     return tab;
 }
 
 QWidget* Connect::MakeManualTab() {
     auto* tab = new QWidget;
-    cmdConnectManual_ =
-        MakeButton(tab, "cmdConnectManual", "Connect", [this] { cmdConnectManual_Click(); });
-    cmdQuit_ = MakeButton(tab, "cmdQuit", "Quit", [this] { Unload(); });
     auto* choices = new QHBoxLayout;
     choices->addWidget(MakePortFrame(tab), 1);
     choices->addWidget(MakeBaudFrame(tab));
@@ -130,6 +127,9 @@ QWidget* Connect::MakeManualTab() {
     column->addLayout(choices);
     column->addWidget(MakeParameters(tab, "Frame1", "1"));
     column->addStretch(1);
+    cmdConnectManual_ =
+        MakeButton(tab, "cmdConnectManual", "Connect", [this] { cmdConnectManual_Click(); });
+    cmdQuit_ = MakeButton(tab, "cmdQuit", "Quit", [this] { Unload(); });
     column->addLayout(MakeButtonRow({cmdConnectManual_, cmdQuit_}));
     return tab;
 }

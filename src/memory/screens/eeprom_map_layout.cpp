@@ -52,6 +52,9 @@ void EEPROMmap::BuildLayout() {
             AddField(*second, index, secondFrameRows);
         }
     }
+    QList<QWidget*> panelAfterFirst{NumEdit_.at(firstFrameFields - 1)};
+    for (TextField* text : panel_.Frame()->findChildren<TextField*>()) panelAfterFirst += text;
+    TabThrough(panelAfterFirst);
     auto* top = new QHBoxLayout;
     top->addWidget(fraEEPROMAddresses1_, 2);
     top->addWidget(panel_.Frame(), 6);

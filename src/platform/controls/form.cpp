@@ -74,6 +74,11 @@ void KeepReadableDisabled(QWidget& frame) {
     frame.setPalette(palette);
 }
 
+void TabThrough(const QList<QWidget*>& controls) {
+    for (qsizetype i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
+}
+
 QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
     auto* bar = Named(new QProgressBar(parent), name);
     bar->setRange(0, maximum);

@@ -38,10 +38,6 @@ void GetTemperature::BuildLayout() {
     slide_->SetAxis(thermometer);
     slide_->Style(CWSlide::Look::Thermometer);
     slide_->setMinimumHeight(leastHeight);
-    auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
-    auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
-    DefaultButton(*cmdGet);
-
     auto* card = new QGroupBox(this);
     auto* scale = new QVBoxLayout;
     scale->addWidget(MakeLabel(card, "lblScale", "\u00b0C"), 0, Qt::AlignHCenter);
@@ -52,6 +48,10 @@ void GetTemperature::BuildLayout() {
     inside->addLayout(scale);
     inside->addLayout(BuildFields());
 
+    auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
+    auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
+    DefaultButton(*cmdGet);
+    cmdGet->setFocus();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(cmdGet);
