@@ -109,7 +109,7 @@ void Connect::cmdConnectAuto_Click() {
             return RetryAuto();
         }
         ShowParameters("");
-        ShowMessage(successText);
+        ShowMessageBeside(*findChild<QWidget*>(QStringLiteral("fraParameters")), successText);
         EnableMainMenus();
         Unload();
     });
@@ -156,7 +156,7 @@ void Connect::cmdConnectManual_Click() {
         }
         if (!search_.ReadDeviceIdentity()) return AskManualRetry(baud);
         ShowParameters("1");
-        ShowMessage(successText);
+        ShowMessageBeside(*findChild<QWidget*>(QStringLiteral("Frame1")), successText);
         StoreCommPort(std::to_string(AppState.CommPort));
         StoreCommSettings("");  // empty until the next connection sets them
         EnableMainMenus();

@@ -90,7 +90,6 @@ void MdiFrame::ShowChild(Screen& screen) {
     children_ += &screen;
     screen.setParent(area_);
     ShowTop();
-    screen.setFocus();
 }
 
 void MdiFrame::ShowTop() {
@@ -102,6 +101,7 @@ void MdiFrame::ShowTop() {
     top->setGeometry(area_->rect());
     heading_->setText(top->windowTitle());
     menuBar()->addActions(top->MenuBarEntries());
+    top->setFocus();
 }
 
 void MdiFrame::ShowDialog(Screen& screen) {

@@ -37,6 +37,7 @@ void GetTemperature::BuildLayout() {
     slide_ = Named(new CWSlide(this), "SlideDegreesC");
     slide_->SetAxis(thermometer);
     slide_->Style(CWSlide::Look::Thermometer);
+    slide_->Empty(true);
     slide_->setMinimumHeight(leastHeight);
     auto* card = new QGroupBox(this);
     auto* scale = new QVBoxLayout;
@@ -105,6 +106,7 @@ void GetTemperature::cmdGet_Click() {
         for (TextField* field : {celsius_, fahrenheit_, reaumur_, kelvin_, rankine_})
             field->Text("");
         slide_->Value(0);
+        slide_->Empty(true);
         port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
         OpenCommPort(port_, *this);
         Send(port_, command);
@@ -128,6 +130,7 @@ void GetTemperature::ShowReply() {
         degreesCelsius_ = CelsiusOf(degreesCelsius_);
         celsius_->Text(ScreenText(degreesCelsius_));
         slide_->Value(degreesCelsius_);
+        slide_->Empty(false);
     }
 }
 

@@ -77,15 +77,18 @@ Vertical::Vertical()
 void Vertical::BuildLayout() {
     auto* frame = MakeFrame(this, "fraMode", "");
     frame->setEnabled(false);
-    KeepColours(*frame);
+    KeepReadableDisabled(*frame);
     auto* options = new QVBoxLayout(frame);
     options->setContentsMargins(48, 32, 48, 32);
     options->setSpacing(24);
     options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"));
     options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"));
+    const char* hint = "The options show the sensor's mode. Set it in the File menu.";
+    frame->setToolTip(QString::fromUtf8(hint));
     auto* column = new QVBoxLayout(this);
     column->addStretch(1);
     column->addWidget(frame, 0, Qt::AlignCenter);
+    column->addWidget(MakeLabel(this, "lblHint", hint), 0, Qt::AlignCenter);
     column->addStretch(2);
     DesignSize(designSize);
 }

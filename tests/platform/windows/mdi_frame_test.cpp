@@ -8,6 +8,7 @@
 #include "support/wait.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -150,6 +151,31 @@ TEST_F(MdiFrameTest, TheFootKeepsWhatIsBeingMarked) {
     EXPECT_EQ(foot->accessibleName(), "Status");
     QTest::keyClicks(foot, QStringLiteral("x"));
     EXPECT_EQ(foot->text(), "three");
+}
+
+TEST_F(MdiFrameTest, TheFootIsTheLastTabStopAndCopiesWithoutMarks) {
+    RegisterScreen("Filled", [] {
+        auto* screen = new Screen("Filled", "With two fields");
+        for (const char* name : {"txtOne", "txtTwo"})
+            (new QLineEdit(screen))->setObjectName(QLatin1String(name));
+        return screen;
+    });
+    Show("Lower");
+    Show("Filled");
+    frame.Foot(QStringLiteral("all of it"), QStringLiteral("more"));
+    frame.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    for (const char* stop : {"txtOne", "txtTwo", "txtStatus", "txtOne"}) {
+        QTest::keyClick(frame.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(frame.focusWidget()->objectName(), stop);
+    }
+    auto* foot = frame.findChild<QLineEdit*>(QStringLiteral("txtStatus"));
+    foot->setFocus(Qt::TabFocusReason);
+    frame.Foot(QStringLiteral("goes on"));
+    QTest::keyClick(foot, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "goes on");
+    FindScreen("Filled")->Unload();
+    EXPECT_NE(frame.focusWidget(), foot) << "the screen below has the focus";
 }
 
 TEST_F(MdiFrameTest, AScreenThatIsNotRegisteredIsAnError) {
