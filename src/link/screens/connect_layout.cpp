@@ -204,7 +204,8 @@ void Connect::TabTurned(int index) {
 void Connect::FocusPage() {
     const std::array<QWidget*, 3> starts{cmdConnectAuto_, NumEditCommPort_, cmdQuitReset_};
     if (SSTab1_->tabBar()->hasFocus()) return;
-    starts.at(static_cast<std::size_t>(SSTab1_->currentIndex()))->setFocus(Qt::TabFocusReason);
+    starts.at(static_cast<std::size_t>(SSTab1_->currentIndex()))->setFocus();
+    NumEditCommPort_->selectAll();  // so that typing replaces the number
 }
 
 void Connect::ShowDevice() {

@@ -92,6 +92,7 @@ bool EEPROMmap::MoveFrom(std::size_t index, int key) const {
 void EEPROMmap::GiveBack(std::size_t index) {
     CWNumEdit& field = *NumEdit_.at(index);
     field.Value(inSensor_.at(index).value_or(field.Value()));
+    field.selectAll();
 }
 
 }  // namespace orbkl4

@@ -86,7 +86,10 @@ TEST_F(EnterKey, ResetsNothingAfterThePagesWereTurned) {
     for (const char* start : {"NumEditCommPort", "cmdQuitReset", "cmdConnectAuto"}) {
         QTest::keyClick(screen.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
         EXPECT_EQ(focused(), start);
+        if (focused() == "NumEditCommPort")
+            QTest::keyClicks(screen.focusWidget(), QStringLiteral("12"));
     }
+    EXPECT_EQ(Property(screen, "NumEditCommPort", "value"), "12") << "typing replaces the number";
     screen.findChild<QTabBar*>()->setFocus();
     for (int turns = 0; turns < 2; ++turns) QTest::keyClick(screen.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(screen.findChild<QTabWidget*>()->currentIndex(), 2) << "the focus stays on the tabs";
