@@ -1,5 +1,6 @@
 #include "platform/controls/cw_button.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -62,6 +63,12 @@ void CWButton::Value(bool lit) {
     if (lit == value_) return;
     value_ = lit;
     repaint_.Mark();
+    if (QAccessible::isActive()) {
+        QAccessible::State changed;
+        changed.checked = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        QAccessible::updateAccessibility(&event);
+    }
     Q_EMIT ValueChanged(lit);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/controls/cw_graph.h"
 
+#include "base/number_text.h"
 #include "base/run_time_error.h"
 #include "platform/windows/colours.h"
 
@@ -100,6 +101,16 @@ void CWGraph::Clear() {
     filled_ = 0;
     reads_ = 0;
     DrawSoon();
+}
+
+QString CWGraph::LastRead() const {
+    QStringList values;
+    for (std::size_t plot = 0; filled_ > 0 && plot < plots_; ++plot) {
+        const double value = values_[(reads_ - 1) % window_ * plots_ + plot];
+        values += graph(static_cast<int>(plot))->name() + QLatin1Char(' ') +
+                  QString::fromStdString(ScreenText(value));
+    }
+    return values.join(QStringLiteral(", "));
 }
 
 void CWGraph::DrawSoon() {

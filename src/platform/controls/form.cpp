@@ -1,7 +1,9 @@
 #include "platform/controls/form.h"
 
+#include "platform/controls/cw_button.h"
 #include "platform/events/event_gate.h"
 #include "platform/windows/colours.h"
+#include "platform/windows/font_following.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -23,8 +25,21 @@ QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text) {
     return label;
 }
 
+QLabel* MakeLabel(QWidget& control, const char* name, std::string_view text) {
+    QLabel* label = MakeLabel(control.parentWidget(), name, text);
+    label->setBuddy(&control);
+    return label;
+}
+
 QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption) {
     return Named(new QGroupBox(QString::fromUtf8(caption), parent), name);
+}
+
+CWButton* MakeLamp(QGroupBox& frame, const char* name) {
+    auto* lamp = Named(new CWButton(&frame), name);
+    lamp->setAccessibleName(QStringLiteral("%1, capturing").arg(frame.title()));
+    KeepBesideCaption(frame, *lamp);
+    return lamp;
 }
 
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
