@@ -64,8 +64,8 @@ void KeepColours(QWidget& widget) {
 
 void KeepReadableDisabled(QWidget& frame) {
     QPalette palette = frame.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk);
+    palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk());
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk());
     frame.setPalette(palette);
 }
 
@@ -81,7 +81,7 @@ QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
 QLabel* MakeWarning(QWidget* parent) {
     QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
     QPalette palette = warning->palette();
-    palette.setColor(QPalette::WindowText, colours::warning);
+    palette.setColor(QPalette::WindowText, colours::warning());
     warning->setPalette(palette);
     QFont bold;  // sets the weight alone, so that the size still follows the screen's
     bold.setBold(true);
