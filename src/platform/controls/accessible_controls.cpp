@@ -24,8 +24,11 @@ class AccessibleControl final : public QAccessibleWidget, public QAccessibleValu
         : QAccessibleWidget(control, role) {}
 
     QString text(QAccessible::Text kind) const override {
+        // Linux has no value that is a text, but reads out descriptions.
+        const QVariant text = object()->property("text");
+        if (kind == QAccessible::Description && text.isValid()) return text.toString();
         if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
-        return HasNumber() ? currentValue().toString() : object()->property("text").toString();
+        return HasNumber() ? currentValue().toString() : text.toString();
     }
 
     QAccessible::State state() const override {
@@ -126,9 +129,10 @@ QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* obje
         const QMetaObject& type;
         QAccessible::Role role;
     };
+    // A lamp is a check box that can't be changed: Linux knows no indicators.
     for (const auto& [type, role] : {Kind{CWSlide::staticMetaObject, QAccessible::Slider},
                                      Kind{CWKnob::staticMetaObject, QAccessible::Dial},
-                                     Kind{CWButton::staticMetaObject, QAccessible::Indicator},
+                                     Kind{CWButton::staticMetaObject, QAccessible::CheckBox},
                                      Kind{CWGraph::staticMetaObject, QAccessible::Chart},
                                      Kind{Picture::staticMetaObject, QAccessible::Graphic}}) {
         QObject* control = type.cast(object);

@@ -20,7 +20,7 @@ struct Glass {
 };
 
 Glass GlassOf(bool lit, bool enabled) {
-    if (!enabled) return {colours::disabledBase(), colours::line()};
+    if (!enabled) return {colours::disabledBase(), colours::idleRim()};
     if (lit) return {colours::litCore(), colours::litRim()};
     return {colours::darkCore(), colours::darkRim()};
 }

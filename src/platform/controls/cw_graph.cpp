@@ -54,7 +54,8 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 void CWGraph::AddPlot(std::size_t plot) {
     QCPGraph* graph = addGraph();
     const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size())();
-    graph->setPen(QPen(colour, 1, lineStyles.at(plot % lineStyles.size())));
+    const int width = IsContrast(CurrentLook()) ? 2 : 1;
+    graph->setPen(QPen(colour, width, lineStyles.at(plot % lineStyles.size())));
     graph->removeFromLegend();
 }
 

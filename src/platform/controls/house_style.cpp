@@ -51,8 +51,10 @@ void PaintMoreArrows(QPainter& painter, const QRectF& box) {
 /// black one.
 void PaintOutline(QPainter& painter, const QStyleOption& option, bool round = false) {
     if (CurrentLook() == Look::Light) return;
+    const bool isChosenTab = qstyleoption_cast<const QStyleOptionTab*>(&option) != nullptr &&
+                             option.state.testFlag(QStyle::State_Selected);
     const bool marked = option.state.testFlag(QStyle::State_Enabled) &&
-                        option.state.testFlag(QStyle::State_HasFocus);
+                        (option.state.testFlag(QStyle::State_HasFocus) || isChosenTab);
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     const double corner = round ? box.height() / 2 : 2;
     painter.save();
@@ -101,7 +103,9 @@ class HouseStyle final : public QProxyStyle {
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
         QProxyStyle::drawControl(element, option, painter, widget);
-        if (element == CE_ProgressBarGroove) PaintOutline(*painter, *option);
+        if (element == CE_ProgressBarGroove || element == CE_TabBarTabShape) {
+            PaintOutline(*painter, *option);
+        }
     }
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
@@ -137,7 +141,8 @@ class HouseStyle final : public QProxyStyle {
             case PE_FrameLineEdit:
             case PE_IndicatorCheckBox:
             case PE_IndicatorRadioButton:
-            case PE_FrameMenu: return true;
+            case PE_FrameMenu:
+            case PE_FrameTabWidget: return true;
             default: return false;
         }
     }

@@ -25,7 +25,7 @@ inline constexpr Tint window      {0xEEF1F5, 0x1F242A, 0xFFFFFF, 0x000000};
 inline constexpr Tint base        {0xFFFFFF, 0x14181D, 0xFFFFFF, 0x000000};  ///< of fields
 inline constexpr Tint otherBase   {0xF6F8FA, 0x1A1F25, 0xFFFFFF, 0x000000};  ///< every second row
 inline constexpr Tint card        {0xFBFCFD, 0x272D35, 0xFFFFFF, 0x000000};  ///< of frames
-inline constexpr Tint button      {0xF4F6F9, 0x39424C, 0xFFFFFF, 0x000000};
+inline constexpr Tint button      {0xF4F6F9, 0x2F363F, 0xFFFFFF, 0x000000};
 inline constexpr Tint disabledBase{0xF1F3F6, 0x23292F, 0xFFFFFF, 0x000000};
 inline constexpr Tint modified    {0xFFC0C0, 0x6B2A2E, 0xFFC8C8, 0x600000};  ///< of changed fields
 inline constexpr Tint unused      {0xE0E0E0, 0x343B43, 0xE0E0E0, 0x303030};  ///< of fields not in use
@@ -67,6 +67,7 @@ inline constexpr Tint litCore     {0x8DFF9E, 0x8DFF9E, 0x006B22, 0x7CFC7C};
 inline constexpr Tint litRim      {0x12A83C, 0x12A83C, 0x006B22, 0x7CFC7C};
 inline constexpr Tint darkCore    {0x4C6B55, 0x35483B, 0xFFFFFF, 0x000000};
 inline constexpr Tint darkRim     {0x243A2C, 0x17241B, 0xFFFFFF, 0x000000};
+inline constexpr Tint idleRim     {0xB3BECA, 0x5F6B78, 0xFFFFFF, 0x000000};  ///< of a disabled lamp
 
 // Slides and the thermometer
 inline constexpr Tint thumbLight  {0xFFFFFF, 0x48525D, 0xFFFFFF, 0x000000};

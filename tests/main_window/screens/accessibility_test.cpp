@@ -33,7 +33,7 @@ const std::map<std::string, Kind> kinds{
     {"orbkl4::CWNumEdit", {QAccessible::SpinBox, Read::Number}},
     {"orbkl4::CWSlide", {QAccessible::Slider, Read::Number}},
     {"orbkl4::CWKnob", {QAccessible::Dial, Read::Number}},
-    {"orbkl4::CWButton", {QAccessible::Indicator, Read::Mark}},
+    {"orbkl4::CWButton", {QAccessible::CheckBox, Read::Mark}},
     {"orbkl4::CWGraph", {QAccessible::Chart, Read::Text}},
     {"orbkl4::ComboBox", {QAccessible::ComboBox, Read::Text}},
     {"orbkl4::OptionButton", {QAccessible::RadioButton, Read::Mark}},
@@ -234,6 +234,7 @@ TEST_F(Accessibility, FollowsTheValues) {
     const QString text = Accessible(graph).text(QAccessible::Value);
     EXPECT_TRUE(text.startsWith("Mag 1 (solid) 1, Mag 2 (dash) 2, ")) << text.toStdString();
     EXPECT_TRUE(text.endsWith(", Ang Rate 3 (dot) 65535")) << text.toStdString();
+    EXPECT_EQ(Accessible(graph).text(QAccessible::Description), text);
 }
 
 TEST_F(Accessibility, NamesDropDownListsByTheirLabels) {
