@@ -141,7 +141,7 @@ class HouseStyle final : public QProxyStyle {
             case PE_FrameLineEdit:
             case PE_IndicatorCheckBox:
             case PE_IndicatorRadioButton:
-            case PE_FrameMenu:
+            case PE_PanelMenu:
             case PE_FrameTabWidget: return true;
             default: return false;
         }

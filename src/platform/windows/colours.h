@@ -28,12 +28,12 @@ inline constexpr Tint card        {0xFBFCFD, 0x272D35, 0xFFFFFF, 0x000000};  ///
 inline constexpr Tint button      {0xF4F6F9, 0x2F363F, 0xFFFFFF, 0x000000};
 inline constexpr Tint disabledBase{0xF1F3F6, 0x23292F, 0xFFFFFF, 0x000000};
 inline constexpr Tint modified    {0xFFC0C0, 0x6B2A2E, 0xFFC8C8, 0x600000};  ///< of changed fields
-inline constexpr Tint unused      {0xE0E0E0, 0x343B43, 0xE0E0E0, 0x303030};  ///< of fields not in use
+inline constexpr Tint unused      {0xE0E0E0, 0x343B43, 0xE0E0E0, 0x303030};  ///< of idle fields
 
 // Text and marks
 inline constexpr Tint ink         {0x1E2732, 0xE3E8EE, 0x000000, 0xFFFFFF};
 inline constexpr Tint disabledInk {0x727D8A, 0x8A949F, 0x464646, 0xBEBEBE};
-inline constexpr Tint paleInk     {0x5A6673, 0xA9B4C0, 0x3C3C3C, 0xC8C8C8};  ///< disabled, to be read
+inline constexpr Tint paleInk     {0x5A6673, 0xA9B4C0, 0x3C3C3C, 0xC8C8C8};  ///< disabled, legible
 inline constexpr Tint warning     {0xC41E1E, 0xFF8078, 0xA00000, 0xFF9090};
 inline constexpr Tint accent      {0x1F6FB5, 0x5AA9E6, 0x00308F, 0xFFE100};  ///< levels, selection
 inline constexpr Tint onAccent    {0xFFFFFF, 0x0B1117, 0xFFFFFF, 0x000000};
