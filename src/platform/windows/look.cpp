@@ -6,6 +6,8 @@
 #include <QPalette>
 #include <QStyleHints>
 
+#include <cstdlib>
+
 namespace orbkl4 {
 
 namespace {
