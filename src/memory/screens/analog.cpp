@@ -70,7 +70,7 @@ void Analog::BuildLayout() {
     auto* grid = new QGridLayout(fraAnalog_);
     grid->setHorizontalSpacing(gap);
     KeepReadableDisabled(*fraAnalog_);
-    grid->addWidget(MakeLabel(fraAnalog_, "lblFunction", "Select Function"), 0, 0);
+    grid->addWidget(MakeLabel(*cmbFunction_, "lblFunction", "Select Function"), 0, 0);
     grid->addWidget(cmbFunction_, 0, 1, 1, 3, Qt::AlignVCenter);
     int column = 1;
     for (const char* header : {"Adjustable Values", "Range", "EEPROM"}) {
@@ -103,7 +103,7 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
     const std::string rangeName = isCommand ? "lblCommandByte" : "lblRange" + address;
     QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
     if (isCommand) lblCommandByte_ = range;
-    grid.addWidget(MakeLabel(fraAnalog_, ("lblWord" + address).c_str(), word.label), row, 0);
+    grid.addWidget(MakeLabel(*field, ("lblWord" + address).c_str(), word.label), row, 0);
     grid.addWidget(field, row, 1, Qt::AlignVCenter);
     grid.addWidget(range, row, 2);
     grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 3);

@@ -62,6 +62,8 @@ void EEPROMmap::BuildLayout() {
     auto* column = new QVBoxLayout(this);
     column->addLayout(top, firstFrameRows);
     column->addWidget(fraEEPROMAddresses_, secondFrameRows);
+    fraEEPROMAddresses1_->setAccessibleName(QStringLiteral("EEPROM addresses 0 to 14"));
+    fraEEPROMAddresses_->setAccessibleName(QStringLiteral("EEPROM addresses 16 to 254"));
     // Most fields are disabled at the level "Standard", and all are during a run.
     KeepReadableDisabled(*fraEEPROMAddresses1_);
     KeepReadableDisabled(*fraEEPROMAddresses_);
@@ -75,9 +77,9 @@ void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn
     const int column = place / rowsPerColumn * 2;
     QWidget* frame = grid.parentWidget();
     const std::string address = std::to_string(2 * index);
-    auto* label = MakeLabel(frame, ("lblAddress" + address).c_str(), address);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* field = new CWNumEdit(frame);
+    auto* label = MakeLabel(*field, ("lblAddress" + address).c_str(), address);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setObjectName(MemberName("NumEdit", static_cast<int>(index)));
     field->setAccessibleName(QStringLiteral("EEPROM address %1").arg(2 * index));
     field->Compact();

@@ -77,7 +77,7 @@ void Gains::BuildLayout() {
         fields_.at(i) = field;
         const std::string names[] = {std::string("lblGain") + address,
                                      std::string("lblAddress") + address};
-        grid->addWidget(MakeLabel(fraGain_, names[0].c_str(), label), row, 0);
+        grid->addWidget(MakeLabel(*field, names[0].c_str(), label), row, 0);
         grid->addWidget(field, row, 1);
         grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 2);
     }

@@ -38,6 +38,7 @@ void GetTemperature::BuildLayout() {
     slide_->SetAxis(thermometer);
     slide_->Style(CWSlide::Look::Thermometer);
     slide_->Empty(true);
+    slide_->setAccessibleName(QStringLiteral("Thermometer, \u00b0C"));
     slide_->setMinimumHeight(leastHeight);
     auto* card = new QGroupBox(this);
     auto* scale = new QVBoxLayout;
@@ -90,7 +91,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
     grid.addWidget(field, row, 0, Qt::AlignVCenter);
-    grid.addWidget(MakeLabel(this, labelName, caption), row, 1);
+    grid.addWidget(MakeLabel(*field, labelName, caption), row, 1);
     return field;
 }
 

@@ -34,7 +34,7 @@ void SetWriteRate::BuildLayout() {
     auto* rows = new QGridLayout(frame);
     rows->addWidget(chkUnrestricted_, 0, 0, 1, 2);
     rows->addWidget(numEditRate_, 1, 0);
-    rows->addWidget(new QLabel(QStringLiteral("Samples per Second"), frame), 1, 1);
+    rows->addWidget(MakeLabel(*numEditRate_, "", "Samples per Second"), 1, 1);
     const std::string limits =
         ScreenText(numEditRate_->Minimum()) + " to " + ScreenText(numEditRate_->Maximum());
     rows->addWidget(MakeLabel(frame, "lblLimits", limits), 2, 0);
