@@ -17,9 +17,7 @@ constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
 constexpr std::array plotColours{colours::accent, QColor(0xC8, 0x4B, 0x11),
                                  QColor(0x2E, 0x7D, 0x32), QColor(0x6A, 0x3D, 0x9A)};
 
-void StyleAxis(QCPAxis& axis, const QFont& font) {
-    axis.setLabelFont(font);
-    axis.setTickLabelFont(font);
+void StyleAxis(QCPAxis& axis) {
     axis.setLabelColor(colours::ink);
     axis.setTickLabelColor(colours::ink);
     for (const auto setPen :
@@ -38,13 +36,14 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
     setPlottingHint(QCP::phFastPolylines);
     setNoAntialiasingOnDrag(true);
     for (std::size_t plot = 0; plot < plots; ++plot) AddPlot(plot);
-    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis, font());
+    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis);
     for (QCPAxis* axis : {xAxis2, yAxis2}) {
         axis->setVisible(true);
         axis->setTicks(false);
         axis->setBasePen(QPen(colours::line, 1));
     }
     xAxis->setRange(rangeX_);
+    FollowFont();
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(frameMilliseconds);
     connect(&drawTimer_, &QTimer::timeout, this, &CWGraph::Draw);
@@ -80,10 +79,26 @@ void CWGraph::PlotName(std::size_t plot, const QString& name) {
         plotLayout()->addElement(0, 1, legend);
         plotLayout()->setColumnStretchFactor(1, 0.001);
         legend->setBorderPen(Qt::NoPen);
-        legend->setFont(font());
         legend->setTextColor(colours::ink);
         legend->setVisible(true);
     }
+    DrawSoon();
+}
+
+void CWGraph::FollowFont() {
+    for (QCPAxis* axis : {xAxis, yAxis}) {
+        axis->setLabelFont(font());
+        axis->setTickLabelFont(font());
+    }
+    const int line = fontMetrics().height();
+    legend->setFont(font());
+    legend->setIconSize(2 * line, line);
+}
+
+void CWGraph::changeEvent(QEvent* event) {
+    QCustomPlot::changeEvent(event);
+    if (event->type() != QEvent::FontChange) return;
+    FollowFont();
     DrawSoon();
 }
 

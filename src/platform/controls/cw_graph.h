@@ -42,7 +42,11 @@ class CWGraph : public QCustomPlot {
     /// The number of reads since the last `Clear`.
     int ReadCount() const { return static_cast<int>(reads_); }
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    void FollowFont();
     void DrawSoon();
     void Draw();
     void AddPlot(std::size_t plot);

@@ -4,6 +4,7 @@
 #include "platform/windows/colours.h"
 
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -76,6 +77,15 @@ QLabel* MakeWarning(QWidget* parent) {
     warning->setSizePolicy(policy);
     warning->setVisible(false);
     return warning;
+}
+
+QVBoxLayout* MakeMiddleColumn(QWidget* screen) {
+    auto* column = new QVBoxLayout;
+    auto* row = new QHBoxLayout(screen);
+    row->addStretch(1);
+    row->addLayout(column, 8);
+    row->addStretch(1);
+    return column;
 }
 
 TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption) {

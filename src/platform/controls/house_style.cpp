@@ -95,6 +95,19 @@ class HouseStyle final : public QProxyStyle {
         return rect;
     }
 
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        switch (metric) {
+            case PM_IndicatorWidth:
+            case PM_IndicatorHeight:
+            case PM_ExclusiveIndicatorWidth:
+            case PM_ExclusiveIndicatorHeight:
+                return widget == nullptr ? usual : std::max(usual, IndicatorSide(*widget));
+            default: return usual;
+        }
+    }
+
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override {
         // Every menu bar asks for this icon. Fusion reads it from a file, for which it first loads
@@ -104,6 +117,12 @@ class HouseStyle final : public QProxyStyle {
     }
 
   private:
+    /// How large a check or radio mark is beside a text in the font of `widget`, in pixels.
+    static int IndicatorSide(const QWidget& widget) {
+        constexpr double ofLine = 0.875;
+        return static_cast<int>(widget.fontMetrics().height() * ofLine);
+    }
+
     static QFont TitleFont(QFont font) {
         font.setWeight(QFont::DemiBold);
         return font;

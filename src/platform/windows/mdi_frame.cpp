@@ -2,6 +2,7 @@
 
 #include "platform/windows/colours.h"
 #include "platform/windows/foot_line.h"
+#include "platform/windows/resize.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
 
@@ -20,7 +21,6 @@ namespace {
 constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
 constexpr QSize windowBorder(16, 48);  ///< room for what window managers put around a window
-constexpr double usualDpi = 96;
 constexpr double twipsPerInch = 1440;
 
 /// The strip that shows the title of the visible child.
@@ -136,7 +136,7 @@ void MdiFrame::ShowOver(Screen& screen, Qt::WindowFlags flags) {
 void MdiFrame::Foot(const QString& text, const QString& more) { foot_->Show(text, more); }
 
 void MdiFrame::FitInto(const QRect& available) {
-    const double enlarged = logicalDpiX() / usualDpi;
+    const double enlarged = DisplayScale(*this);
     const QSize room = available.size() - windowBorder;
     setMinimumSize((leastSize * enlarged).boundedTo(room));
     const QSize usual = startSize * enlarged;

@@ -22,8 +22,8 @@ Screen::Screen(const char* name, const char* title) : resize_(new ReSize(this)) 
 void Screen::DesignSize(QSize size) { resize_->DesignSize(size); }
 
 void Screen::DesignSizeOfLayout() {
-    constexpr QSize least(840, 460);
-    DesignSize(sizeHint().expandedTo(least));
+    constexpr QSizeF least(840, 460);
+    resize_->DesignSize((QSizeF(sizeHint()) / DisplayScale(*this)).expandedTo(least));
 }
 
 void Screen::Unload() { UnloadScreen(*this); }

@@ -37,15 +37,11 @@ constexpr QSize designSize(900, 520);
 
 void CalcCycle::BuildLayout() {
     BuildMenu(menuTree);
-    auto* column = new QVBoxLayout;
+    auto* column = MakeMiddleColumn(this);
     column->setSpacing(14);
     column->addWidget(BuildAutoSet());
     column->addWidget(BuildManualSet(), 1);
     column->addLayout(BuildInterval());
-    auto* row = new QHBoxLayout(this);
-    row->addStretch(1);
-    row->addLayout(column, 8);
-    row->addStretch(1);
     DesignSize(designSize);
 }
 
