@@ -34,14 +34,14 @@ QLabel* MakeFieldLabel(QWidget* frame, const char* text) {
     return label;
 }
 
-/// Fills a panel's grid: one labelled field per row, except for the elements of a matrix.
+/// Fills a panel's grid: one labelled field per row and column, except for the elements of a
+/// matrix.
 class PanelFiller {
   public:
     PanelFiller(QWidget* frame, const TextPanel& panel)
         : frame_(frame), panel_(panel), grid_(new QGridLayout(frame)) {
         constexpr int columnGap = 12;
-        grid_->setColumnStretch(0, 3);
-        grid_->setColumnStretch(1, 2);
+        ShareWidth();
         grid_->setHorizontalSpacing(columnGap);
         grid_->setVerticalSpacing(rowGap);
     }
@@ -49,12 +49,13 @@ class PanelFiller {
     TextField* Add(const TextRow& row) {
         TextField* field = MakeField(frame_, row.name, panel_.decimals);
         QLabel* label = MakeFieldLabel(frame_, row.label);
-        if (row.startsGroup) grid_->addItem(new QSpacerItem(0, groupGap), row_++, 0);
+        if (row.startsGroup) StartGroup();
+        ++fields_;
         if (panel_.layout == TextPanel::Layout::Matrix && row.label[0] == 'M') {
             AddElement(row.label, label, field);
         } else {
-            grid_->addWidget(label, row_, 0);
-            grid_->addWidget(field, row_, 1, Qt::AlignVCenter);  // lets the row grow
+            grid_->addWidget(label, row_, column_);
+            grid_->addWidget(field, row_, column_ + 1, Qt::AlignVCenter);  // lets the row grow
             grid_->setRowStretch(row_++, 1);
         }
         return field;
@@ -63,10 +64,31 @@ class PanelFiller {
     /// Keeps few rows from spreading over the whole height of the panel.
     void Finish() {
         constexpr int rowsBelow = 4;
-        grid_->setRowStretch(row_, rowsBelow);
+        grid_->setRowStretch(grid_->rowCount(), rowsBelow);
     }
 
   private:
+    /// Divides the width of the current column between label and field.
+    void ShareWidth() {
+        grid_->setColumnStretch(column_, 3);
+        grid_->setColumnStretch(column_ + 1, 2);
+    }
+
+    /// Leaves a gap. The second column starts with a group of the second half, beside the first
+    /// one.
+    void StartGroup() {
+        if (firstGroup_ < 0) firstGroup_ = row_;
+        const bool half = 2 * fields_ >= panel_.rows.size();
+        if (panel_.layout == TextPanel::Layout::TwoColumns && half && column_ == 0) {
+            constexpr int gap = 24;
+            column_ = 3;
+            row_ = firstGroup_;
+            grid_->setColumnMinimumWidth(column_ - 1, gap);
+            ShareWidth();
+        }
+        grid_->addItem(new QSpacerItem(0, groupGap), row_++, column_);
+    }
+
     /// Puts the element `name`, such as "M21", in its place among the nine, its label above it.
     void AddElement(std::string_view name, QLabel* label, TextField* field) {
         constexpr int narrow = 8;
@@ -89,6 +111,9 @@ class PanelFiller {
     QGridLayout* grid_;
     QGridLayout* matrix_ = nullptr;
     int row_ = 0;
+    int column_ = 0;
+    int firstGroup_ = -1;  ///< the row of its gap
+    std::size_t fields_ = 0;
 };
 
 QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob>>& dials) {

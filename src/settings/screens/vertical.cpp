@@ -9,6 +9,7 @@
 #include "settings/logic/vertical_mode.h"
 #include "state/app_state.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
@@ -47,7 +48,7 @@ constexpr auto settings = std::to_array<ModeSetting>({
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
 });
 
-constexpr QSize designSize(900, 480);
+constexpr QSize designSize(720, 400);
 
 constexpr auto mustPass = std::to_array<bool>({true, true});
 
@@ -78,15 +79,15 @@ void Vertical::BuildLayout() {
     auto* frame = MakeFrame(this, "fraMode", "");
     frame->setEnabled(false);
     KeepColours(*frame);
-    auto* options = new QVBoxLayout(frame);
-    options->setContentsMargins(48, 32, 48, 32);
-    options->setSpacing(24);
-    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"));
-    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"));
-    auto* column = new QVBoxLayout(this);
-    column->addStretch(1);
-    column->addWidget(frame, 0, Qt::AlignCenter);
-    column->addStretch(2);
+    constexpr int rowsBelow = 2;
+    auto* options = new QGridLayout(frame);
+    for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
+    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 0, 1);
+    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"), 1,
+                       1);
+    for (const int row : {0, 1}) options->setRowStretch(row, 1);
+    options->setRowStretch(2, rowsBelow);
+    MakeMiddleColumn(this)->addWidget(frame);
     DesignSize(designSize);
 }
 
