@@ -1,6 +1,7 @@
 #include "platform/controls/house_style.h"
 
 #include "platform/controls/accessible_controls.h"
+#include "platform/controls/sign_icons.h"
 #include "platform/windows/colours.h"
 #include "platform/windows/painted_icon.h"
 
@@ -108,12 +109,21 @@ class HouseStyle final : public QProxyStyle {
         }
     }
 
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        // Buttons of boxes are without icons, like all others.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override {
         // Every menu bar asks for this icon. Fusion reads it from a file, for which it first loads
         // a library for each picture format.
         if (standard == SP_ToolBarHorizontalExtensionButton) return PaintedIcon(PaintMoreArrows);
-        return QProxyStyle::standardIcon(standard, option, widget);
+        // Those of Fusion are bitmaps, which are blurred on a display of high resolution.
+        const QIcon sign = SignIcon(standard);
+        return sign.isNull() ? QProxyStyle::standardIcon(standard, option, widget) : sign;
     }
 
   private:

@@ -48,7 +48,7 @@ constexpr auto settings = std::to_array<ModeSetting>({
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
 });
 
-constexpr QSize designSize(720, 400);
+constexpr QSize designSize(600, 330);
 
 constexpr auto mustPass = std::to_array<bool>({true, true});
 
@@ -79,14 +79,14 @@ void Vertical::BuildLayout() {
     auto* frame = MakeFrame(this, "fraMode", "");
     frame->setEnabled(false);
     KeepColours(*frame);
-    constexpr int rowsBelow = 2;
     auto* options = new QGridLayout(frame);
-    for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
-    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 0, 1);
-    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"), 1,
+    options->setVerticalSpacing(24);
+    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 1, 1);
+    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"), 2,
                        1);
-    for (const int row : {0, 1}) options->setRowStretch(row, 1);
-    options->setRowStretch(2, rowsBelow);
+    for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
+    options->setRowStretch(0, 2);
+    options->setRowStretch(3, 3);
     MakeMiddleColumn(this)->addWidget(frame);
     DesignSize(designSize);
 }
