@@ -43,10 +43,11 @@ QLabel* MakeHeading() {
 
 /// How wide a window must be to show its title beside the buttons of its title bar.
 int TitleWidth(const QWidget& window) {
-    constexpr int buttons = 120;
+    constexpr double buttons = 120;
     QFont font = QApplication::font();
     font.setBold(true);
-    return QFontMetrics(font).horizontalAdvance(window.windowTitle()) + buttons;
+    return QFontMetrics(font).horizontalAdvance(window.windowTitle()) +
+           qRound(buttons * DisplayScale(window));
 }
 
 /// Where a window's contents may lie on the display that shows `window`.

@@ -104,6 +104,8 @@ QGroupBox* CalcCycle::BuildPrescaler(QWidget* parent) {
 QLayout* CalcCycle::BuildInterval() {
     txtCC_ = Named(new TextField(this), "txtCC");
     txtCC_->BackColorText(unusedBackground);
+    constexpr int longestText = 12;  // "Calc errored!", in digits
+    txtCC_->Characters(longestText);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
     row->addWidget(MakeLabel(this, "lblCC", "Current Timer Tick Interval"));
