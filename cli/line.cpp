@@ -5,19 +5,29 @@
 #include "platform/system/port_device.h"
 #include "platform/system/serial_line.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <unistd.h>
 
 namespace orbkl4::cli {
 
-Line::Line(const PortDevice& device, int baud) : hold_(device), name_(device.name.toStdString()) {
+namespace {
+
+/// How long a device may leave a request standing, which is far shorter than its buffer.
+constexpr std::chrono::seconds longestSending{1};
+
+}  // namespace
+
+Line::Line(const PortDevice& device, int baud)
+    : hold_(device), name_(device.name.toStdString()), baud_(baud) {
     try {
         OpenLine(port_, device, name_, LineSettings{.baud = baud});
     } catch (const RuntimeError& error) {
         if (error.Number() == ErrorNumber::PortAlreadyOpen) ThrowBusy(name_);
         throw CliError(Failure::NoLine, error.what());
     }
+    handle_ = static_cast<int>(port_.handle());
 }
 
 Line::~Line() {
@@ -29,21 +39,27 @@ Line::~Line() {
 void Line::SetBaud(int baud) {
     AwaitSent(port_, sent_);
     port_.setBaudRate(baud);
+    baud_ = baud;
     port_.clear(QSerialPort::Input);
 }
 
 bool Line::Dead() const { return LineIsDead(port_); }
 
 void Line::Send(const Bytes& bytes) {
-    SendAtOnce(port_, bytes);
-    sent_ = SentAt(port_, bytes.size(), sent_);
-    // What the line has taken at once shows that it is there, without a question for each request.
-    if (port_.bytesToWrite() > 0 && Dead()) ThrowGone();
+    const auto deadline = Clock::now() + longestSending;
+    sent_ = SentAt(baud_, bytes.size(), sent_);
+    for (std::size_t taken = 0; taken < bytes.size();) {
+        const ssize_t size = ::write(handle_, bytes.data() + taken, bytes.size() - taken);
+        if (size < 0 && errno != EAGAIN && errno != EINTR) ThrowGone();
+        taken += static_cast<std::size_t>(std::max<ssize_t>(size, 0));
+        pollfd entry{.fd = handle_, .events = POLLOUT, .revents = 0};
+        if (taken < bytes.size() && !WaitFor({&entry, 1}, deadline)) return;
+    }
 }
 
 void Line::TakeIn(Bytes& received) {
     std::array<std::uint8_t, 4096> bytes;  // NOLINT(*-member-init): filled by read
-    const ssize_t size = ::read(Handle(), bytes.data(), bytes.size());
+    const ssize_t size = ::read(handle_, bytes.data(), bytes.size());
     if (size > 0) {
         received.insert(received.end(), bytes.begin(), bytes.begin() + size);
     } else if (size == 0 || (errno != EAGAIN && errno != EINTR)) {
@@ -54,7 +70,7 @@ void Line::TakeIn(Bytes& received) {
 
 bool Line::Receive(Bytes& received, Clock::time_point deadline) {
     const std::size_t before = received.size();
-    pollfd entry{.fd = Handle(), .events = POLLIN, .revents = 0};
+    pollfd entry{.fd = handle_, .events = POLLIN, .revents = 0};
     while (received.size() == before) {
         if (!WaitFor({&entry, 1}, deadline)) return false;
         TakeIn(received);
@@ -65,7 +81,7 @@ bool Line::Receive(Bytes& received, Clock::time_point deadline) {
 
 void Line::Discard() const {
     std::array<std::uint8_t, 4096> dropped;  // NOLINT(*-member-init): filled by read
-    while (::read(Handle(), dropped.data(), dropped.size()) > 0) {
+    while (::read(handle_, dropped.data(), dropped.size()) > 0) {
     }
 }
 

@@ -4,7 +4,6 @@
 #include "cli/line_hold.h"
 #include "cli/signals.h"
 
-#include <QDeadlineTimer>
 #include <QSerialPort>
 
 #include <string>
@@ -25,7 +24,7 @@ class Line {
     /// The device's path.
     const std::string& Name() const { return name_; }
 
-    int Baud() const { return port_.baudRate(); }
+    int Baud() const { return baud_; }
 
     /// Changes the speed once all that was sent has left, and discards what has come.
     void SetBaud(int baud);
@@ -34,9 +33,10 @@ class Line {
     bool Dead() const;
 
     /// What to wait on for bytes to come.
-    int Handle() const { return static_cast<int>(port_.handle()); }
+    int Handle() const { return handle_; }
 
-    /// Hands `bytes` to the device at once; throws `Failure::LineGone` if it is gone.
+    /// Hands `bytes` to the device; throws `Failure::LineGone` if it is gone. What a device doesn't
+    /// take within a second is dropped, and its reply missed.
     void Send(const Bytes& bytes);
 
     /// Appends to `received` what has come by now; throws `Failure::LineGone`.
@@ -55,7 +55,9 @@ class Line {
     LineHold hold_;  // first, as it must outlive the open port
     std::string name_;
     QSerialPort port_;
-    QDeadlineTimer sent_{0};
+    int baud_;
+    int handle_ = -1;         ///< that of `port_`, at hand for each request
+    Clock::time_point sent_;  ///< when the bytes handed over have left the line
 };
 
 }  // namespace orbkl4::cli

@@ -13,12 +13,13 @@ namespace {
 
 using std::chrono::microseconds;
 
-/// `time` in seconds with six decimals; it isn't negative.
-std::string SecondsText(microseconds time) {
-    constexpr int decimals = 6;
-    const std::string fraction = std::to_string(time.count() % microseconds::period::den);
-    return std::to_string(time.count() / microseconds::period::den) + '.' +
-           std::string(decimals - fraction.size(), '0') + fraction;
+/// Appends `time` in seconds with six decimals; it isn't negative.
+void AppendSeconds(std::string& row, microseconds time) {
+    constexpr auto perSecond = microseconds::period::den;
+    row.append(std::to_string(time.count() / perSecond));
+    const std::size_t point = row.size();
+    row.append(std::to_string(perSecond + time.count() % perSecond));  // "1" and six digits
+    row[point] = '.';
 }
 
 std::string TicksText(const Layout& layout, const Sample& sample) {
@@ -40,8 +41,9 @@ std::string CsvHead(const Layout& layout) {
 }
 
 void FormatCsv(const Layout& layout, const TimedSample& timed, std::string& row) {
-    row = SecondsText(timed.unixTime);
-    row.append(",").append(SecondsText(timed.sinceStart));
+    row.clear();
+    AppendSeconds(row, timed.unixTime);
+    AppendSeconds(row += ',', timed.sinceStart);
     for (const Column& column : layout.values)
         row.append(",").append(ScreenText(column.field.In(timed.sample)));
     row.append(",").append(TicksText(layout, timed.sample)).append("\n");
@@ -110,16 +112,17 @@ std::vector<ColumnTitle> JsonColumns(const Layout& layout) {
 
 void FormatJson(const Layout& layout, const TimedSample& timed, std::string& row) {
     row = '{';
-    const auto add = [&](std::string_view name, const std::string& number) {
-        row.append("\"").append(name).append("\":").append(number).append(",");
+    const auto member = [&](std::string_view name) -> std::string& {
+        if (row.size() > 1) row += ',';
+        return row.append("\"").append(name).append("\":");
     };
-    add(timestampColumn, SecondsText(timed.unixTime));
-    add(timeColumn, SecondsText(timed.sinceStart));
+    AppendSeconds(member(timestampColumn), timed.unixTime);
+    AppendSeconds(member(timeColumn), timed.sinceStart);
     for (const Column& column : layout.values)
-        add(column.name, ScreenText(column.field.In(timed.sample)));
-    add(ticksColumn, TicksText(layout, timed.sample));
-    add(sequenceColumn, std::to_string(timed.sequence));
-    row.back() = '}';
+        member(column.name).append(ScreenText(column.field.In(timed.sample)));
+    member(ticksColumn).append(TicksText(layout, timed.sample));
+    member(sequenceColumn).append(std::to_string(timed.sequence));
+    row += '}';
 }
 
 const std::array<RowFormat, 3> rowFormats{{

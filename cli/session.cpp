@@ -26,20 +26,20 @@ Reply Session::Ask(const Bytes& request) {
     line.Discard();
     line.Send(request);
     const auto deadline = Clock::now() + replyTime;
-    Bytes received;
+    received_.clear();
     auto pauseEnds = deadline;
-    while (line.Receive(received, pauseEnds)) {
+    while (line.Receive(received_, pauseEnds)) {
         const auto now = Clock::now();
-        if (auto reply = ReplyIn(received, command, true)) {
+        if (auto reply = ReplyIn(received_, command, true)) {
             return {Reply::Kind::Good, std::move(*reply), now};
         }
         pauseEnds = std::min(deadline, now + quietTime);
         if (now >= deadline) break;
     }
-    if (auto reply = ReplyIn(received, command, false)) {
+    if (auto reply = ReplyIn(received_, command, false)) {
         return {Reply::Kind::Good, std::move(*reply), Clock::now()};
     }
-    return {received.empty() ? Reply::Kind::None : Reply::Kind::Bad};
+    return {received_.empty() ? Reply::Kind::None : Reply::Kind::Bad};
 }
 
 Bytes Session::Exchange(const Bytes& request) {
@@ -98,7 +98,8 @@ double Session::ReadTickInterval() {
 
 Reply Session::TakeSample(const SamplePacket& packet, const GainScales& gainScales,
                           Sample& sample) {
-    Reply reply = Ask(Request(packet.command));
+    BuildRequest(request_, packet.command);
+    Reply reply = Ask(request_);
     if (reply.kind == Reply::Kind::Good && !Decode(packet, reply.bytes, gainScales, sample)) {
         reply.kind = Reply::Kind::Bad;
     }

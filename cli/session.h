@@ -73,6 +73,8 @@ class Session {
 
   private:
     FoundSensor sensor_;
+    Bytes request_;   ///< keeps its memory from sample to sample, as does
+    Bytes received_;  ///< what the line brings after a request
 };
 
 }  // namespace orbkl4::cli

@@ -51,7 +51,8 @@ void CatchSignals() {
 int SignalReceived() { return signalReceived; }
 
 bool WaitFor(std::span<pollfd> entries, Clock::time_point deadline) {
-    std::vector<pollfd> watched(entries.begin(), entries.end());
+    thread_local std::vector<pollfd> watched;  // keeps its memory from wait to wait
+    watched.assign(entries.begin(), entries.end());
     watched.push_back({.fd = pipeEnds[0], .events = POLLIN, .revents = 0});
     int ready = 0;
     do {

@@ -57,7 +57,7 @@ void MSComm::OpenPort() {
     hangUp_ = std::make_unique<QSocketNotifier>(line_.handle(), QSocketNotifier::Exception);
     connect(hangUp_.get(), &QSocketNotifier::activated, this, &MSComm::OnLineError);
     received_.clear();
-    sent_ = QDeadlineTimer(0);
+    sent_ = {};
     gone_ = false;
     open_ = true;
 }
@@ -86,7 +86,7 @@ void MSComm::Output(const Bytes& bytes) {
     RequireOpen();
     if (!gone_) {
         SendAtOnce(line_, bytes);
-        sent_ = SentAt(line_, bytes.size(), sent_);
+        sent_ = SentAt(line_.baudRate(), bytes.size(), sent_);
     }
     if (gone_) {
         Raise(ErrorNumber::DeviceGone,

@@ -3,10 +3,10 @@
 #include "base/bytes.h"
 #include "platform/events/event_gate.h"
 
-#include <QDeadlineTimer>
 #include <QSerialPort>
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -82,7 +82,7 @@ class MSComm : public QObject, private EventSource {
     bool gone_ = false;     ///< the line hung up; a queued call closes its handle
     bool reading_ = false;  ///< our own read emits readyRead
     Bytes received_;
-    QDeadlineTimer sent_;  ///< when the bytes handed over have left the line
+    std::chrono::steady_clock::time_point sent_;  ///< when the bytes handed over have left the line
 };
 
 }  // namespace orbkl4

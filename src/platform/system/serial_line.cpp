@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "platform/system/port_device.h"
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QPointer>
 #include <QThread>
@@ -20,6 +21,8 @@
 namespace orbkl4 {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 constexpr int bitsPerByte = 10;  // start bit, 8 data bits, stop bit
 
@@ -130,18 +133,17 @@ void SendAtOnce(QSerialPort& line, const Bytes& bytes) {
     line.flush();
 }
 
-QDeadlineTimer SentAt(const QSerialPort& line, std::size_t count, const QDeadlineTimer& before) {
-    const auto time = std::chrono::microseconds(qint64{1'000'000} * bitsPerByte *
-                                                static_cast<qint64>(count) / line.baudRate());
-    const std::chrono::nanoseconds rest(std::max<qint64>(before.remainingTimeNSecs(), 0));
-    return {rest + time, Qt::PreciseTimer};
+Clock::time_point SentAt(int baud, std::size_t count, Clock::time_point before) {
+    const std::chrono::microseconds time(qint64{1'000'000} * bitsPerByte *
+                                         static_cast<qint64>(count) / baud);
+    return std::max(before, Clock::now()) + time;
 }
 
-void AwaitSent(QSerialPort& line, const QDeadlineTimer& sent) {
+void AwaitSent(QSerialPort& line, Clock::time_point sent) {
     constexpr unsigned long pollMicroseconds = 100;
     line.flush();
     if (LineIsDead(line)) return;
-    while (!sent.hasExpired()) QThread::usleep(pollMicroseconds);
+    while (Clock::now() < sent) QThread::usleep(pollMicroseconds);
     const QDeadlineTimer grace(std::chrono::milliseconds(5), Qt::PreciseTimer);
     while (UnsentBytes(HandleOf(line)) > 0 && !grace.hasExpired()) {
         QThread::usleep(pollMicroseconds);

@@ -3,9 +3,9 @@
 #include "base/bytes.h"
 #include "platform/system/line_settings.h"
 
-#include <QDeadlineTimer>
 #include <QSerialPort>
 
+#include <chrono>
 #include <string>
 
 namespace orbkl4 {
@@ -30,12 +30,13 @@ bool HasSomethingToRead(const QSerialPort& line);
 /// Hands `bytes` to the operating system at once; emits `errorOccurred` if the line is gone.
 void SendAtOnce(QSerialPort& line, const Bytes& bytes);
 
-/// When `count` bytes handed over now will have left the line, if those handed over before will
-/// have left it at `before`.
-QDeadlineTimer SentAt(const QSerialPort& line, std::size_t count, const QDeadlineTimer& before);
+/// When `count` bytes handed over now will have left a line of `baud` bits a second, if those
+/// handed over before will have left it at `before`.
+std::chrono::steady_clock::time_point SentAt(int baud, std::size_t count,
+                                             std::chrono::steady_clock::time_point before);
 
 /// Waits until `sent`, and up to 5 ms more while the device holds unsent bytes; returns at once if
 /// the line is dead.
-void AwaitSent(QSerialPort& line, const QDeadlineTimer& sent);
+void AwaitSent(QSerialPort& line, std::chrono::steady_clock::time_point sent);
 
 }  // namespace orbkl4
