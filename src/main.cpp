@@ -11,7 +11,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    orbkl4::ApplyHouseStyle();
+    orbkl4::ApplyHouseStyle(orbkl4::DesktopLook());
     QApplication::setWindowIcon(orbkl4::ProgramIcon());
     orbkl4::RegisterAllScreens();
     orbkl4::MDIForm1 frame;

@@ -79,6 +79,7 @@ void Guide::TakePicture(const QString& name) {
         const QPixmap dialog = top->grab();
         const QPoint corner = frame_.rect().center() - top->rect().center();
         painter.drawPixmap(corner, dialog);
+        painter.setPen(top->palette().color(QPalette::WindowText));
         painter.drawRect(QRect(corner, top->size()));
     }
     Keep(picture, name);

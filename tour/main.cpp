@@ -15,6 +15,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -24,7 +25,20 @@ struct Choices {
     QString pictures;
     QString device;
     QSize size;
+    Look look;
 };
+
+constexpr std::pair<const char*, Look> looks[] = {{"light", Look::Light},
+                                                  {"dark", Look::Dark},
+                                                  {"contrast", Look::ContrastLight},
+                                                  {"contrast-dark", Look::ContrastDark}};
+
+/// The look `name`, or else the light one.
+Look LookNamed(const QString& name) {
+    for (const auto& [each, look] : looks)
+        if (name == QLatin1String(each)) return look;
+    return Look::Light;
+}
 
 Choices ReadCommandLine(const QApplication& application) {
     QCommandLineParser parser;
@@ -34,12 +48,15 @@ Choices ReadCommandLine(const QApplication& application) {
                                   "device");
     const QCommandLineOption size("size", "Size of the window, such as 1280x800.", "size",
                                   "1280x800");
-    parser.addOptions({port, size});
+    const QCommandLineOption look("look", "Colours: light, dark, contrast or contrast-dark.",
+                                  "look", "light");
+    parser.addOptions({port, size, look});
     parser.process(application);
     const QStringList sides = parser.value(size).split('x');
     return {parser.positionalArguments().value(0, "tour"),
             parser.value(port),
-            {sides.value(0).toInt(), sides.value(1).toInt()}};
+            {sides.value(0).toInt(), sides.value(1).toInt()},
+            LookNamed(parser.value(look))};
 }
 
 /// Makes the hidden entries of the Tools menu appear, by the gesture that a person would use.
@@ -83,7 +100,7 @@ int Tour(const Choices& choices, MDIForm1& frame) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const Choices choices = ReadCommandLine(application);
-    ApplyHouseStyle();
+    ApplyHouseStyle(choices.look);
     RegisterAllScreens();
     orbkl4sim::Simulator sensor;
     if (choices.device.isEmpty()) {

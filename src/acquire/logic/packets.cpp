@@ -8,8 +8,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr std::int32_t wordValues = 65536;
-constexpr double degreesPerBit = 360.0 / 65536;
+constexpr double degreesPerBit = 360.0 / wordValues;
 constexpr double unitWord = 8192;  // the word that stands for 1
 
 /// Stores all words unconverted, and their sum with the header byte.

@@ -18,7 +18,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int rowGap = 4;    // between rows of fields, in pixels
+constexpr int rowGap = 3;    // between rows of fields, in pixels
 constexpr int groupGap = 6;  // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 
@@ -28,9 +28,11 @@ TextField* MakeField(QWidget* frame, const char* name, int decimals) {
     return field;
 }
 
-QLabel* MakeFieldLabel(QWidget* frame, const char* text) {
-    auto* label = new QLabel(QString::fromUtf8(text), frame);
+/// The label `text` of `control`, in the same frame.
+QLabel* MakeFieldLabel(QWidget* control, const char* text) {
+    auto* label = new QLabel(QString::fromUtf8(text), control->parentWidget());
     label->setTextFormat(Qt::PlainText);
+    label->setBuddy(control);
     return label;
 }
 
@@ -48,7 +50,7 @@ class PanelFiller {
 
     TextField* Add(const TextRow& row) {
         TextField* field = MakeField(frame_, row.name, panel_.decimals);
-        QLabel* label = MakeFieldLabel(frame_, row.label);
+        QLabel* label = MakeFieldLabel(field, row.label);
         if (row.startsGroup) StartGroup();
         ++fields_;
         if (panel_.layout == TextPanel::Layout::Matrix && row.label[0] == 'M') {
@@ -123,6 +125,7 @@ QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob
     dial->SetAxis(row.axis, row.sweep);
     dial->Caption(QStringLiteral("degrees"));
     TextField* text = MakeField(frame, row.text, 1);
+    text->setAccessibleName(frame->title() + QStringLiteral(", degrees"));
     text->Characters(7);
     text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     KeepFontScaled(*text, readout);
@@ -143,7 +146,7 @@ QWidget* BuildPanel(QWidget* screen, const TextPanel& panel,
     PanelFiller filler(frame, panel);
     for (const TextRow& row : panel.rows) fields.push_back({row.field, filler.Add(row)});
     filler.Finish();
-    if (panel.led[0] != '\0') KeepBesideCaption(*frame, *Named(new CWButton(frame), panel.led));
+    if (panel.led[0] != '\0') MakeLamp(*frame, panel.led);
     return frame;
 }
 
@@ -157,7 +160,7 @@ QWidget* BuildSlides(QWidget* screen, std::span<const SlideRow> rows,
         auto* slide = Named(new CWSlide(frame), row.name);
         slide->SetAxis(rawWords);
         grid->addWidget(slide, 0, column);
-        grid->addWidget(MakeFieldLabel(frame, row.label), 1, column++, Qt::AlignHCenter);
+        grid->addWidget(MakeFieldLabel(slide, row.label), 1, column++, Qt::AlignHCenter);
         slides.push_back({row.field, slide});
     }
     return frame;
@@ -179,8 +182,9 @@ QWidget* BuildCapturing(QWidget* screen) {
     QGroupBox* frame = MakeFrame(screen, "fraCS", "Capturing");
     auto* row = new QHBoxLayout(frame);
     const auto add = [&](const char* led, const char* label) {
-        row->addWidget(Named(new CWButton(frame), led));
-        row->addWidget(MakeFieldLabel(frame, label));
+        auto* lamp = Named(new CWButton(frame), led);
+        row->addWidget(lamp);
+        row->addWidget(MakeFieldLabel(lamp, label));
     };
     add("LED", "Gyro-Stablized");
     row->addSpacing(24);

@@ -1,10 +1,8 @@
 #include "calibrate/screens/hard_iron_cal.h"
 #include "platform/controls/combo_box.h"
-#include "platform/controls/cw_button.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
 #include "platform/controls/text_field.h"
-#include "platform/windows/font_following.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -74,7 +72,7 @@ void BuildFields(QGroupBox* frame, std::span<const FieldRow> rows, std::span<Tex
         auto* field = Named(new TextField(frame), row.name);
         field->Decimals(gaussDecimals);
         fields[i++] = field;
-        grid->addWidget(MakeLabel(frame, "", row.label), line, 0);
+        grid->addWidget(MakeLabel(*field, "", row.label), line, 0);
         grid->addWidget(field, line, 1, Qt::AlignVCenter);
         grid->setRowStretch(line++, 1);
     }
@@ -113,9 +111,9 @@ QGroupBox* HardIronCal::BuildSettings() {
     grid->setColumnStretch(0, 2);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(2, 1);
-    grid->addWidget(MakeLabel(frame, "lblType", "Calibration Type"), 0, 0);
+    grid->addWidget(MakeLabel(*cmbType_, "lblType", "Calibration Type"), 0, 0);
     grid->addWidget(cmbType_, 0, 1);
-    grid->addWidget(MakeLabel(frame, "lblMagZ", "Magnitude Z"), 1, 0);
+    grid->addWidget(MakeLabel(*numEditMagZ_, "lblMagZ", "Magnitude Z"), 1, 0);
     grid->addWidget(numEditMagZ_, 1, 1);
     grid->addWidget(MakeLabel(frame, "lblGauss", "gauss"), 1, 2);
     return frame;
@@ -124,8 +122,7 @@ QGroupBox* HardIronCal::BuildSettings() {
 QGroupBox* HardIronCal::BuildCollect() {
     auto* frame = MakeFrame(this, "fraCollect", "Collect");
     BuildFields(frame, collectRows, collectFields_);
-    led_ = Named(new CWButton(frame), "LED");
-    KeepBesideCaption(*frame, *led_);
+    led_ = MakeLamp(*frame, "LED");
     return frame;
 }
 

@@ -1,12 +1,11 @@
 #include "link/logic/frame_check.h"
 
 #include "base/arithmetic.h"
+#include "link/logic/words.h"
 
 namespace orbkl4 {
 
 namespace {
-
-constexpr std::int32_t wordValues = 65536;
 
 double ChecksumOf(const Bytes& bytes, std::size_t offset, std::size_t length) {
     return WordAt(bytes, offset + length - 2);

@@ -4,6 +4,9 @@
 
 namespace orbkl4 {
 
+/// How many values a word of 16 bits has.
+inline constexpr std::int32_t wordValues = 65536;
+
 /// A word as a signed number: `x` less 65536 above 32767; the range isn't checked.
 constexpr double ToSigned16(double x) { return x > 32767 ? x - 65536 : x; }
 

@@ -2,6 +2,7 @@
 
 #include "main_window/screens/artwork.h"
 #include "platform/controls/form.h"
+#include "platform/controls/picture.h"
 #include "state/app_state.h"
 
 #include <QLabel>
@@ -11,7 +12,9 @@
 namespace orbkl4 {
 
 About::About() : Screen("About", "About") {
-    auto* picture = Named(new Picture(PaintEmblem, {120, 120}, this), "Picture1");
+    auto* picture =
+        Named(new Picture(PaintEmblem, QStringLiteral("The program's emblem"), {120, 120}, this),
+              "Picture1");
     auto* title = MakeLabel(this, "lblTitle", "ORB-KL4 Data Acquisition and Display Software");
     QFont bold = title->font();
     bold.setBold(true);

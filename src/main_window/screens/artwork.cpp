@@ -84,14 +84,4 @@ void PaintEmblem(QPainter& painter, const QRectF& box) {
 
 QIcon ProgramIcon() { return PaintedIcon(PaintEmblem); }
 
-Picture::Picture(ArtworkPainter paint, QSize naturalSize, QWidget* parent)
-    : QLabel(parent), paint_(paint), naturalSize_(naturalSize) {
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-}
-
-void Picture::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    paint_(painter, contentsRect());
-}
-
 }  // namespace orbkl4

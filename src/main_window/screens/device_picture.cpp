@@ -1,4 +1,5 @@
 #include "main_window/screens/artwork.h"
+#include "platform/windows/colours.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -144,18 +145,18 @@ void PaintAxis(QPainter& painter, const QPointF& from, const QPointF& to, const 
                const QString& name) {
     constexpr double headLength = 0.3;
     constexpr double headHalf = 0.12;
-    const QColor lightBorder(0xF4, 0xF8, 0xFC);
+    const QColor border = colours::axisBorder();
     const QPointF way = to - from;
     const double length = std::hypot(way.x(), way.y());
     const QPointF along = way / length;
     const QPointF across(-along.y(), along.x());
     const QPointF neck = to - along * headLength;
     const QPolygonF head{{to, neck + across * headHalf, neck - across * headHalf}};
-    // A light border keeps the colours apart from the lid's.
-    painter.setBrush(lightBorder);
-    painter.setPen(QPen(lightBorder, 0.15, Qt::SolidLine, Qt::RoundCap));
+    // A border keeps the colours apart from the lid's.
+    painter.setBrush(border);
+    painter.setPen(QPen(border, 0.15, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(from, neck);
-    painter.setPen(QPen(lightBorder, 0.07, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(border, 0.07, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolygon(head);
     painter.setPen(QPen(colour, 0.08, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(from, neck);
@@ -180,9 +181,9 @@ void PaintAxes(QPainter& painter) {
     const double x = sizeX / 2;
     const double y = sizeY / 2;
     const QPointF middle = Place(x, y, sizeZ);
-    PaintAxis(painter, middle, Place(x, y - 2.35, sizeZ), QColor(0xD6, 0x32, 0x28), "X");
-    PaintAxis(painter, middle, Place(x - 2.45, y, sizeZ), QColor(0x1F, 0x93, 0x42), "Y");
-    PaintAxis(painter, middle, Place(x, y, sizeZ + 1.75), QColor(0x1A, 0x56, 0xDB), "Z");
+    PaintAxis(painter, middle, Place(x, y - 2.35, sizeZ), colours::axisX(), "X");
+    PaintAxis(painter, middle, Place(x - 2.45, y, sizeZ), colours::axisY(), "Y");
+    PaintAxis(painter, middle, Place(x, y, sizeZ + 1.75), colours::axisZ(), "Z");
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
     painter.drawEllipse(middle, 0.1, 0.1);

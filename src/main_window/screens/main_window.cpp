@@ -8,6 +8,7 @@
 #include "main_window/screens/artwork.h"
 #include "main_window/tare.h"
 #include "platform/controls/form.h"
+#include "platform/controls/picture.h"
 #include "platform/events/timer.h"
 #include "platform/system/end_process.h"
 #include "platform/system/folders.h"
@@ -130,9 +131,12 @@ Main::Main() : Screen("Main", "Main"), port_(this, "MSComm1") {
 }
 
 void Main::BuildLayout() {
-    picture_ = Named(new Picture(PaintDevice, {440, 390}, this), "picORBKL4");
+    picture_ = Named(new Picture(PaintDevice, QStringLiteral("The sensor with its axes X, Y and Z"),
+                                 {440, 390}, this),
+                     "picORBKL4");
     picture_->installEventFilter(this);
-    auto* emblem = Named(new Picture(PaintEmblem, {72, 72}, this), "Image2");
+    auto* emblem = Named(
+        new Picture(PaintEmblem, QStringLiteral("The program's emblem"), {72, 72}, this), "Image2");
     auto* column = new QVBoxLayout(this);
     column->setSpacing(8);
     column->addStretch(1);

@@ -71,7 +71,7 @@ void Analog::BuildLayout() {
     grid->setHorizontalSpacing(gap);
     for (const int edge : {0, 5}) grid->setColumnStretch(edge, 1);
     KeepReadableDisabled(*fraAnalog_);
-    grid->addWidget(MakeLabel(fraAnalog_, "lblFunction", "Select Function"), 0, 1);
+    grid->addWidget(MakeLabel(*cmbFunction_, "lblFunction", "Select Function"), 0, 1);
     grid->addWidget(cmbFunction_, 0, 2, 1, 3, Qt::AlignVCenter);
     int column = 1;
     for (const char* header : {"Adjustable Values", "Range", "EEPROM"}) {
@@ -100,7 +100,7 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
     const std::string rangeName = isCommand ? "lblCommandByte" : "lblRange" + address;
     QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
     if (isCommand) lblCommandByte_ = range;
-    grid.addWidget(MakeLabel(fraAnalog_, ("lblWord" + address).c_str(), word.label), row, 1);
+    grid.addWidget(MakeLabel(*field, ("lblWord" + address).c_str(), word.label), row, 1);
     grid.addWidget(field, row, 2, Qt::AlignVCenter);
     grid.addWidget(range, row, 3);
     grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 4);

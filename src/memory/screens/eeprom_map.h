@@ -4,6 +4,7 @@
 #include "memory/logic/catalogue.h"
 #include "memory/screens/run_progress.h"
 #include "memory/screens/word_panel.h"
+#include "platform/controls/colour.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
 #include "platform/windows/screen.h"
@@ -21,7 +22,7 @@ namespace orbkl4 {
 class CWNumEdit;
 
 /// The background of a modified field; a write run writes the fields that have it.
-inline constexpr std::uint32_t ModifiedColor = 0xC0C0FF;
+inline constexpr std::uint32_t ModifiedColor = modifiedBackground;
 
 /// Shows all words of the sensor's EEPROM, reads them, writes the modified ones, and logs them.
 class EEPROMmap : public Screen {

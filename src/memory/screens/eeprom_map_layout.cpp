@@ -38,7 +38,8 @@ constexpr int secondFrameRows = 12;
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
-constexpr QSize designSize(960, 520);
+constexpr int rowGap = 4;
+constexpr QSize designSize(1010, 530);
 
 }  // namespace
 
@@ -46,6 +47,7 @@ void EEPROMmap::BuildLayout() {
     setAttribute(Qt::WA_Hover);
     auto* first = new QGridLayout(fraEEPROMAddresses1_);
     auto* second = new QGridLayout(fraEEPROMAddresses_);
+    for (QGridLayout* grid : {first, second}) grid->setVerticalSpacing(rowGap);
     for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
         if (index < firstFrameFields) {
             AddField(*first, index, firstFrameRows);
@@ -60,6 +62,8 @@ void EEPROMmap::BuildLayout() {
     auto* column = new QVBoxLayout(this);
     column->addLayout(top, firstFrameRows);
     column->addWidget(fraEEPROMAddresses_, secondFrameRows);
+    fraEEPROMAddresses1_->setAccessibleName(QStringLiteral("EEPROM addresses 0 to 14"));
+    fraEEPROMAddresses_->setAccessibleName(QStringLiteral("EEPROM addresses 16 to 254"));
     // Most fields are disabled at the level "Standard", and all are during a run.
     KeepReadableDisabled(*fraEEPROMAddresses1_);
     KeepReadableDisabled(*fraEEPROMAddresses_);
@@ -73,9 +77,9 @@ void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn
     const int column = place / rowsPerColumn * 2;
     QWidget* frame = grid.parentWidget();
     const std::string address = std::to_string(2 * index);
-    auto* label = MakeLabel(frame, ("lblAddress" + address).c_str(), address);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* field = new CWNumEdit(frame);
+    auto* label = MakeLabel(*field, ("lblAddress" + address).c_str(), address);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setObjectName(MemberName("NumEdit", static_cast<int>(index)));
     field->setAccessibleName(QStringLiteral("EEPROM address %1").arg(2 * index));
     field->Compact();

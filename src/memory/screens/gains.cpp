@@ -78,7 +78,7 @@ void Gains::BuildLayout() {
         fields_.at(i) = field;
         const std::string names[] = {std::string("lblGain") + address,
                                      std::string("lblAddress") + address};
-        grid->addWidget(MakeLabel(fraGain_, names[0].c_str(), label), row, 1);
+        grid->addWidget(MakeLabel(*field, names[0].c_str(), label), row, 1);
         grid->addWidget(field, row, 2, Qt::AlignVCenter);
         grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 3);
     }

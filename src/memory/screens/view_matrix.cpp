@@ -44,8 +44,8 @@ void ViewMatrix::BuildMatrixFrame() {
         const auto row = static_cast<int>(k % size);
         const auto column = static_cast<int>(k / size);
         const std::string element = "M" + std::to_string(row + 1) + std::to_string(column + 1);
-        auto* label = MakeLabel(fraMatrix_, ("lbl" + element).c_str(), element);
         auto* field = new TextField(fraMatrix_);
+        auto* label = MakeLabel(*field, ("lbl" + element).c_str(), element);
         field->setObjectName(MemberName("txtMatrix", static_cast<int>(k) + 1));
         field->Characters(digits);
         field->Decimals(0);

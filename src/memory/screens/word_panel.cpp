@@ -18,7 +18,7 @@ TextField* AddText(QGridLayout& grid, int row, int column, const char* name, con
                    int columns = 1) {
     QWidget* frame = grid.parentWidget();
     auto* field = Named(new TextField(frame), name);
-    auto* label = MakeLabel(frame, (std::string("lbl") + (name + 3)).c_str(), caption);
+    auto* label = MakeLabel(*field, (std::string("lbl") + (name + 3)).c_str(), caption);
     grid.addWidget(label, row, column);
     grid.addWidget(field, row, column + 1, 1, columns);
     return field;

@@ -1,5 +1,8 @@
 #include "platform/controls/cw_button.h"
 
+#include "platform/windows/colours.h"
+
+#include <QAccessible>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -17,9 +20,9 @@ struct Glass {
 };
 
 Glass GlassOf(bool lit, bool enabled) {
-    if (!enabled) return {{0xD5, 0xDA, 0xE0}, {0xB4, 0xBC, 0xC6}};
-    if (lit) return {{0x8D, 0xFF, 0x9E}, {0x12, 0xA8, 0x3C}};
-    return {{0x4C, 0x6B, 0x55}, {0x24, 0x3A, 0x2C}};
+    if (!enabled) return {colours::disabledBase(), colours::idleRim()};
+    if (lit) return {colours::litCore(), colours::litRim()};
+    return {colours::darkCore(), colours::darkRim()};
 }
 
 /// Paints a lamp into a square of `side` pixels at the painter's origin.
@@ -36,8 +39,8 @@ void PaintLamp(QPainter& painter, double side, bool lit, bool enabled) {
         painter.drawEllipse(centre, radius, radius);
     }
     QLinearGradient bezel(0, 0, 0, side);
-    bezel.setColorAt(0, QColor(0x8A, 0x94, 0xA0));
-    bezel.setColorAt(1, QColor(0xE4, 0xE8, 0xED));
+    bezel.setColorAt(0, colours::bezelDark());
+    bezel.setColorAt(1, colours::bezelLight());
     painter.setBrush(bezel);
     painter.drawEllipse(centre, radius * 0.88, radius * 0.88);
     QRadialGradient body(centre, radius * 0.75, centre + QPointF(0, radius * 0.12));
@@ -62,6 +65,12 @@ void CWButton::Value(bool lit) {
     if (lit == value_) return;
     value_ = lit;
     repaint_.Mark();
+    if (QAccessible::isActive()) {
+        QAccessible::State changed;
+        changed.checked = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        QAccessible::updateAccessibility(&event);
+    }
     Q_EMIT ValueChanged(lit);
 }
 

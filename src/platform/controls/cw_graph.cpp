@@ -1,5 +1,6 @@
 #include "platform/controls/cw_graph.h"
 
+#include "base/number_text.h"
 #include "base/run_time_error.h"
 #include "platform/windows/colours.h"
 
@@ -14,17 +15,16 @@ namespace {
 constexpr int frameMilliseconds = 17;  // just under 60 drawings a second
 
 constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
-constexpr std::array plotColours{colours::accent, QColor(0xC8, 0x4B, 0x11),
-                                 QColor(0x2E, 0x7D, 0x32), QColor(0x6A, 0x3D, 0x9A)};
+constexpr std::array plotColours{colours::plot1, colours::plot2, colours::plot3, colours::plot4};
 
 void StyleAxis(QCPAxis& axis) {
-    axis.setLabelColor(colours::ink);
-    axis.setTickLabelColor(colours::ink);
+    axis.setLabelColor(colours::ink());
+    axis.setTickLabelColor(colours::ink());
     for (const auto setPen :
          {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
-        (axis.*setPen)(QPen(colours::disabledInk, 1));
+        (axis.*setPen)(QPen(colours::disabledInk(), 1));
     }
-    axis.grid()->setPen(QPen(QColor(0xE3, 0xE8, 0xED), 1));
+    axis.grid()->setPen(QPen(colours::grid(), 1));
 }
 
 }  // namespace
@@ -32,6 +32,7 @@ void StyleAxis(QCPAxis& axis) {
 CWGraph::CWGraph(std::size_t plots, QWidget* parent)
     : QCustomPlot(parent), plots_(plots), values_(plots * window_) {
     setMinimumSize(240, 160);
+    setBackground(colours::base());
     setNotAntialiasedElements(QCP::aeAll);
     setPlottingHint(QCP::phFastPolylines);
     setNoAntialiasingOnDrag(true);
@@ -40,7 +41,7 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
     for (QCPAxis* axis : {xAxis2, yAxis2}) {
         axis->setVisible(true);
         axis->setTicks(false);
-        axis->setBasePen(QPen(colours::line, 1));
+        axis->setBasePen(QPen(colours::line(), 1));
     }
     xAxis->setRange(rangeX_);
     FollowFont();
@@ -51,8 +52,9 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 
 void CWGraph::AddPlot(std::size_t plot) {
     QCPGraph* graph = addGraph();
-    const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size());
-    graph->setPen(QPen(colour, 1, lineStyles.at(plot % lineStyles.size())));
+    const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size())();
+    const int width = IsContrast(CurrentLook()) ? 2 : 1;
+    graph->setPen(QPen(colour, width, lineStyles.at(plot % lineStyles.size())));
     graph->removeFromLegend();
 }
 
@@ -79,7 +81,8 @@ void CWGraph::PlotName(std::size_t plot, const QString& name) {
         plotLayout()->addElement(0, 1, legend);
         plotLayout()->setColumnStretchFactor(1, 0.001);
         legend->setBorderPen(Qt::NoPen);
-        legend->setTextColor(colours::ink);
+        legend->setBrush(colours::base());
+        legend->setTextColor(colours::ink());
         legend->setVisible(true);
     }
     DrawSoon();
@@ -115,6 +118,16 @@ void CWGraph::Clear() {
     filled_ = 0;
     reads_ = 0;
     DrawSoon();
+}
+
+QString CWGraph::LastRead() const {
+    QStringList values;
+    for (std::size_t plot = 0; filled_ > 0 && plot < plots_; ++plot) {
+        const double value = values_[(reads_ - 1) % window_ * plots_ + plot];
+        values += graph(static_cast<int>(plot))->name() + QLatin1Char(' ') +
+                  QString::fromStdString(ScreenText(value));
+    }
+    return values.join(QStringLiteral(", "));
 }
 
 void CWGraph::DrawSoon() {

@@ -15,6 +15,7 @@ class CWGraph : public QCustomPlot {
     Q_OBJECT
     Q_PROPERTY(int pointCount READ PointCount)
     Q_PROPERTY(int readCount READ ReadCount)
+    Q_PROPERTY(QString text READ LastRead)
 
   public:
     /// An empty graph of `plots` plots with a window of 200 reads. Their lines are solid, dashed
@@ -41,6 +42,9 @@ class CWGraph : public QCustomPlot {
 
     /// The number of reads since the last `Clear`.
     int ReadCount() const { return static_cast<int>(reads_); }
+
+    /// The values of the last read with the names of their plots; empty if there is none.
+    QString LastRead() const;
 
   protected:
     void changeEvent(QEvent* event) override;

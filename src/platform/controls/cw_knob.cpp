@@ -1,6 +1,7 @@
 #include "platform/controls/cw_knob.h"
 
 #include "base/number_text.h"
+#include "platform/windows/colours.h"
 
 #include <QEvent>
 #include <QLinearGradient>
@@ -29,12 +30,6 @@ constexpr double hubOuter = 0.075;
 constexpr double hubInner = 0.04;
 constexpr double numberSize = 0.107;
 constexpr double captionPlace = 0.36;
-
-constexpr QColor faceEdge{0x16, 0x1E, 0x28};
-constexpr QColor faceMiddle{0x2B, 0x37, 0x45};
-constexpr QColor marking{0xF2, 0xF5, 0xF8};
-constexpr QColor dimmed{0x8C, 0x97, 0xA3};
-constexpr QColor needle{0xFF, 0x9F, 0x1C};
 
 /// The point at `radius` from the origin, `degrees` clockwise from the top.
 QPointF OnCircle(double degrees, double radius) {
@@ -123,14 +118,14 @@ void CWKnob::PaintFace(QPainter& painter) const {
     const double radius = Radius();
     painter.setPen(Qt::NoPen);
     QLinearGradient bezel(-radius * 0.7, -radius * 0.7, radius * 0.7, radius * 0.7);
-    bezel.setColorAt(0, QColor(0xF2, 0xF5, 0xF8));
-    bezel.setColorAt(0.5, QColor(0xB4, 0xBE, 0xC9));
-    bezel.setColorAt(1, QColor(0x80, 0x8B, 0x98));
+    bezel.setColorAt(0, colours::bezelLight());
+    bezel.setColorAt(0.5, colours::bezelMiddle());
+    bezel.setColorAt(1, colours::bezelDark());
     painter.setBrush(bezel);
     painter.drawEllipse(QPointF(), radius, radius);
     QRadialGradient face(0, -radius * 0.3, radius * 1.3);
-    face.setColorAt(0, faceMiddle);
-    face.setColorAt(1, faceEdge);
+    face.setColorAt(0, colours::dialFace());
+    face.setColorAt(1, colours::dialEdge());
     painter.setBrush(face);
     painter.setPen(QPen(QColor(0x0D, 0x12, 0x18), radius * 0.012));
     painter.drawEllipse(QPointF(), radius * faceRadius, radius * faceRadius);
@@ -138,7 +133,7 @@ void CWKnob::PaintFace(QPainter& painter) const {
 
 void CWKnob::PaintMarks(QPainter& painter) const {
     const double radius = Radius();
-    const QColor ink = isEnabled() ? marking : dimmed;
+    const QColor ink = isEnabled() ? colours::dialMark() : colours::dialDimmed();
     const auto strokes = [&](double distance, double inner, double width) {
         painter.setPen(QPen(ink, radius * width, Qt::SolidLine, Qt::FlatCap));
         for (const double value : axis_.Multiples(distance)) {
@@ -161,7 +156,7 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
     QFont font = painter.font();
     font.setPixelSize(std::max(static_cast<int>(radius * numberSize), 7));
     painter.setFont(font);
-    painter.setPen(isEnabled() ? marking : dimmed);
+    painter.setPen(isEnabled() ? colours::dialMark() : colours::dialDimmed());
     const auto write = [&](const QPointF& place, const QString& text) {
         QRectF box(0, 0, radius, radius * 0.2);
         box.moveCenter(place);
@@ -176,14 +171,14 @@ void CWKnob::PaintNumbers(QPainter& painter) const {
         write(OnCircle(DegreesOf(value), radius * numberRadius),
               QString::fromStdString(ScreenText(value)));
     }
-    painter.setPen(dimmed);
+    painter.setPen(colours::dialCaption());
     write({0, radius * captionPlace}, caption_);
 }
 
 void CWKnob::PaintNeedle(QPainter& painter) const {
     painter.rotate(NeedleDegrees());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isEnabled() ? needle : dimmed);
+    painter.setBrush(isEnabled() ? colours::needle() : colours::dialDimmed());
     painter.drawPolygon(NeedleShape());
     const auto disc = [&](double radius, const QColor& colour) {
         painter.setBrush(colour);

@@ -173,7 +173,7 @@ void CWSlide::PaintFace(QPainter& painter) const {
 void CWSlide::PaintMarks(QPainter& painter) const {
     painter.setFont(LabelFont(font()));
     const QFontMetricsF metrics(painter.font());
-    painter.setPen(QPen(isEnabled() ? colours::ink : colours::disabledInk, 1));
+    painter.setPen(QPen(isEnabled() ? colours::ink() : colours::disabledInk(), 1));
     const bool vertical = Vertical();
     const double inner =
         (vertical ? GrooveWidth() / 2 : Scaled(slide::pointer)) + Scaled(slide::markGap);

@@ -1,7 +1,9 @@
 #include "platform/controls/form.h"
 
+#include "platform/controls/cw_button.h"
 #include "platform/events/event_gate.h"
 #include "platform/windows/colours.h"
+#include "platform/windows/font_following.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -24,8 +26,21 @@ QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text) {
     return label;
 }
 
+QLabel* MakeLabel(QWidget& control, const char* name, std::string_view text) {
+    QLabel* label = MakeLabel(control.parentWidget(), name, text);
+    label->setBuddy(&control);
+    return label;
+}
+
 QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption) {
     return Named(new QGroupBox(QString::fromUtf8(caption), parent), name);
+}
+
+CWButton* MakeLamp(QGroupBox& frame, const char* name) {
+    auto* lamp = Named(new CWButton(&frame), name);
+    lamp->setAccessibleName(QStringLiteral("%1, capturing").arg(frame.title()));
+    KeepBesideCaption(frame, *lamp);
+    return lamp;
 }
 
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
@@ -50,8 +65,8 @@ void KeepColours(QWidget& widget) {
 
 void KeepReadableDisabled(QWidget& frame) {
     QPalette palette = frame.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk);
+    palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk());
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk());
     frame.setPalette(palette);
 }
 
@@ -67,7 +82,7 @@ QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {
 QLabel* MakeWarning(QWidget* parent) {
     QLabel* warning = MakeLabel(parent, "lblWarning", "Comm failure: attempting re-sample");
     QPalette palette = warning->palette();
-    palette.setColor(QPalette::WindowText, colours::warning);
+    palette.setColor(QPalette::WindowText, colours::warning());
     warning->setPalette(palette);
     QFont bold;  // sets the weight alone, so that the size still follows the screen's
     bold.setBold(true);

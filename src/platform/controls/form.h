@@ -16,6 +16,8 @@ class QVBoxLayout;
 
 namespace orbkl4 {
 
+class CWButton;
+
 /// Gives `control` its control name.
 template <typename Control>
 Control* Named(Control* control, const char* name) {
@@ -29,8 +31,14 @@ QString MemberName(const char* array, int index);
 /// A label `name` that shows `text` (UTF-8, plain).
 QLabel* MakeLabel(QWidget* parent, const char* name, std::string_view text);
 
+/// As above, in the frame of `control`, whose label it is.
+QLabel* MakeLabel(QWidget& control, const char* name, std::string_view text);
+
 /// A frame `name` with the caption `caption` (UTF-8).
 QGroupBox* MakeFrame(QWidget* parent, const char* name, const char* caption);
+
+/// A lamp `name` to the right of the caption of `frame`, lit while what it stands for is captured.
+CWButton* MakeLamp(QGroupBox& frame, const char* name);
 
 /// A button `name` that runs `click`, an event handler, when it is pressed.
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,

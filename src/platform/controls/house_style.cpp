@@ -14,8 +14,10 @@
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <QStyleOptionGroupBox>
+#include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace orbkl4 {
 
@@ -36,13 +38,31 @@ bool HasTabularDigits(const QFont& font) {
 void PaintMoreArrows(QPainter& painter, const QRectF& box) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colours::ink, box.height() / 10));
+    painter.setPen(QPen(colours::ink(), box.height() / 10));
     const double half = box.height() / 5;
     for (const double left : {-half, half / 2}) {
         const QPointF tip = box.center() + QPointF(left + half, 0);
         painter.drawPolyline(
             QPolygonF{{tip - QPointF(half, half), tip, tip - QPointF(half, -half)}});
     }
+    painter.restore();
+}
+
+/// The outline of a control. Fusion's is a darker shade of the window, which is lost in a dark or
+/// black one.
+void PaintOutline(QPainter& painter, const QStyleOption& option, bool round = false) {
+    if (CurrentLook() == Look::Light) return;
+    const bool isChosenTab = qstyleoption_cast<const QStyleOptionTab*>(&option) != nullptr &&
+                             option.state.testFlag(QStyle::State_Selected);
+    const bool marked = option.state.testFlag(QStyle::State_Enabled) &&
+                        (option.state.testFlag(QStyle::State_HasFocus) || isChosenTab);
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const double corner = round ? box.height() / 2 : 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(marked ? colours::accent() : colours::line(), marked ? 2 : 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box, corner, corner);
     painter.restore();
 }
 
@@ -55,14 +75,16 @@ class HouseStyle final : public QProxyStyle {
                        const QWidget* widget) const override {
         if (element != PE_FrameGroupBox) {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
+            if (IsOutlined(element))
+                PaintOutline(*painter, *option, element == PE_IndicatorRadioButton);
             return;
         }
         constexpr double corner = 4;
         const bool enabled = option->state.testFlag(State_Enabled);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(cardLine, 1));
-        painter->setBrush(enabled ? card : colours::disabledBase);
+        painter->setPen(QPen(colours::cardLine(), 1));
+        painter->setBrush(enabled ? colours::card() : colours::disabledBase());
         const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
         painter->drawRoundedRect(box, corner, corner);
         painter->restore();
@@ -76,6 +98,15 @@ class HouseStyle final : public QProxyStyle {
         }
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         painter->restore();
+        if (control == CC_SpinBox || control == CC_ComboBox) PaintOutline(*painter, *option);
+    }
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (element == CE_ProgressBarGroove || element == CE_TabBarTabShape) {
+            PaintOutline(*painter, *option);
+        }
     }
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
@@ -133,13 +164,22 @@ class HouseStyle final : public QProxyStyle {
         return static_cast<int>(widget.fontMetrics().height() * ofLine);
     }
 
+    static bool IsOutlined(PrimitiveElement element) {
+        switch (element) {
+            case PE_PanelButtonCommand:
+            case PE_FrameLineEdit:
+            case PE_IndicatorCheckBox:
+            case PE_IndicatorRadioButton:
+            case PE_PanelMenu:
+            case PE_FrameTabWidget: return true;
+            default: return false;
+        }
+    }
+
     static QFont TitleFont(QFont font) {
         font.setWeight(QFont::DemiBold);
         return font;
     }
-
-    static constexpr QColor card{0xFB, 0xFC, 0xFD};
-    static constexpr QColor cardLine{0xD3, 0xDA, 0xE2};
 };
 
 QFont HouseFont(QFont font) {
@@ -156,35 +196,39 @@ QFont HouseFont(QFont font) {
 }
 
 QPalette HousePalette() {
-    QPalette palette(colours::window);
-    palette.setColor(QPalette::Window, colours::window);
-    palette.setColor(QPalette::WindowText, colours::ink);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor(0xF6, 0xF8, 0xFA));
-    palette.setColor(QPalette::Text, colours::ink);
-    palette.setColor(QPalette::PlaceholderText, colours::disabledInk);
-    palette.setColor(QPalette::Button, QColor(0xF4, 0xF6, 0xF9));
-    palette.setColor(QPalette::ButtonText, colours::ink);
-    palette.setColor(QPalette::Highlight, colours::accent);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::ToolTipBase, Qt::white);
-    palette.setColor(QPalette::ToolTipText, colours::ink);
-    palette.setColor(QPalette::Link, colours::accent);
-    palette.setColor(QPalette::Mid, colours::line);
+    QPalette palette(colours::button(), colours::window());
+    const std::pair<QPalette::ColorRole, QColor> roles[] = {
+        {QPalette::WindowText, colours::ink()},
+        {QPalette::Base, colours::base()},
+        {QPalette::AlternateBase, colours::otherBase()},
+        {QPalette::Text, colours::ink()},
+        {QPalette::PlaceholderText, colours::disabledInk()},
+        {QPalette::ButtonText, colours::ink()},
+        {QPalette::BrightText, colours::warning()},
+        {QPalette::Highlight, colours::accent()},
+        {QPalette::HighlightedText, colours::onAccent()},
+        {QPalette::ToolTipBase, colours::base()},
+        {QPalette::ToolTipText, colours::ink()},
+        {QPalette::Link, colours::accent()},
+        {QPalette::Mid, colours::line()},
+    };
+    for (const auto& [role, colour] : roles) palette.setColor(role, colour);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, colours::disabledInk);
+        palette.setColor(QPalette::Disabled, role, colours::disabledInk());
     }
-    palette.setColor(QPalette::Disabled, QPalette::Base, colours::disabledBase);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours::line);
+    palette.setColor(QPalette::Disabled, QPalette::Base, colours::disabledBase());
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours::line());
     return palette;
 }
 
 }  // namespace
 
-void ApplyHouseStyle() {
+void ApplyHouseStyle(Look look) {
+    UseLook(look);
     InstallAccessibleControls();
     QApplication::setStyle(new HouseStyle);
     QApplication::setPalette(HousePalette());
+    QToolTip::setPalette(HousePalette());
     QApplication::setFont(HouseFont(QApplication::font()));
 }
 

@@ -11,9 +11,6 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr QColor fluid{0xD8, 0x2B, 0x2B};
-constexpr QColor fluidDark{0xA3, 0x14, 0x18};
-
 /// The box around the part of the groove from `from` to `to`.
 QRectF GrooveBox(const QPointF& from, const QPointF& to, double width) {
     const double half = width / 2;
@@ -34,8 +31,8 @@ QPainterPath GlassOutline(const QLineF& track) {
 }  // namespace
 
 void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
-    painter.setPen(QPen(colours::line, 1));
-    painter.setBrush(enabled ? QColor(Qt::white) : colours::disabledBase);
+    painter.setPen(QPen(colours::line(), 1));
+    painter.setBrush(enabled ? colours::base() : colours::disabledBase());
     const double round = slide::groove / 2;
     painter.drawRoundedRect(GrooveBox(track.p1(), track.p2(), slide::groove), round, round);
 }
@@ -43,7 +40,7 @@ void PaintGroove(QPainter& painter, const QLineF& track, bool enabled) {
 void PaintLevel(QPainter& painter, const QLineF& track, const QPointF& place, bool enabled) {
     if (place == track.p1()) return;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? colours::accent : colours::line);
+    painter.setBrush(enabled ? colours::accent() : colours::line());
     const double width = slide::groove - 2;
     painter.drawRoundedRect(GrooveBox(track.p1(), place, width), width / 2, width / 2);
 }
@@ -56,7 +53,7 @@ void PaintArrow(QPainter& painter, const QPointF& place, bool vertical, bool ena
     const double far = near + slide::pointer;
     const double half = slide::pointer * 0.55;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? colours::ink : colours::disabledInk);
+    painter.setBrush(enabled ? colours::ink() : colours::disabledInk());
     painter.drawPolygon(QPolygonF{{QPointF(near, 0), QPointF(far, -half), QPointF(far, half)}});
     painter.restore();
 }
@@ -67,21 +64,21 @@ void PaintThumb(QPainter& painter, const QPointF& place, bool vertical, bool foc
                  vertical ? 2 * thickness : 2 * slide::pointer);
     thumb.moveCenter(place);
     if (focus) {
-        QColor ring = colours::accent;
+        QColor ring = colours::accent();
         ring.setAlpha(90);
         painter.setPen(QPen(ring, 3));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(thumb.adjusted(-2, -2, 2, 2), 6, 6);
     }
     QLinearGradient metal(thumb.topLeft(), thumb.bottomLeft());
-    metal.setColorAt(0, Qt::white);
-    metal.setColorAt(1, QColor(0xDD, 0xE3, 0xEA));
-    painter.setPen(QPen(focus ? colours::accent : colours::disabledInk, 1));
+    metal.setColorAt(0, colours::thumbLight());
+    metal.setColorAt(1, colours::thumbDark());
+    painter.setPen(QPen(focus ? colours::accent() : colours::disabledInk(), 1));
     painter.setBrush(metal);
     painter.drawRoundedRect(thumb, 4, 4);
     const QPointF along =
         vertical ? QPointF(slide::pointer - 5, 0) : QPointF(0, slide::pointer - 5);
-    painter.setPen(QPen(enabled ? colours::accent : colours::disabledInk, 2));
+    painter.setPen(QPen(enabled ? colours::accent() : colours::disabledInk(), 2));
     painter.drawLine(place - along, place + along);
 }
 
@@ -89,10 +86,10 @@ void PaintGlass(QPainter& painter, const QLineF& track) {
     const QPainterPath outline = GlassOutline(track);
     const QRectF box = outline.boundingRect();
     QLinearGradient glass(box.left(), 0, box.right(), 0);
-    glass.setColorAt(0, QColor(0xDF, 0xE6, 0xED));
-    glass.setColorAt(0.4, Qt::white);
-    glass.setColorAt(1, QColor(0xCF, 0xD8, 0xE1));
-    painter.setPen(QPen(QColor(0x93, 0x9F, 0xAC), 1.2));
+    glass.setColorAt(0, colours::glassShade());
+    glass.setColorAt(0.4, colours::glassLight());
+    glass.setColorAt(1, colours::glassShade());
+    painter.setPen(QPen(colours::glassEdge(), 1.2));
     painter.setBrush(glass);
     painter.drawPath(outline);
 }
@@ -101,13 +98,14 @@ void PaintFluid(QPainter& painter, const QLineF& track, const QPointF& place, bo
     const QPointF middle = track.p1() + QPointF(0, slide::bulb + 1);
     const double radius = slide::bulb - 4.5;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(enabled ? fluid : colours::line);
+    const QColor fluid = enabled ? colours::fluid() : colours::line();
+    painter.setBrush(fluid);
     const double width = slide::tube - 7;
     painter.drawRoundedRect(GrooveBox(middle, place + QPointF(0, width / 2), width), width / 2, 2);
     QRadialGradient ball(middle, radius, middle - QPointF(radius / 3, radius / 3));
-    ball.setColorAt(0, enabled ? QColor(0xFF, 0x7A, 0x70) : colours::line);
-    ball.setColorAt(0.5, enabled ? fluid : colours::line);
-    ball.setColorAt(1, enabled ? fluidDark : colours::disabledInk);
+    ball.setColorAt(0, fluid.lighter(135));
+    ball.setColorAt(0.5, fluid);
+    ball.setColorAt(1, fluid.darker(130));
     painter.setBrush(ball);
     painter.drawEllipse(middle, radius, radius);
     painter.setBrush(QColor(255, 255, 255, 110));

@@ -61,7 +61,7 @@ void TextField::paintEvent(QPaintEvent* event) {
     const int frame = hasFocus() ? 2 : 1;
     {
         QPainter painter(this);
-        painter.fillRect(rect(), hasFocus() ? colours::accent : colours::line);
+        painter.fillRect(rect(), hasFocus() ? colours::accent() : colours::line());
         painter.fillRect(rect().adjusted(frame, frame, -frame, -frame), palette().base());
     }
     QLineEdit::paintEvent(event);

@@ -31,8 +31,8 @@ QLabel* MakeHeading() {
     heading->setAutoFillBackground(true);
     heading->setContentsMargins(14, 6, 14, 6);
     QPalette palette = heading->palette();
-    palette.setColor(QPalette::Window, colours::accent);
-    palette.setColor(QPalette::WindowText, Qt::white);
+    palette.setColor(QPalette::Window, colours::heading());
+    palette.setColor(QPalette::WindowText, colours::onHeading());
     heading->setPalette(palette);
     QFont font = heading->font();
     font.setBold(true);

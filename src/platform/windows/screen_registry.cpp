@@ -4,6 +4,7 @@
 #include "platform/events/event_gate.h"
 #include "platform/events/mscomm.h"
 #include "platform/events/timer.h"
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/mdi_frame.h"
 #include "platform/windows/screen.h"
 
@@ -57,6 +58,12 @@ void RegisterScreen(const char* name, ScreenMaker make) {
     TheRegistry().makers.insert(QString::fromUtf8(name), make);
 }
 
+QStringList RegisteredScreens() {
+    QStringList names = TheRegistry().makers.keys();
+    names.sort();
+    return names;
+}
+
 void PlaceScreensIn(MdiFrame* frame) { TheRegistry().frame = frame; }
 
 Screen* LoadScreen(const char* name) {
@@ -69,6 +76,7 @@ Screen* LoadScreen(const char* name) {
               std::string("There is no screen named \"") + name + "\"");
     }
     Screen* screen = make();
+    CompleteNames(*screen);
     registry.loaded.insert(key, screen);
     screen->Form_Load();
     return screen;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 #include <string>
 
 namespace orbkl4 {
@@ -12,6 +14,9 @@ using ScreenMaker = Screen* (*)();
 
 /// Makes the screen `name` known to the functions below.
 void RegisterScreen(const char* name, ScreenMaker make);
+
+/// The names of all registered screens, in alphabetical order.
+QStringList RegisteredScreens();
 
 /// The frame in and over which screens are shown from now on.
 void PlaceScreensIn(MdiFrame* frame);

@@ -2,13 +2,13 @@
 
 #include "base/arithmetic.h"
 #include "link/logic/frame_check.h"
+#include "link/logic/words.h"
 
 #include <cmath>
 
 namespace orbkl4 {
 
 bool CheckTemperatureReply(const Bytes& reply, Sample& sample, double& word) {
-    constexpr double wordValues = 65536;
     word = WordAt(reply, 1);
     sample.HeaderGyro = ByteAt(reply, 0);
     sample.TicksGyro = WordAt(reply, 3);
@@ -17,7 +17,7 @@ bool CheckTemperatureReply(const Bytes& reply, Sample& sample, double& word) {
     return sample.CalcChecksumGyro == sample.ChecksumGyro;
 }
 
-double CelsiusOf(double word) { return RoundTo((word * 5 / 65536 - 0.5) * 100, 1); }
+double CelsiusOf(double word) { return RoundTo((word * 5 / wordValues - 0.5) * 100, 1); }
 
 double FahrenheitOf(double celsius) { return RoundTo(celsius * 9 / 5 + 32, 1); }
 

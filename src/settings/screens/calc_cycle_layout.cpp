@@ -79,6 +79,7 @@ QGroupBox* CalcCycle::BuildManualSet() {
         auto* number = Named(new CWNumEdit(frame), factor.name);
         number->Limits(1, factor.maximum);
         number->WholeNumbers(true);
+        number->setAccessibleName(QStringLiteral("EEPROM address %1").arg(factor.address));
         factors_.at(static_cast<std::size_t>(row - 2)) = number;
         addLabel(ScreenText(factor.address), row, 1);
         grid->addWidget(number, row, 2, Qt::AlignVCenter);
@@ -108,7 +109,7 @@ QLayout* CalcCycle::BuildInterval() {
     txtCC_->Characters(longestText);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
-    row->addWidget(MakeLabel(this, "lblCC", "Current Timer Tick Interval"));
+    row->addWidget(MakeLabel(*txtCC_, "lblCC", "Current Timer Tick Interval"));
     row->addWidget(txtCC_);
     row->addWidget(MakeLabel(this, "lblMsec", "msec"));
     KeepFontScaled(*txtCC_, readoutGrowth);

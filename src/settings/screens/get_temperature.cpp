@@ -37,6 +37,7 @@ void GetTemperature::BuildLayout() {
     slide_ = Named(new CWSlide(this), "SlideDegreesC");
     slide_->SetAxis(thermometer);
     slide_->Style(CWSlide::Look::Thermometer);
+    slide_->setAccessibleName(QStringLiteral("Thermometer, \u00b0C"));
     slide_->setMinimumHeight(leastHeight);
     auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
     auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
@@ -89,7 +90,7 @@ TextField* GetTemperature::AddField(QGridLayout& grid, const char* name, const c
     const int row = grid.rowCount();
     grid.setRowStretch(row, 1);
     grid.addWidget(field, row, 0, Qt::AlignVCenter);
-    grid.addWidget(MakeLabel(this, labelName, caption), row, 1);
+    grid.addWidget(MakeLabel(*field, labelName, caption), row, 1);
     return field;
 }
 

@@ -33,7 +33,7 @@ void SetWriteRate::BuildLayout() {
     auto* rows = new QGridLayout(frame);
     rows->addWidget(chkUnrestricted_, 0, 0, 1, 2);
     rows->addWidget(numEditRate_, 1, 0);
-    rows->addWidget(new QLabel(QStringLiteral("Samples per Second"), frame), 1, 1);
+    rows->addWidget(MakeLabel(*numEditRate_, "", "Samples per Second"), 1, 1);
     QPushButton* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
     DefaultButton(*cmdOK);
     auto* buttons = new QHBoxLayout;

@@ -1,3 +1,4 @@
+#include "platform/controls/house_style.h"
 #include "platform/windows/screen_registry.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
@@ -28,9 +29,11 @@ QSize LeastSize(const Screen& screen) {
 }  // namespace
 
 TEST_F(Sizes, NoScreenIsCutInAWindowOfAnySize) {
+    ApplyHouseStyle();
     frame.show();
-    for (const QSize& window : {QSize(960, 600), QSize(1024, 652), QSize(1366, 720),
-                                QSize(1904, 1032), QSize(3840, 1080)}) {
+    for (const QSize& window :
+         {QSize(960, 600), QSize(1024, 652), QSize(1090, 900), QSize(1240, 760), QSize(1366, 720),
+          QSize(1500, 640), QSize(1904, 1032), QSize(3840, 1080)}) {
         frame.resize(window);
         ASSERT_TRUE(WaitFor([&] { return frame.size() == window; }));
         for (const char* name : children) {

@@ -1,0 +1,172 @@
+#include "platform/windows/colours.h"
+
+#include "platform/controls/colour.h"
+#include "platform/controls/cw_graph.h"
+#include "platform/controls/house_style.h"
+#include "platform/controls/text_field.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace orbkl4 {
+namespace {
+
+using namespace colours;
+
+constexpr std::array looks{Look::Light, Look::Dark, Look::ContrastLight, Look::ContrastDark};
+
+/// The relative luminance of `colour` by WCAG 2, from 0 (black) to 1 (white).
+double Luminance(const QColor& colour) {
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// The contrast of two colours by WCAG 2, from 1 to 21.
+double Contrast(const QColor& one, const QColor& other) {
+    const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+TEST(Colours, ContrastIsThatOfTheStandard) {
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
+    EXPECT_NEAR(Contrast(Qt::white, QColor(0x76, 0x76, 0x76)), 4.54, 0.005);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::white), 4.00, 0.005);
+}
+
+struct Pair {
+    const char* what;
+    Tint front;
+    std::vector<Tint> backs;
+};
+
+void ExpectContrast(const std::vector<Pair>& pairs, double usual, double high) {
+    for (const Look look : looks) {
+        const double least = IsContrast(look) ? high : usual;
+        for (const Pair& pair : pairs)
+            for (const Tint& back : pair.backs)
+                EXPECT_GE(Contrast(pair.front(look), back(look)), least)
+                    << pair.what << " on " << back(look).name().toStdString() << " in look "
+                    << static_cast<int>(look);
+    }
+}
+
+TEST(Colours, TextIsReadableInEveryLook) {
+    ExpectContrast(
+        {
+            {"text", ink, {window, base, otherBase, card, button, unused, modified, thumbDark}},
+            {"marked text", onAccent, {accent}},
+            {"heading", onHeading, {heading}},
+            {"warning", warning, {window, base}},
+            {"link", accent, {base}},
+            {"numbers of a dial", dialMark, {dialFace, dialEdge}},
+            {"caption of a dial", dialCaption, {dialFace, dialEdge}},
+            {"disabled text to be read", paleInk, {disabledBase, card, window}},
+        },
+        4.5, 7);
+}
+
+TEST(Colours, DisabledTextCanBeMadeOut) {
+    ExpectContrast(
+        {
+            {"disabled text", disabledInk, {window, base, card, button, disabledBase, unused}},
+            {"disabled text to be read", paleInk, {unused, modified}},
+            {"numbers of a disabled dial", dialDimmed, {dialFace, dialEdge}},
+        },
+        3, 7);
+}
+
+TEST(Colours, LargeMarksCanBeMadeOut) {
+    ExpectContrast(
+        {
+            {"level, focus frame", accent, {base, card, window}},
+            {"mark of the thumb", accent, {thumbLight, thumbDark}},
+            {"needle", needle, {dialFace, dialEdge}},
+            {"fluid", fluid, {glassLight, glassShade}},
+            {"glass", glassEdge, {card}},
+            {"lit lamp and dark lamp", litCore, {darkCore, darkRim}},
+            {"plot 1", plot1, {base}},
+            {"plot 2", plot2, {base}},
+            {"plot 3", plot3, {base}},
+            {"plot 4", plot4, {base}},
+            {"axis X", axisX, {window, axisBorder}},
+            {"axis Y", axisY, {window, axisBorder}},
+            {"axis Z", axisZ, {window, axisBorder}},
+        },
+        3, 4.5);
+    for (const Look look : {Look::ContrastLight, Look::ContrastDark})
+        for (const Tint& border : {line, cardLine})
+            EXPECT_GE(Contrast(border(look), window(look)), 7);
+}
+
+TEST(Colours, KeepTheMeaningOfFieldBackgrounds) {
+    // In the light look the numbers are the colours.
+    EXPECT_EQ(modified(Look::Light), QColor(0xFF, 0xC0, 0xC0));
+    EXPECT_EQ(unused(Look::Light), QColor(0xE0, 0xE0, 0xE0));
+    for (const Look look : looks) {
+        const QColor red = modified(look);
+        EXPECT_GT(red.red(), red.green() + 40);
+        EXPECT_GT(red.red(), red.blue() + 40);
+        EXPECT_NE(unused(look), base(look));
+        EXPECT_NE(modified(look), base(look));
+    }
+}
+
+struct LookRow {
+    QRgb text;
+    QRgb window;
+    const char* names;
+    Look look;
+};
+
+TEST(Looks, FollowTheDesktop) {
+    const LookRow rows[] = {
+        {0xFF000000, 0xFFEFEFEF, "", Look::Light},
+        {0xFF232629, 0xFFEFF0F1, "'Adwaita' 'default'", Look::Light},
+        {0xFFFCFCFC, 0xFF2A2E32, "", Look::Dark},
+        {0xFF000000, 0xFFEFEFEF, "Adwaita:dark", Look::Dark},
+        {0xFF000000, 0xFFEFEFEF, "'Adwaita' 'prefer-dark'", Look::Dark},
+        {0xFF000000, 0xFFFFFFFF, "", Look::ContrastLight},
+        {0xFFFFFFFF, 0xFF000000, "", Look::ContrastDark},
+        {0xFF000000, 0xFFEFEFEF, "HighContrast", Look::ContrastLight},
+        {0xFF000000, 0xFFEFEFEF, "HighContrastInverse", Look::ContrastDark},
+        {0xFF000000, 0xFFEFEFEF, "'Adwaita' 'prefer-dark' contrast", Look::ContrastDark},
+    };
+    for (const LookRow& row : rows) {
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, QColor(row.text));
+        palette.setColor(QPalette::Window, QColor(row.window));
+        EXPECT_EQ(LookOf(palette, row.names), row.look) << row.names << ' ' << row.text;
+    }
+}
+
+class LooksOfControls : public testing::Test {
+  protected:
+    ~LooksOfControls() override { ApplyHouseStyle(Look::Light); }
+};
+
+TEST_F(LooksOfControls, ReachThePaletteFieldsAndGraph) {
+    for (const Look look : looks) {
+        ApplyHouseStyle(look);
+        EXPECT_EQ(QApplication::palette().color(QPalette::Window), window(look));
+        EXPECT_EQ(QApplication::palette().color(QPalette::Text), ink(look));
+        TextField field;
+        field.BackColorText(unusedBackground);
+        EXPECT_EQ(field.palette().color(QPalette::Base), unused(look));
+        field.BackColorText(modifiedBackground);
+        EXPECT_EQ(field.palette().color(QPalette::Base), modified(look));
+        EXPECT_EQ(field.BackColorText(), modifiedBackground);
+        CWGraph graph(1);
+        graph.resize(300, 200);
+        const QImage drawn = graph.toPixmap(300, 200).toImage();
+        EXPECT_EQ(drawn.pixelColor(1, 1), base(look));
+    }
+}
+
+}  // namespace
+}  // namespace orbkl4
