@@ -120,6 +120,7 @@ void Guide::Answer(QMessageBox& box) {
 }
 
 void Guide::Answer(QFileDialog& dialog) {
+    if (!std::exchange(fileDialogSeen_, true)) Keep(dialog.grab(), QStringLiteral("save-as"));
     dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(saveIn_);
     auto* buttons = dialog.findChild<QDialogButtonBox*>();
     PressSoon(*buttons->button(QDialogButtonBox::Save));

@@ -66,6 +66,7 @@ class Guide {
     QStringList complaints_;
     QPointer<QWidget> answered_;
     QTimer lookout_;
+    bool fileDialogSeen_ = false;
     int pictureCount_ = 0;
 };
 

@@ -37,10 +37,19 @@ struct ToolStop {
     const char* idle;   ///< the entry that is enabled when the work is done; empty: watch a moment
     const char* leave;  ///< the entry or button that leaves it
     int watchMilliseconds;
+    void (*finally)(Guide& guide) = nullptr;  ///< what is done before it is left
 };
 
+void LookAtMatrix(Guide& guide) {
+    guide.Choose("mnuViewMatrix");
+    Guide::Watch(glanceMilliseconds);
+    guide.TakePicture(QStringLiteral("view-matrix"));
+    guide.Choose("mnuClose");
+    Guide::Watch(glanceMilliseconds);
+}
+
 constexpr ToolStop toolStops[] = {
-    {"mnuEEPROMmap", "eeprom-map", "mnuRead", "mnuRead", "mnuReturn", 0},
+    {"mnuEEPROMmap", "eeprom-map", "mnuRead", "mnuRead", "mnuReturn", 0, LookAtMatrix},
     {"mnuGetVersionSerial", "version-serial", "", "", "cmdOK", 0},
     {"mnuGetTemperature", "temperature", "cmdGet", "", "cmdOK", 500},
     {"mnuHardIronCal", "hard-iron", "mnuCollect", "", "mnuReturn", 4000},
@@ -95,6 +104,7 @@ void VisitTool(Guide& guide, const ToolStop& stop) {
     Guide::Watch(stop.watchMilliseconds);
     if (*stop.idle != '\0') guide.WatchUntilEnabled(stop.idle, patienceSeconds);
     guide.TakePicture(QLatin1String(stop.name));
+    if (stop.finally != nullptr) stop.finally(guide);
     Do(guide, stop.leave);
     Guide::Watch(glanceMilliseconds);
 }

@@ -19,7 +19,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int rowGap = 4;    // between rows of fields, in pixels
+constexpr int rowGap = 3;    // between rows of fields, in pixels
 constexpr int groupGap = 6;  // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 
@@ -37,14 +37,14 @@ QLabel* MakeFieldLabel(QWidget* control, const char* text) {
     return label;
 }
 
-/// Fills a panel's grid: one labelled field per row, except for the elements of a matrix.
+/// Fills a panel's grid: one labelled field per row and column, except for the elements of a
+/// matrix.
 class PanelFiller {
   public:
     PanelFiller(QWidget* frame, const TextPanel& panel)
         : frame_(frame), panel_(panel), grid_(new QGridLayout(frame)) {
         constexpr int columnGap = 12;
-        grid_->setColumnStretch(0, 3);
-        grid_->setColumnStretch(1, 2);
+        ShareWidth();
         grid_->setHorizontalSpacing(columnGap);
         grid_->setVerticalSpacing(rowGap);
     }
@@ -52,12 +52,13 @@ class PanelFiller {
     TextField* Add(const TextRow& row) {
         TextField* field = MakeField(frame_, row.name, panel_.decimals);
         QLabel* label = MakeFieldLabel(field, row.label);
-        if (row.startsGroup) grid_->addItem(new QSpacerItem(0, groupGap), row_++, 0);
+        if (row.startsGroup) StartGroup();
+        ++fields_;
         if (panel_.layout == TextPanel::Layout::Matrix && row.label[0] == 'M') {
             AddElement(row.label, label, field);
         } else {
-            grid_->addWidget(label, row_, 0);
-            grid_->addWidget(field, row_, 1, Qt::AlignVCenter);  // lets the row grow
+            grid_->addWidget(label, row_, column_);
+            grid_->addWidget(field, row_, column_ + 1, Qt::AlignVCenter);  // lets the row grow
             grid_->setRowStretch(row_++, 1);
         }
         return field;
@@ -66,11 +67,32 @@ class PanelFiller {
     /// Keeps few rows from spreading over the whole height of the panel.
     void Finish() {
         constexpr int rowsBelow = 4;
-        grid_->setRowStretch(row_, rowsBelow);
+        grid_->setRowStretch(grid_->rowCount(), rowsBelow);
         TabThrough(elements_);
     }
 
   private:
+    /// Divides the width of the current column between label and field.
+    void ShareWidth() {
+        grid_->setColumnStretch(column_, 3);
+        grid_->setColumnStretch(column_ + 1, 2);
+    }
+
+    /// Leaves a gap. The second column starts with a group of the second half, beside the first
+    /// one.
+    void StartGroup() {
+        if (firstGroup_ < 0) firstGroup_ = row_;
+        const bool half = 2 * fields_ >= panel_.rows.size();
+        if (panel_.layout == TextPanel::Layout::TwoColumns && half && column_ == 0) {
+            constexpr int gap = 24;
+            column_ = 3;
+            row_ = firstGroup_;
+            grid_->setColumnMinimumWidth(column_ - 1, gap);
+            ShareWidth();
+        }
+        grid_->addItem(new QSpacerItem(0, groupGap), row_++, column_);
+    }
+
     /// Puts the element `name`, such as "M21", in its place among the nine, its label above it.
     void AddElement(std::string_view name, QLabel* label, TextField* field) {
         constexpr int narrow = 8;
@@ -96,6 +118,9 @@ class PanelFiller {
     QGridLayout* matrix_ = nullptr;
     QList<QWidget*> elements_;  ///< of the matrix, by rows
     int row_ = 0;
+    int column_ = 0;
+    int firstGroup_ = -1;  ///< the row of its gap
+    std::size_t fields_ = 0;
 };
 
 QWidget* BuildDial(QWidget* screen, const DialRow& row) {

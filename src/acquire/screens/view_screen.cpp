@@ -34,12 +34,6 @@ void ViewScreen::BuildLayout() {
     for (const TextPanel& panel : view_.panels) {
         panels->addWidget(BuildPanel(this, panel, panels_.emplace_back()), 1);
     }
-    const bool alone = view_.panels.size() == 1 && view_.slides.empty();
-    if (alone) {  // as wide as one of two panels
-        panels->insertStretch(0, 1);
-        panels->setStretch(1, 2);
-        panels->addStretch(1);
-    }
     if (!view_.slides.empty()) panels->addWidget(BuildSlides(this, view_.slides, slides_), 2);
     auto* bottom = new QHBoxLayout;
     if (!view_.dials.empty()) {

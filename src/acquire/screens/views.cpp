@@ -210,7 +210,7 @@ constexpr auto anglesAccRateRows = std::to_array<TextRow>({
 });
 
 constexpr auto anglesAccRatePanels = std::to_array<TextPanel>({
-    {"fraData", "Angles and Vectors", "LED", 4, anglesAccRateRows},
+    {"fraData", "Angles and Vectors", "LED", 4, anglesAccRateRows, TwoColumns},
 });
 
 constexpr auto oneChannelMenu = std::to_array<MenuRow>({

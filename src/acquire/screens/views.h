@@ -20,14 +20,15 @@ struct TextRow {
 
 /// A frame of text fields, in the order in which they are filled.
 struct TextPanel {
-    enum class Layout : std::uint8_t { Rows, Matrix };
+    /// One column of rows; the same with the fields labelled "M11" to "M33" as a grid; two columns.
+    enum class Layout : std::uint8_t { Rows, Matrix, TwoColumns };
 
     const char* name;
     const char* caption;
     const char* led;  ///< the lamp beside the caption
     int decimals;     ///< room for as many in all fields, so that points stand in one column
     std::span<const TextRow> rows;
-    Layout layout = Layout::Rows;  ///< of a matrix: the fields labelled "M11" to "M33" are a grid
+    Layout layout = Layout::Rows;
 };
 
 /// A slide with its label and the number that it shows.

@@ -12,6 +12,7 @@
 #include "state/app_state.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -72,12 +73,12 @@ SelfTest::SelfTest() : Screen("SelfTest", "Self Test") {
 }
 
 void SelfTest::BuildLayout() {
-    auto* left = new QVBoxLayout;
-    left->addWidget(BuildPanel(this, panel, fields_), 1);
-    left->addWidget(BuildShift());
+    auto* right = new QVBoxLayout;
     auto* panels = new QHBoxLayout;
-    panels->addLayout(left, 1);
-    panels->addWidget(BuildGraph(), 2);
+    panels->addWidget(BuildPanel(this, panel, fields_), 1);
+    panels->addLayout(right, 2);
+    right->addWidget(BuildGraph(), 1);
+    right->addWidget(BuildShift());
     auto* column = new QVBoxLayout(this);
     column->addLayout(panels, 1);
     column->addWidget(MakeWarning(this), 0, Qt::AlignRight);
@@ -86,15 +87,18 @@ void SelfTest::BuildLayout() {
 
 QGroupBox* SelfTest::BuildShift() {
     auto* frame = MakeFrame(this, "fraShift", "Shift");
-    auto* column = new QVBoxLayout(frame);
+    constexpr int columns = 2;
+    auto* grid = new QGridLayout(frame);
     for (std::size_t i = 0; const SelfTestShift& shift : selfTestShifts) {
         auto* check = new QCheckBox(ToQString(shift.caption), frame);
         check->setObjectName(ToQString(shift.control));
-        column->addWidget(check);
+        const auto place = static_cast<int>(i);
+        grid->addWidget(check, place / columns, place % columns);
         checks_.at(i++) = check;
     }
     lblSelfTestByte_ = MakeLabel(frame, "lblSelfTestByte", "0");
-    column->addWidget(lblSelfTestByte_, 0, Qt::AlignRight);
+    grid->addWidget(lblSelfTestByte_, 0, columns, columns, 1, Qt::AlignRight | Qt::AlignVCenter);
+    for (int column = 0; column <= columns; ++column) grid->setColumnStretch(column, 1);
     KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
     frame->setEnabled(false);
     return frame;

@@ -13,6 +13,7 @@
 #include "platform/system/end_process.h"
 #include "platform/system/folders.h"
 #include "platform/windows/boxes.h"
+#include "platform/windows/font_following.h"
 #include "platform/windows/screen_registry.h"
 #include "platform/windows/shell.h"
 #include "state/app_state.h"
@@ -116,9 +117,7 @@ QString HelpPath() {
 QLabel* MakeCaption(QWidget* screen, const char* name, const char* text, double growth) {
     QLabel* label = MakeLabel(screen, name, text);
     label->setAlignment(Qt::AlignCenter);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * growth);
-    label->setFont(font);
+    KeepFontScaled(*label, growth, QFont::Normal);
     return label;
 }
 

@@ -66,31 +66,28 @@ Analog::Analog()
 }
 
 void Analog::BuildLayout() {
-    constexpr int gap = 24;
+    constexpr int gap = 28;
     auto* grid = new QGridLayout(fraAnalog_);
     grid->setHorizontalSpacing(gap);
+    for (const int edge : {0, 5}) grid->setColumnStretch(edge, 1);
     KeepReadableDisabled(*fraAnalog_);
-    grid->addWidget(MakeLabel(*cmbFunction_, "lblFunction", "Select Function"), 0, 0);
-    grid->addWidget(cmbFunction_, 0, 1, 1, 3, Qt::AlignVCenter);
+    grid->addWidget(MakeLabel(*cmbFunction_, "lblFunction", "Select Function"), 0, 1);
+    grid->addWidget(cmbFunction_, 0, 2, 1, 3, Qt::AlignVCenter);
     int column = 1;
     for (const char* header : {"Adjustable Values", "Range", "EEPROM"}) {
         auto* label = MakeLabel(fraAnalog_, ("lblColumn" + std::to_string(column)).c_str(), header);
         QFont bold = label->font();
         bold.setBold(true);
         label->setFont(bold);
-        grid->addWidget(label, 1, column++);
+        grid->addWidget(label, 1, 1 + column++);
     }
     int row = 2;
     for (const AnalogWord& word : analogWords) AddWordRow(*grid, row++, word);
     for (int i = 0; i < row; ++i) grid->setRowStretch(i, 1);
 
-    auto* rows = new QVBoxLayout;
+    auto* rows = MakeMiddleColumn(this);
     rows->addWidget(fraAnalog_, 1);
     rows->addWidget(progress_.Frame());
-    auto* centred = new QHBoxLayout(this);
-    centred->addStretch(1);
-    centred->addLayout(rows, 2);
-    centred->addStretch(1);
 }
 
 void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
@@ -103,10 +100,10 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
     const std::string rangeName = isCommand ? "lblCommandByte" : "lblRange" + address;
     QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
     if (isCommand) lblCommandByte_ = range;
-    grid.addWidget(MakeLabel(*field, ("lblWord" + address).c_str(), word.label), row, 0);
-    grid.addWidget(field, row, 1, Qt::AlignVCenter);
-    grid.addWidget(range, row, 2);
-    grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 3);
+    grid.addWidget(MakeLabel(*field, ("lblWord" + address).c_str(), word.label), row, 1);
+    grid.addWidget(field, row, 2, Qt::AlignVCenter);
+    grid.addWidget(range, row, 3);
+    grid.addWidget(MakeLabel(fraAnalog_, ("lblAddress" + address).c_str(), address), row, 4);
 }
 
 CWNumEdit& Analog::FieldOf(eeprom::Address address) const {

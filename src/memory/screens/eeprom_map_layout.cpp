@@ -37,7 +37,8 @@ constexpr auto secondFrameRows = static_cast<int>(RowsAt(firstFrameFields));
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
-constexpr QSize designSize(960, 520);
+constexpr int rowGap = 4;
+constexpr QSize designSize(1010, 530);
 
 }  // namespace
 
@@ -45,6 +46,7 @@ void EEPROMmap::BuildLayout() {
     setAttribute(Qt::WA_Hover);
     auto* first = new QGridLayout(fraEEPROMAddresses1_);
     auto* second = new QGridLayout(fraEEPROMAddresses_);
+    for (QGridLayout* grid : {first, second}) grid->setVerticalSpacing(rowGap);
     for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
         if (index < firstFrameFields) {
             AddField(*first, index, firstFrameRows);

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int tickMilliseconds = 1000;
 constexpr double greatestGain = 65535;
+constexpr QSize designSize(720, 400);
 
 constexpr auto menuTree = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
@@ -53,7 +54,7 @@ Gains::Gains()
       timerWrite_(this, "TimerWrite", tickMilliseconds) {
     BuildMenu(menuTree);
     BuildLayout();
-    DesignSizeOfLayout();
+    DesignSize(designSize);
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Gains::mnuRead_Click);
     connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Gains::mnuWrite_Click);
     connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Gains::mnuReturn_Click);
@@ -62,11 +63,11 @@ Gains::Gains()
 }
 
 void Gains::BuildLayout() {
-    constexpr int gap = 24;
+    constexpr int gap = 28;
+    constexpr int rowsBelow = 2;
     auto* grid = new QGridLayout(fraGain_);
-    grid->setSpacing(gap);
-    grid->setContentsMargins(gap, gap, gap, gap);
-    grid->setColumnStretch(0, 1);
+    grid->setHorizontalSpacing(gap);
+    for (const int edge : {0, 4}) grid->setColumnStretch(edge, 1);
     KeepReadableDisabled(*fraGain_);
     for (std::size_t i = 0; i < gainRows.size(); ++i) {
         const auto& [label, address] = gainRows.at(i);
@@ -77,19 +78,15 @@ void Gains::BuildLayout() {
         fields_.at(i) = field;
         const std::string names[] = {std::string("lblGain") + address,
                                      std::string("lblAddress") + address};
-        grid->addWidget(MakeLabel(*field, names[0].c_str(), label), row, 0);
-        grid->addWidget(field, row, 1);
-        grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 2);
+        grid->addWidget(MakeLabel(*field, names[0].c_str(), label), row, 1);
+        grid->addWidget(field, row, 2, Qt::AlignVCenter);
+        grid->addWidget(MakeLabel(fraGain_, names[1].c_str(), address), row, 3);
     }
-    auto* column = new QVBoxLayout;
-    column->addStretch(2);
-    column->addWidget(fraGain_);
+    for (int row = 0; row < grid->rowCount(); ++row) grid->setRowStretch(row, 1);
+    grid->setRowStretch(grid->rowCount(), rowsBelow);
+    auto* column = MakeMiddleColumn(this);
+    column->addWidget(fraGain_, 1);
     column->addWidget(progress_.Frame());
-    column->addStretch(3);
-    auto* centred = new QHBoxLayout(this);
-    centred->addStretch(2);
-    centred->addLayout(column, 3);
-    centred->addStretch(2);
 }
 
 void Gains::Form_Load() {

@@ -12,7 +12,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int diameter = 22;
+constexpr double diameter = 1.35;  // of a lamp, in heights of a line of text
 
 struct Glass {
     QColor core;  ///< colour of the middle
@@ -74,7 +74,10 @@ void CWButton::Value(bool lit) {
     Q_EMIT ValueChanged(lit);
 }
 
-QSize CWButton::sizeHint() const { return {diameter, diameter}; }
+QSize CWButton::sizeHint() const {
+    const int side = qRound(fontMetrics().height() * diameter);
+    return {side, side};
+}
 
 void CWButton::paintEvent(QPaintEvent* /*event*/) {
     const int side = std::min(width(), height());

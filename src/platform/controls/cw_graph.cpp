@@ -17,9 +17,7 @@ constexpr int frameMilliseconds = 17;  // just under 60 drawings a second
 constexpr std::array lineStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
 constexpr std::array plotColours{colours::plot1, colours::plot2, colours::plot3, colours::plot4};
 
-void StyleAxis(QCPAxis& axis, const QFont& font) {
-    axis.setLabelFont(font);
-    axis.setTickLabelFont(font);
+void StyleAxis(QCPAxis& axis) {
     axis.setLabelColor(colours::ink());
     axis.setTickLabelColor(colours::ink());
     for (const auto setPen :
@@ -39,13 +37,14 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
     setPlottingHint(QCP::phFastPolylines);
     setNoAntialiasingOnDrag(true);
     for (std::size_t plot = 0; plot < plots; ++plot) AddPlot(plot);
-    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis, font());
+    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis);
     for (QCPAxis* axis : {xAxis2, yAxis2}) {
         axis->setVisible(true);
         axis->setTicks(false);
         axis->setBasePen(QPen(colours::line(), 1));
     }
     xAxis->setRange(rangeX_);
+    FollowFont();
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(frameMilliseconds);
     connect(&drawTimer_, &QTimer::timeout, this, &CWGraph::Draw);
@@ -83,10 +82,26 @@ void CWGraph::PlotName(std::size_t plot, const QString& name) {
         plotLayout()->setColumnStretchFactor(1, 0.001);
         legend->setBorderPen(Qt::NoPen);
         legend->setBrush(colours::base());
-        legend->setFont(font());
         legend->setTextColor(colours::ink());
         legend->setVisible(true);
     }
+    DrawSoon();
+}
+
+void CWGraph::FollowFont() {
+    for (QCPAxis* axis : {xAxis, yAxis}) {
+        axis->setLabelFont(font());
+        axis->setTickLabelFont(font());
+    }
+    const int line = fontMetrics().height();
+    legend->setFont(font());
+    legend->setIconSize(2 * line, line);
+}
+
+void CWGraph::changeEvent(QEvent* event) {
+    QCustomPlot::changeEvent(event);
+    if (event->type() != QEvent::FontChange) return;
+    FollowFont();
     DrawSoon();
 }
 

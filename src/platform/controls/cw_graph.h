@@ -46,7 +46,11 @@ class CWGraph : public QCustomPlot {
     /// The values of the last read with the names of their plots; empty if there is none.
     QString LastRead() const;
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    void FollowFont();
     void DrawSoon();
     void Draw();
     void AddPlot(std::size_t plot);

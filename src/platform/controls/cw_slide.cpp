@@ -3,11 +3,13 @@
 #include "base/number_text.h"
 #include "platform/controls/slide_painting.h"
 #include "platform/windows/colours.h"
+#include "platform/windows/resize.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTransform>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -17,7 +19,8 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr double edge = 2;  // between picture and widget border, in pixels
+constexpr double edge = 2;          // between picture and widget border, in pixels
+constexpr double usualPoints = 10;  // size of the font for which the slide is drawn
 constexpr int stepsPerPage = 10;
 
 /// The text beside a mark.
@@ -38,6 +41,7 @@ QFont LabelFont(QFont font) {
 
 CWSlide::CWSlide(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    Forget();
 }
 
 void CWSlide::SetAxis(const Axis& axis) {
@@ -81,14 +85,16 @@ void CWSlide::Value(double value) {
 }
 
 double CWSlide::GrooveWidth() const {
-    return look_ == Look::Thermometer ? slide::tube : slide::groove;
+    return Scaled(look_ == Look::Thermometer ? slide::tube : slide::groove);
 }
 
 double CWSlide::PointerRoom() const {
-    return look_ == Look::Thermometer ? slide::bulb + 1 : slide::groove / 2 + slide::pointer;
+    return Scaled(look_ == Look::Thermometer ? slide::bulb + 1
+                                             : slide::groove / 2 + slide::pointer);
 }
 
 void CWSlide::Forget() {
+    scale_ = std::max(1.0, font().pointSizeF() / usualPoints * DisplayScale(*this));
     track_ = {};
     face_.Forget();
 }
@@ -100,9 +106,9 @@ const QLineF& CWSlide::Track() const {
 
 QRect CWSlide::PointerBox() const {
     if (look_ == Look::Thermometer || Interactive()) return rect();
-    constexpr double reach = slide::pointer + 2;
+    const double reach = Scaled(slide::pointer + 2 + slide::groove);
     const QPointF place = PlaceOf(value_);
-    const QPointF corner(reach + slide::groove, reach + slide::groove);
+    const QPointF corner(reach, reach);
     return QRectF(place - corner, place + corner).toAlignedRect();
 }
 
@@ -111,27 +117,28 @@ QLineF CWSlide::MakeTrack() const {
     const QFontMetricsF metrics(LabelFont(font()));
     const double halfLabel = metrics.height() / 2;
     if (Vertical()) {
-        const double labels = LabelWidth(axis_, metrics) + 3 + mark + markGap + GrooveWidth() / 2;
+        const double labels =
+            LabelWidth(axis_, metrics) + Scaled(3 + mark + markGap) + GrooveWidth() / 2;
         const double across = labels + PointerRoom();
         const double x = std::max((width() - across) / 2, edge) + labels;
-        const double end = std::max(halfLabel, pointer) + edge;
-        const double below = look_ == Look::Thermometer ? 2 * bulb + 2 : 0;
+        const double end = std::max(halfLabel, Scaled(pointer)) + edge;
+        const double below = look_ == Look::Thermometer ? Scaled(2 * bulb + 2) : 0;
         return {x, height() - end - below, x, end};
     }
-    const double end = std::max(LabelWidth(axis_, metrics) / 2, pointer) + edge;
-    return {end, pointer + 2 * edge, width() - end, pointer + 2 * edge};
+    const double end = std::max(LabelWidth(axis_, metrics) / 2, Scaled(pointer)) + edge;
+    const double below = Scaled(pointer) + 2 * edge;
+    return {end, below, width() - end, below};
 }
 
 QSize CWSlide::sizeHint() const {
     using namespace slide;
     const QFontMetricsF metrics(LabelFont(font()));
     if (Vertical()) {
-        const double gaps = markGap + 3 + 2 * edge;
-        const double across =
-            LabelWidth(axis_, metrics) + mark + GrooveWidth() / 2 + PointerRoom() + gaps;
+        const double gaps = Scaled(mark + markGap + 3) + 2 * edge;
+        const double across = LabelWidth(axis_, metrics) + GrooveWidth() / 2 + PointerRoom() + gaps;
         return {static_cast<int>(across), 260};
     }
-    const double across = 2 * pointer + mark + markGap + metrics.height() + 4 * edge;
+    const double across = Scaled(2 * pointer + mark + markGap) + metrics.height() + 4 * edge;
     return {300, static_cast<int>(across)};
 }
 
@@ -156,11 +163,15 @@ void CWSlide::paintEvent(QPaintEvent* event) {
 }
 
 void CWSlide::PaintFace(QPainter& painter) const {
+    painter.save();
+    painter.scale(scale_, scale_);
+    const QLineF track = QTransform::fromScale(1 / scale_, 1 / scale_).map(Track());
     if (look_ == Look::Thermometer) {
-        PaintGlass(painter, Track());
+        PaintGlass(painter, track);
     } else {
-        PaintGroove(painter, Track(), isEnabled());
+        PaintGroove(painter, track, isEnabled());
     }
+    painter.restore();
     PaintMarks(painter);
 }
 
@@ -169,13 +180,14 @@ void CWSlide::PaintMarks(QPainter& painter) const {
     const QFontMetricsF metrics(painter.font());
     painter.setPen(QPen(isEnabled() ? colours::ink() : colours::disabledInk(), 1));
     const bool vertical = Vertical();
-    const double inner = (vertical ? GrooveWidth() / 2 : slide::pointer) + slide::markGap;
+    const double inner =
+        (vertical ? GrooveWidth() / 2 : Scaled(slide::pointer)) + Scaled(slide::markGap);
     const auto outwards = [vertical](double distance) {
         return vertical ? QPointF(-distance, 0) : QPointF(0, distance);
     };
     for (const double value : axis_.Multiples(axis_.subMarks)) {
         const QPointF place = PlaceOf(value);
-        painter.drawLine(place + outwards(inner), place + outwards(inner + slide::subMark));
+        painter.drawLine(place + outwards(inner), place + outwards(inner + Scaled(slide::subMark)));
     }
     const std::vector<double> marks = axis_.Multiples(axis_.marks);
     // Where the numbers would touch, only every second, third ... one is written.
@@ -184,11 +196,11 @@ void CWSlide::PaintMarks(QPainter& painter) const {
     const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(size / room)));
     for (std::size_t i = 0; i < marks.size(); ++i) {
         const QPointF place = PlaceOf(marks[i]);
-        painter.drawLine(place + outwards(inner), place + outwards(inner + slide::mark));
+        painter.drawLine(place + outwards(inner), place + outwards(inner + Scaled(slide::mark)));
         if (i % every != 0) continue;
         const QString label = LabelOf(marks[i]);
         const QSizeF extent(metrics.horizontalAdvance(label), metrics.height());
-        const QPointF end = place + outwards(inner + slide::mark + 3);
+        const QPointF end = place + outwards(inner + Scaled(slide::mark + 3));
         const QPointF corner = vertical ? end - QPointF(extent.width(), extent.height() / 2)
                                         : end - QPointF(extent.width() / 2, 0);
         painter.drawText(corner + QPointF(0, metrics.ascent()), label);
@@ -196,8 +208,9 @@ void CWSlide::PaintMarks(QPainter& painter) const {
 }
 
 void CWSlide::PaintPointer(QPainter& painter) const {
-    const QLineF track = Track();
-    const QPointF place = PlaceOf(value_);
+    painter.scale(scale_, scale_);
+    const QLineF track = QTransform::fromScale(1 / scale_, 1 / scale_).map(Track());
+    const QPointF place = PlaceOf(value_) / scale_;
     if (look_ == Look::Thermometer) {
         if (!empty_) PaintFluid(painter, track, place, isEnabled());
         return;
@@ -234,7 +247,7 @@ void CWSlide::mousePressEvent(QMouseEvent* event) {
     if (!Interactive() || event->button() != Qt::LeftButton) return event->ignore();
     dragging_ = true;
     const QPointF offset = event->position() - PointerPlace();
-    const bool onPointer = std::hypot(offset.x(), offset.y()) <= slide::pointer;
+    const bool onPointer = std::hypot(offset.x(), offset.y()) <= Scaled(slide::pointer);
     grip_ = onPointer ? offset : QPointF();
     if (!onPointer) MoveToMouse(event->position());
 }

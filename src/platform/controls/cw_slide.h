@@ -78,6 +78,8 @@ class CWSlide : public QWidget {
 
   private:
     bool Vertical() const { return orientation_ == Qt::Vertical; }
+    /// `pixels` of the usual font's size, in the size of the slide's own font.
+    double Scaled(double pixels) const { return scale_ * pixels; }
     double GrooveWidth() const;
     double PointerRoom() const;  // from the middle of the groove to the side without marks
     const QLineF& Track() const;
@@ -101,6 +103,7 @@ class CWSlide : public QWidget {
     QPointF grip_;  ///< from the pointer's middle to where the mouse was pressed on it
     bool dragging_ = false;
     int wheelRest_ = 0;     ///< turn of less than a step, in eighths of a degree
+    double scale_ = 1;      ///< growth with the font of all that is painted
     mutable QLineF track_;  ///< a cache, since measuring labels takes long; null if stale
     PaintedFace face_{this};
     DeferredUpdate repaint_{this, [this] { face_.MovePointer(PointerBox()); }};

@@ -6,6 +6,7 @@
 #include "platform/windows/font_following.h"
 
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -116,6 +117,15 @@ QLabel* MakeWarning(QWidget* parent) {
     warning->setSizePolicy(policy);
     warning->setVisible(false);
     return warning;
+}
+
+QVBoxLayout* MakeMiddleColumn(QWidget* screen) {
+    auto* column = new QVBoxLayout;
+    auto* row = new QHBoxLayout(screen);
+    row->addStretch(1);
+    row->addLayout(column, 8);
+    row->addStretch(1);
+    return column;
 }
 
 TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption) {

@@ -12,6 +12,7 @@ class QGroupBox;
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QVBoxLayout;
 
 namespace orbkl4 {
 
@@ -60,6 +61,10 @@ QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum);
 /// The bold red label that says that replies fail to come. It is hidden at first, but takes its
 /// place in the layout.
 QLabel* MakeWarning(QWidget* parent);
+
+/// The layout of a screen whose contents don't need its whole width: a column of eight tenths of it
+/// in the middle.
+QVBoxLayout* MakeMiddleColumn(QWidget* screen);
 
 /// Adds a row of the label `caption` and a text field `name` to `rows`.
 TextField* AddTextRow(QFormLayout& rows, const char* name, const char* caption);

@@ -1,6 +1,7 @@
 #include "platform/controls/house_style.h"
 
 #include "platform/controls/accessible_controls.h"
+#include "platform/controls/sign_icons.h"
 #include "platform/windows/colours.h"
 #include "platform/windows/painted_icon.h"
 
@@ -126,15 +127,43 @@ class HouseStyle final : public QProxyStyle {
         return rect;
     }
 
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        switch (metric) {
+            case PM_IndicatorWidth:
+            case PM_IndicatorHeight:
+            case PM_ExclusiveIndicatorWidth:
+            case PM_ExclusiveIndicatorHeight:
+                return widget == nullptr ? usual : std::max(usual, IndicatorSide(*widget));
+            default: return usual;
+        }
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        // Buttons of boxes are without icons, like all others.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override {
         // Every menu bar asks for this icon. Fusion reads it from a file, for which it first loads
         // a library for each picture format.
         if (standard == SP_ToolBarHorizontalExtensionButton) return PaintedIcon(PaintMoreArrows);
-        return QProxyStyle::standardIcon(standard, option, widget);
+        // Those of Fusion are bitmaps, which are blurred on a display of high resolution.
+        const QIcon sign = SignIcon(standard);
+        return sign.isNull() ? QProxyStyle::standardIcon(standard, option, widget) : sign;
     }
 
   private:
+    /// How large a check or radio mark is beside a text in the font of `widget`, in pixels.
+    static int IndicatorSide(const QWidget& widget) {
+        constexpr double ofLine = 0.875;
+        return static_cast<int>(widget.fontMetrics().height() * ofLine);
+    }
+
     static bool IsOutlined(PrimitiveElement element) {
         switch (element) {
             case PE_PanelButtonCommand:

@@ -7,7 +7,7 @@ class QPainter;
 
 namespace orbkl4 {
 
-/// The measures of a slide across its track, in pixels.
+/// The measures of a slide across its track, in pixels beside text in the usual font.
 namespace slide {
 inline constexpr double groove = 8;
 inline constexpr double markGap = 5;   ///< between groove and marks

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QRegularExpression>
+#include <QTreeView>
 
 namespace orbkl4 {
 
@@ -33,6 +35,14 @@ QString SuffixOf(const QString& qtFilter) {
     return pattern.match(qtFilter).captured(1);
 }
 
+/// Makes room for the size, kind and date of each file, which Qt's own sizes cut.
+void ShowWholeColumns(QFileDialog& dialog) {
+    constexpr QSize size(800, 480);
+    dialog.resize(size);
+    for (const auto* list : dialog.findChildren<QTreeView*>())
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
 }  // namespace
 
 CommonDialog::CommonDialog(QObject* screen, const char* name) : QObject(screen) {
@@ -47,6 +57,7 @@ void CommonDialog::ShowSave() {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
+    ShowWholeColumns(dialog);
     const QStringList filters = QtFilters(filter_);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(filterIndex_ - 1));

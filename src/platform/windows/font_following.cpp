@@ -50,12 +50,12 @@ void KeepBesideCaption(QGroupBox& frame, QWidget& control) {
     });
 }
 
-void KeepFontScaled(QWidget& control, double factor) {
+void KeepFontScaled(QWidget& control, double factor, QFont::Weight weight) {
     QWidget& parent = *control.parentWidget();
-    new FontFollower(parent, [&parent, &control, factor] {
+    new FontFollower(parent, [&parent, &control, factor, weight] {
         QFont font = parent.font();
         font.setPointSizeF(font.pointSizeF() * factor);
-        font.setBold(true);
+        font.setWeight(weight);
         if (font != control.font()) control.setFont(font);
     });
 }

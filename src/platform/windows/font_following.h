@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFont>
+
 class QGroupBox;
 class QWidget;
 
@@ -9,7 +11,7 @@ namespace orbkl4 {
 /// as high as the caption.
 void KeepBesideCaption(QGroupBox& frame, QWidget& control);
 
-/// Keeps the font of `control` bold and `factor` (above 0) times as large as its parent's.
-void KeepFontScaled(QWidget& control, double factor);
+/// Keeps the font of `control` at `weight` and `factor` (above 0) times as large as its parent's.
+void KeepFontScaled(QWidget& control, double factor, QFont::Weight weight = QFont::Bold);
 
 }  // namespace orbkl4

@@ -2,6 +2,7 @@
 
 #include "platform/windows/colours.h"
 #include "platform/windows/foot_line.h"
+#include "platform/windows/resize.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
 
@@ -20,7 +21,6 @@ namespace {
 constexpr QSize startSize(1240, 760);
 constexpr QSize leastSize(960, 600);
 constexpr QSize windowBorder(16, 48);  ///< room for what window managers put around a window
-constexpr double usualDpi = 96;
 constexpr double twipsPerInch = 1440;
 
 /// The strip that shows the title of the visible child.
@@ -43,10 +43,11 @@ QLabel* MakeHeading() {
 
 /// How wide a window must be to show its title beside the buttons of its title bar.
 int TitleWidth(const QWidget& window) {
-    constexpr int buttons = 120;
+    constexpr double buttons = 120;
     QFont font = QApplication::font();
     font.setBold(true);
-    return QFontMetrics(font).horizontalAdvance(window.windowTitle()) + buttons;
+    return QFontMetrics(font).horizontalAdvance(window.windowTitle()) +
+           qRound(buttons * DisplayScale(window));
 }
 
 /// Where a window's contents may lie on the display that shows `window`.
@@ -136,7 +137,7 @@ void MdiFrame::ShowOver(Screen& screen, Qt::WindowFlags flags) {
 void MdiFrame::Foot(const QString& text, const QString& more) { foot_->Show(text, more); }
 
 void MdiFrame::FitInto(const QRect& available) {
-    const double enlarged = logicalDpiX() / usualDpi;
+    const double enlarged = DisplayScale(*this);
     const QSize room = available.size() - windowBorder;
     setMinimumSize((leastSize * enlarged).boundedTo(room));
     const QSize usual = startSize * enlarged;

@@ -11,17 +11,20 @@ namespace orbkl4 {
 
 namespace {
 
+constexpr double usualDpi = 96;
 constexpr double mostGrowth = 2;
 constexpr double growthStep = 0.05;
 
 }  // namespace
+
+double DisplayScale(const QWidget& widget) { return widget.logicalDpiX() / usualDpi; }
 
 ReSize::ReSize(QWidget* screen) : QObject(screen), screen_(screen) {
     setObjectName(QStringLiteral("ReSize1"));
     screen->installEventFilter(this);
 }
 
-void ReSize::DesignSize(QSize size) {
+void ReSize::DesignSize(QSizeF size) {
     designSize_ = size;
     if (!screen_->isWindow()) FitFont();
 }
@@ -32,8 +35,9 @@ bool ReSize::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ReSize::FitFont() {
-    const double room = std::min(screen_->width() / static_cast<double>(designSize_.width()),
-                                 screen_->height() / static_cast<double>(designSize_.height()));
+    const QSizeF design = designSize_ * DisplayScale(*screen_);
+    const double room =
+        std::min(screen_->width() / design.width(), screen_->height() / design.height());
     const double steps = std::floor(std::clamp(room, 1.0, mostGrowth) / growthStep);
     const double factor = std::max(1.0, steps * growthStep);
     if (factor == factor_) return;

@@ -26,8 +26,8 @@ Screen::~Screen() { qApp->disconnect(this); }  // the base class still moves the
 void Screen::DesignSize(QSize size) { resize_->DesignSize(size); }
 
 void Screen::DesignSizeOfLayout() {
-    constexpr QSize least(840, 460);
-    DesignSize(sizeHint().expandedTo(least));
+    constexpr QSizeF least(840, 460);
+    resize_->DesignSize((QSizeF(sizeHint()) / DisplayScale(*this)).expandedTo(least));
 }
 
 void Screen::Unload() { UnloadScreen(*this); }

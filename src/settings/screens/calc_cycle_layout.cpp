@@ -37,15 +37,11 @@ constexpr QSize designSize(900, 520);
 
 void CalcCycle::BuildLayout() {
     BuildMenu(menuTree);
-    auto* column = new QVBoxLayout;
+    auto* column = MakeMiddleColumn(this);
     column->setSpacing(14);
     column->addWidget(BuildAutoSet());
     column->addWidget(BuildManualSet(), 1);
     column->addLayout(BuildInterval());
-    auto* row = new QHBoxLayout(this);
-    row->addStretch(1);
-    row->addLayout(column, 8);
-    row->addStretch(1);
     DesignSize(designSize);
 }
 
@@ -109,6 +105,8 @@ QGroupBox* CalcCycle::BuildPrescaler(QWidget* parent) {
 QLayout* CalcCycle::BuildInterval() {
     txtCC_ = Named(new TextField(this), "txtCC");
     txtCC_->BackColorText(unusedBackground);
+    constexpr int longestText = 12;  // "Calc errored!", in digits
+    txtCC_->Characters(longestText);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
     row->addWidget(MakeLabel(*txtCC_, "lblCC", "Current Timer Tick Interval"));

@@ -9,8 +9,8 @@
 #include "settings/logic/vertical_mode.h"
 #include "state/app_state.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
-#include <QVBoxLayout>
 
 #include <array>
 #include <string>
@@ -47,7 +47,7 @@ constexpr auto settings = std::to_array<ModeSetting>({
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
 });
 
-constexpr QSize designSize(900, 480);
+constexpr QSize designSize(600, 330);
 
 constexpr auto mustPass = std::to_array<bool>({true, true});
 
@@ -78,18 +78,18 @@ void Vertical::BuildLayout() {
     auto* frame = MakeFrame(this, "fraMode", "");
     frame->setEnabled(false);
     KeepReadableDisabled(*frame);
-    auto* options = new QVBoxLayout(frame);
-    options->setContentsMargins(48, 32, 48, 32);
-    options->setSpacing(24);
-    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"));
-    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"));
+    auto* options = new QGridLayout(frame);
+    options->setVerticalSpacing(24);
+    options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 1, 1);
+    options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"), 2,
+                       1);
     const char* hint = "The options show the sensor's mode. Set it in the File menu.";
     frame->setToolTip(QString::fromUtf8(hint));
-    auto* column = new QVBoxLayout(this);
-    column->addStretch(1);
-    column->addWidget(frame, 0, Qt::AlignCenter);
-    column->addWidget(MakeLabel(this, "lblHint", hint), 0, Qt::AlignCenter);
-    column->addStretch(2);
+    options->addWidget(MakeLabel(frame, "lblHint", hint), 3, 1);
+    for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
+    options->setRowStretch(0, 2);
+    options->setRowStretch(4, 3);
+    MakeMiddleColumn(this)->addWidget(frame);
     DesignSize(designSize);
 }
 
