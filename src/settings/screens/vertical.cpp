@@ -11,6 +11,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QVBoxLayout>
 
 #include <array>
 #include <string>
@@ -85,11 +86,12 @@ void Vertical::BuildLayout() {
                        1);
     const char* hint = "The options show the sensor's mode. Set it in the File menu.";
     frame->setToolTip(QString::fromUtf8(hint));
-    options->addWidget(MakeLabel(frame, "lblHint", hint), 3, 1);
     for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
     options->setRowStretch(0, 2);
-    options->setRowStretch(4, 3);
-    MakeMiddleColumn(this)->addWidget(frame);
+    options->setRowStretch(3, 3);
+    QVBoxLayout* column = MakeMiddleColumn(this);
+    column->addWidget(frame, 1);
+    column->addWidget(MakeLabel(this, "lblHint", hint), 0, Qt::AlignCenter);
     DesignSize(designSize);
 }
 

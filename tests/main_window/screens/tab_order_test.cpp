@@ -18,7 +18,7 @@ enum class Reading { ByRows, ByColumns };
 
 /// The containers that are read by columns.
 constexpr const char* columned[] = {"fraEEPROMAddresses1", "fraEEPROMAddresses", "fraParameters",
-                                    "Frame1"};
+                                    "Frame1", "fraData"};
 
 Reading ReadingOf(const QWidget& container) {
     const auto hasName = [&](const char* name) { return container.objectName() == name; };
