@@ -12,13 +12,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <algorithm>
 #include <string_view>
 
 namespace orbkl4 {
 
 namespace {
 
-constexpr int rowGap = 3;    // between rows of fields, in pixels
+constexpr int rowGap = 2;    // between rows of fields, in pixels
 constexpr int groupGap = 6;  // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 
@@ -67,6 +68,7 @@ class PanelFiller {
     void Finish() {
         constexpr int rowsBelow = 4;
         grid_->setRowStretch(grid_->rowCount(), rowsBelow);
+        TabThrough(elements_);
     }
 
   private:
@@ -97,12 +99,14 @@ class PanelFiller {
         constexpr int lines = 6;
         if (matrix_ == nullptr) {
             matrix_ = new QGridLayout;
+            elements_.resize(9);
             matrix_->setSpacing(rowGap);
             grid_->addLayout(matrix_, row_, 0, 1, 2);
             grid_->setRowStretch(row_++, lines);
         }
         const int line = 2 * (name[1] - '1');
         const int column = name[2] - '1';
+        elements_[3 * (name[1] - '1') + column] = field;
         field->Characters(narrow);
         matrix_->addWidget(label, line, column, Qt::AlignHCenter | Qt::AlignBottom);
         matrix_->addWidget(field, line + 1, column, Qt::AlignTop);
@@ -112,13 +116,14 @@ class PanelFiller {
     const TextPanel& panel_;
     QGridLayout* grid_;
     QGridLayout* matrix_ = nullptr;
+    QList<QWidget*> elements_;  ///< of the matrix, by rows
     int row_ = 0;
     int column_ = 0;
     int firstGroup_ = -1;  ///< the row of its gap
     std::size_t fields_ = 0;
 };
 
-QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob>>& dials) {
+QWidget* BuildDial(QWidget* screen, const DialRow& row) {
     constexpr double readout = 2;
     QGroupBox* frame = MakeFrame(screen, row.frame, row.caption);
     auto* dial = Named(new CWKnob(frame), row.name);
@@ -134,7 +139,6 @@ QWidget* BuildDial(QWidget* screen, const DialRow& row, std::vector<Shown<CWKnob
     auto* column = new QVBoxLayout(frame);
     column->addWidget(dial, 1);
     column->addWidget(text, 0, Qt::AlignHCenter);
-    dials.push_back({row.field, dial});
     return frame;
 }
 
@@ -171,10 +175,15 @@ QWidget* BuildDials(QWidget* screen, std::span<const DialRow> rows,
     auto* row = new QWidget(screen);
     auto* grid = new QGridLayout(row);
     grid->setContentsMargins(0, 0, 0, 0);
-    for (const DialRow& dial : rows) {
-        grid->addWidget(BuildDial(screen, dial, dials), 0, dial.column);
-        grid->setColumnStretch(dial.column, 1);
+    std::vector<const DialRow*> byColumn;  // made in this order, so that Tab follows it
+    for (const DialRow& dial : rows) byColumn.push_back(&dial);
+    std::ranges::sort(byColumn, {}, &DialRow::column);
+    for (const DialRow* dial : byColumn) {
+        grid->addWidget(BuildDial(screen, *dial), 0, dial->column);
+        grid->setColumnStretch(dial->column, 1);
     }
+    for (const DialRow& dial : rows)
+        dials.push_back({dial.field, row->findChild<CWKnob*>(QLatin1String(dial.name))});
     return row;
 }
 

@@ -83,6 +83,7 @@ void Connect::Form_Load() {
 void Connect::Enable(bool enabled, std::initializer_list<QWidget*> controls) {
     SSTab1_->setEnabled(enabled);
     for (QWidget* control : controls) control->setEnabled(enabled);
+    if (enabled) FocusPage();
 }
 
 void Connect::EnableAuto(bool enabled) { Enable(enabled, {cmdConnectAuto_, cmdQuitAuto_}); }
@@ -108,7 +109,7 @@ void Connect::cmdConnectAuto_Click() {
             return RetryAuto();
         }
         ShowParameters("");
-        ShowMessage(successText);
+        ShowMessageBeside(*findChild<QWidget*>(QStringLiteral("fraParameters")), successText);
         EnableMainMenus();
         Unload();
     });
@@ -155,7 +156,7 @@ void Connect::cmdConnectManual_Click() {
         }
         if (!search_.ReadDeviceIdentity()) return AskManualRetry(baud);
         ShowParameters("1");
-        ShowMessage(successText);
+        ShowMessageBeside(*findChild<QWidget*>(QStringLiteral("Frame1")), successText);
         StoreCommPort(std::to_string(AppState.CommPort));
         StoreCommSettings("");  // empty until the next connection sets them
         EnableMainMenus();

@@ -44,6 +44,7 @@ class Connect : public Screen {
     void ShowStep(const std::string& step);
     void ShowDevice();
     void TabTurned(int index);
+    void FocusPage();
 
     void Enable(bool enabled, std::initializer_list<QWidget*> controls);
     void EnableAuto(bool enabled);

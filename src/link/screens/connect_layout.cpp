@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -93,7 +94,6 @@ Connect::Connect()
     SSTab1_->addTab(MakeResetTab(), QStringLiteral("Reset"));
     connect(SSTab1_, &QTabWidget::currentChanged, this, &Connect::TabTurned);
     TabTurned(0);
-    cmdConnectAuto_->setFocus();
     auto* column = new QVBoxLayout(this);
     column->addWidget(SSTab1_);
 }
@@ -107,22 +107,19 @@ QWidget* Connect::MakeAutoTab() {
     auto* tab = new QWidget;
     PBar_ = MakeProgressBar(tab, "PBar", lastPortNumber);
     fraProgress_ = MakeProgress(tab, "fraProgress", PBar_);
-    cmdConnectAuto_ =
-        MakeButton(tab, "cmdConnectAuto", "Connect", [this] { cmdConnectAuto_Click(); });
-    cmdQuitAuto_ = MakeButton(tab, "cmdQuitAuto", "Quit", [this] { Unload(); });
     auto* column = new QVBoxLayout(tab);
     column->addWidget(fraProgress_);
     column->addWidget(MakeParameters(tab, "fraParameters", ""));
     column->addStretch(1);
+    cmdConnectAuto_ =
+        MakeButton(tab, "cmdConnectAuto", "Connect", [this] { cmdConnectAuto_Click(); });
+    cmdQuitAuto_ = MakeButton(tab, "cmdQuitAuto", "Quit", [this] { Unload(); });
     column->addLayout(MakeButtonRow({cmdConnectAuto_, cmdQuitAuto_}));
     return tab;
 }
 
 QWidget* Connect::MakeManualTab() {
     auto* tab = new QWidget;
-    cmdConnectManual_ =
-        MakeButton(tab, "cmdConnectManual", "Connect", [this] { cmdConnectManual_Click(); });
-    cmdQuit_ = MakeButton(tab, "cmdQuit", "Quit", [this] { Unload(); });
     auto* choices = new QHBoxLayout;
     choices->addWidget(MakePortFrame(tab), 1);
     choices->addWidget(MakeBaudFrame(tab));
@@ -130,6 +127,9 @@ QWidget* Connect::MakeManualTab() {
     column->addLayout(choices);
     column->addWidget(MakeParameters(tab, "Frame1", "1"));
     column->addStretch(1);
+    cmdConnectManual_ =
+        MakeButton(tab, "cmdConnectManual", "Connect", [this] { cmdConnectManual_Click(); });
+    cmdQuit_ = MakeButton(tab, "cmdQuit", "Quit", [this] { Unload(); });
     column->addLayout(MakeButtonRow({cmdConnectManual_, cmdQuit_}));
     return tab;
 }
@@ -196,6 +196,16 @@ void Connect::TabTurned(int index) {
     const std::array<QPushButton*, 3> defaults{cmdConnectAuto_, cmdConnectManual_, cmdQuitReset_};
     DefaultButton(*defaults.at(static_cast<std::size_t>(index)));
     ShowDevice();
+    FocusPage();
+}
+
+/// Puts the focus where the page's work begins, but never on the reset. On the tabs it stays, so
+/// that arrow keys turn on.
+void Connect::FocusPage() {
+    const std::array<QWidget*, 3> starts{cmdConnectAuto_, NumEditCommPort_, cmdQuitReset_};
+    if (SSTab1_->tabBar()->hasFocus()) return;
+    starts.at(static_cast<std::size_t>(SSTab1_->currentIndex()))->setFocus();
+    NumEditCommPort_->selectAll();  // so that typing replaces the number
 }
 
 void Connect::ShowDevice() {

@@ -13,7 +13,6 @@
 #include "state/app_state.h"
 
 #include <QGroupBox>
-#include <QHoverEvent>
 
 #include <algorithm>
 #include <array>
@@ -62,13 +61,22 @@ EEPROMmap::EEPROMmap()
                .timer = timerRead_,
                .first = firstRead,
                .last = eeprom::last,
-               .take = [this](auto address, double number) { FieldOf(address).Value(number); },
+               .take =
+                   [this](auto address, double number) {
+                       inSensor_.at(IndexOf(address)) = number;
+                       FieldOf(address).Value(number);
+                   },
                .pass = [this](auto address) { progress_.Value(address); },
                .end = [this] { EndRead(); }},
       writeRun_{.screen = *this,
                 .port = port_,
                 .timer = timerWrite_,
-                .number = [this](auto address) { return FieldOf(address).Value(); },
+                .number =
+                    [this](auto address) {
+                        const double number = FieldOf(address).Value();
+                        inSensor_.at(IndexOf(address)) = number;
+                        return number;
+                    },
                 .pass = [this](auto address) { progress_.Value(address); },
                 .end = [this] { EndWrite(); }} {
     connect(&timerRead_, &Timer::Tick, this, &EEPROMmap::TimerRead_Timer);
@@ -118,37 +126,6 @@ void EEPROMmap::ApplyAccessLevel(std::string_view level) {
     if (!advanced && level != standardLevel) return;
     for (const EepromWord& word : eepromCatalogue)
         FieldOf(word.address).setEnabled(IsEnabled(word.access, advanced));
-}
-
-bool EEPROMmap::event(QEvent* event) {
-    if (event->type() == QEvent::HoverMove || event->type() == QEvent::HoverEnter)
-        PointerMoved(static_cast<QHoverEvent*>(event)->position().toPoint());
-    return Screen::event(event);
-}
-
-bool EEPROMmap::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        const std::optional<std::size_t> index = IndexOfField(watched);
-        const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-        if (byKey && index) NumEdit_MouseMove(*index);
-    }
-    return Screen::eventFilter(watched, event);
-}
-
-std::optional<std::size_t> EEPROMmap::IndexOfField(const QObject* object) const {
-    for (std::size_t index = 0; index < NumEdit_.size(); ++index)
-        if (NumEdit_.at(index) == object) return index;
-    return std::nullopt;
-}
-
-void EEPROMmap::PointerMoved(const QPoint& position) {
-    const QWidget* under = childAt(position);
-    if (under == nullptr) Form_MouseMove();
-    for (; under != nullptr && under != this; under = under->parentWidget()) {
-        const std::optional<std::size_t> index = IndexOfField(under);
-        if (index) NumEdit_MouseMove(*index);
-    }
 }
 
 void EEPROMmap::Form_MouseMove() {

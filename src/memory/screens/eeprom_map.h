@@ -21,6 +21,12 @@ namespace orbkl4 {
 
 class CWNumEdit;
 
+/// The fields of the upper frame; the others are in the lower one.
+inline constexpr std::size_t firstFrameFields = 8;
+
+/// How many fields stand below one another in the frame that has the field `index`.
+constexpr std::size_t RowsAt(std::size_t index) { return index < firstFrameFields ? 4 : 12; }
+
 /// The background of a modified field; a write run writes the fields that have it.
 inline constexpr std::uint32_t ModifiedColor = modifiedBackground;
 
@@ -65,6 +71,9 @@ class EEPROMmap : public Screen {
 
     void ApplyAccessLevel(std::string_view level);
     std::optional<std::size_t> IndexOfField(const QObject* object) const;
+    bool FieldKey(std::size_t index, int key);
+    bool MoveFrom(std::size_t index, int key) const;
+    void GiveBack(std::size_t index);
     void PointerMoved(const QPoint& position);
     void ClearModifiedMarks();
     void EnableControls(bool enabled);
@@ -75,6 +84,7 @@ class EEPROMmap : public Screen {
     CWNumEdit& FieldOf(eeprom::Address address) const;
 
     std::array<CWNumEdit*, eepromWordCount> NumEdit_{};
+    std::array<std::optional<double>, eepromWordCount> inSensor_;  ///< as last read or written
     QGroupBox* fraEEPROMAddresses1_;
     QGroupBox* fraEEPROMAddresses_;
     WordPanel panel_;

@@ -28,10 +28,10 @@ ViewMatrix::ViewMatrix()
     : Screen("ViewMatrix", "View Matrix"), fraMatrix_(MakeFrame(this, "fraMatrix", "")) {
     BuildMenu(menuTree);
     connect(&Menu("mnuClose"), &MenuEntry::Click, this, &ViewMatrix::mnuClose_Click);
-    BuildMatrixFrame();
     auto* row = new QHBoxLayout(this);
     row->addWidget(BuildOptions());
     row->addWidget(fraMatrix_, 1);
+    BuildMatrixFrame();
 }
 
 void ViewMatrix::BuildMatrixFrame() {
@@ -54,6 +54,10 @@ void ViewMatrix::BuildMatrixFrame() {
         grid->addWidget(field, row, 2 * column + 1);
         txtMatrix_.at(k) = field;
     }
+    QList<QWidget*> byRows;
+    for (std::size_t k = 0; k < txtMatrix_.size(); ++k)
+        byRows += txtMatrix_.at(k % size * size + k / size);
+    TabThrough(byRows);
 }
 
 QGroupBox* ViewMatrix::BuildOptions() {

@@ -24,6 +24,9 @@ class CWNumEdit : public QAbstractSpinBox {
     /// A field at 0, without limits, that steps by 1.
     explicit CWNumEdit(QWidget* parent = nullptr);
 
+    /// Whether the user has changed the text and not yet committed it.
+    bool Typing() const { return typing_; }
+
     /// The value, without what is being typed and not yet committed.
     double Value() const { return value_; }
 

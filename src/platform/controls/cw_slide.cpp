@@ -65,6 +65,11 @@ void CWSlide::Style(Look look) {
     Orientation(Qt::Vertical);
 }
 
+void CWSlide::Empty(bool empty) {
+    empty_ = empty;
+    repaint_.Mark();
+}
+
 void CWSlide::MakeInteractive(double step) {
     step_ = step;
     setFocusPolicy(Qt::StrongFocus);
@@ -207,7 +212,7 @@ void CWSlide::PaintPointer(QPainter& painter) const {
     const QLineF track = QTransform::fromScale(1 / scale_, 1 / scale_).map(Track());
     const QPointF place = PlaceOf(value_) / scale_;
     if (look_ == Look::Thermometer) {
-        PaintFluid(painter, track, place, isEnabled());
+        if (!empty_) PaintFluid(painter, track, place, isEnabled());
         return;
     }
     PaintLevel(painter, track, place, isEnabled());

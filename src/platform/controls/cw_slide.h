@@ -33,6 +33,9 @@ class CWSlide : public QWidget {
     /// Gives the slide its appearance.
     void Style(Look look);
 
+    /// Whether a thermometer shows no fluid, as there is no value to show; false at first.
+    void Empty(bool empty);
+
     /// Lets the user move the pointer by mouse, wheel and keys, in steps of `step` (above 0) from
     /// the axis' lower end.
     void MakeInteractive(double step);
@@ -96,6 +99,7 @@ class CWSlide : public QWidget {
     Look look_ = Look::Plain;
     double value_ = 0;
     double step_ = 0;
+    bool empty_ = false;
     QPointF grip_;  ///< from the pointer's middle to where the mouse was pressed on it
     bool dragging_ = false;
     int wheelRest_ = 0;     ///< turn of less than a step, in eighths of a degree

@@ -7,6 +7,7 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -14,6 +15,25 @@
 #include <utility>
 
 namespace orbkl4 {
+
+namespace {
+
+/// Leaves Enter to the screen, which presses the marked button, so that each press looks the same.
+class Button final : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Enter || event->key() == Qt::Key_Return) {
+            event->ignore();
+        } else {
+            QPushButton::keyPressEvent(event);
+        }
+    }
+};
+
+}  // namespace
 
 QString MemberName(const char* array, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
@@ -45,7 +65,7 @@ CWButton* MakeLamp(QGroupBox& frame, const char* name) {
 
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption,
                         std::function<void()> click) {
-    auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+    auto* button = Named(new Button(QString::fromUtf8(caption), parent), name);
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button, [click = std::move(click)] {
         const HandlerScope scope;
@@ -68,6 +88,11 @@ void KeepReadableDisabled(QWidget& frame) {
     palette.setColor(QPalette::Disabled, QPalette::Text, colours::paleInk());
     palette.setColor(QPalette::Disabled, QPalette::WindowText, colours::paleInk());
     frame.setPalette(palette);
+}
+
+void TabThrough(const QList<QWidget*>& controls) {
+    for (qsizetype i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
 }
 
 QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum) {

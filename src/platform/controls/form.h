@@ -52,6 +52,9 @@ void KeepColours(QWidget& widget);
 /// readable.
 void KeepReadableDisabled(QWidget& frame);
 
+/// Lets the Tab key go through `controls`, which are in one window, in this order.
+void TabThrough(const QList<QWidget*>& controls);
+
 /// A progress bar `name` from 0 to `maximum`, at 0, which keeps its colours while disabled.
 QProgressBar* MakeProgressBar(QWidget* parent, const char* name, int maximum);
 

@@ -4,7 +4,8 @@
 
 namespace orbkl4 {
 
-/// An option button. At most one of a frame is chosen; code can clear the choice.
+/// An option button. At most one of a frame is chosen; code can clear the choice. The Tab key goes
+/// to the chosen one, the arrow keys move the choice.
 class OptionButton : public QRadioButton {
     Q_OBJECT
 
@@ -21,6 +22,15 @@ class OptionButton : public QRadioButton {
   Q_SIGNALS:
     /// The option has been chosen, by the user or by code.
     void Click();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    QList<OptionButton*> Group() const;
+    void SetTabStop();
 };
 
 }  // namespace orbkl4

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+class QWidget;
+
 namespace orbkl4 {
 
 /// The title of every message box.
@@ -11,6 +13,9 @@ enum class Answer { Retry, Cancel };
 
 /// Shows `text` (plain, UTF-8) with an OK button until it is answered.
 void ShowMessage(std::string_view text);
+
+/// As `ShowMessage`, where it doesn't cover `subject`, if the display has room for that.
+void ShowMessageBeside(const QWidget& subject, std::string_view text);
 
 /// Shows `text` with Retry and Cancel and returns the answer; Esc and the close button mean Cancel.
 Answer AskRetryCancel(std::string_view text);

@@ -1,6 +1,9 @@
 #include "platform/windows/foot_line.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
 
@@ -20,7 +23,6 @@ FootLine::FootLine() {
     setAccessibleName(tr("Status"));
     setReadOnly(true);
     setFrame(false);
-    setFocusPolicy(Qt::ClickFocus);
     setTextMargins(sideMargin, 3, sideMargin, 3);
 }
 
@@ -41,6 +43,28 @@ QString FootLine::FittingText() const {
 
 int FootLine::Room() const { return width() - 2 * sideMargin; }
 
+void FootLine::PaintFocus() {
+    constexpr int width = 2;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().highlight(), width));
+    painter.drawRect(rect().adjusted(width / 2, width / 2, -width / 2, -width / 2));
+}
+
+/// Marks nothing, which would stop the line.
+void FootLine::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        deselect();
+}
+
+void FootLine::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy) && !hasSelectedText()) {
+        QGuiApplication::clipboard()->setText(text());
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
 bool FootLine::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QLineEdit::event(event);
     const bool isCut = fontMetrics().horizontalAdvance(text()) > Room();
@@ -51,6 +75,7 @@ bool FootLine::event(QEvent* event) {
 void FootLine::paintEvent(QPaintEvent* event) {
     if (hasFocus()) {
         QLineEdit::paintEvent(event);
+        PaintFocus();
         return;
     }
     QPainter painter(this);

@@ -4,8 +4,9 @@
 
 namespace orbkl4 {
 
-/// One line of text at the foot of a window, which can be marked and copied. What doesn't fit gives
-/// way to an ellipsis while the line isn't in use, and is shown in the tool tip.
+/// One line of text at the foot of a window, which can be marked and copied; Ctrl+C copies all of
+/// it while nothing is marked. What doesn't fit gives way to an ellipsis while the line isn't in
+/// use, and is shown in the tool tip.
 class FootLine : public QLineEdit {
     Q_OBJECT
 
@@ -19,8 +20,11 @@ class FootLine : public QLineEdit {
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void PaintFocus();
     int Room() const;
     QString FittingText() const;
 

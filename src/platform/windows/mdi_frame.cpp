@@ -91,7 +91,6 @@ void MdiFrame::ShowChild(Screen& screen) {
     children_ += &screen;
     screen.setParent(area_);
     ShowTop();
-    screen.setFocus();
 }
 
 void MdiFrame::ShowTop() {
@@ -103,6 +102,7 @@ void MdiFrame::ShowTop() {
     top->setGeometry(area_->rect());
     heading_->setText(top->windowTitle());
     menuBar()->addActions(top->MenuBarEntries());
+    top->setFocus();
 }
 
 void MdiFrame::ShowDialog(Screen& screen) {
@@ -146,7 +146,9 @@ void MdiFrame::FitInto(const QRect& available) {
 }
 
 void MdiFrame::Remove(Screen& screen) {
-    if (children_.removeAll(&screen) > 0) ShowTop();
+    if (children_.removeAll(&screen) > 0) return ShowTop();
+    // A dialog and a box over it that close together leave some desktops without an active window.
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive) activateWindow();
 }
 
 void MdiFrame::ChangeWidth(int twips) {

@@ -4,6 +4,7 @@
 #include "platform/windows/resize.h"
 #include "platform/windows/screen_registry.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -17,7 +18,10 @@ namespace orbkl4 {
 Screen::Screen(const char* name, const char* title) : resize_(new ReSize(this)) {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(QString::fromUtf8(title));
+    connect(qApp, &QApplication::focusChanged, this, &Screen::FocusMoved);
 }
+
+Screen::~Screen() { qApp->disconnect(this); }  // the base class still moves the focus
 
 void Screen::DesignSize(QSize size) { resize_->DesignSize(size); }
 
@@ -60,16 +64,46 @@ void Screen::keyPressEvent(QKeyEvent* event) {
     if (isWindow() && key == Qt::Key_Escape) {
         close();
     } else if (isWindow() && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-        PressEnter();
+        if (QPushButton* button = ButtonOfEnter()) button->animateClick();
     } else {
         QWidget::keyPressEvent(event);
     }
 }
 
-void Screen::PressEnter() {
+void Screen::DefaultButton(QPushButton& button) {
+    defaultButton_ = &button;
+    MarkButtonOfEnter();
+}
+
+QPushButton* Screen::ButtonOfEnter() const {
     auto* focused = qobject_cast<QPushButton*>(focusWidget());
-    QPushButton* pressed = focused != nullptr ? focused : defaultButton_;
-    if (pressed != nullptr) pressed->animateClick();
+    return focused != nullptr ? focused : defaultButton_.data();
+}
+
+void Screen::MarkButtonOfEnter() {
+    QPushButton* const button = isWindow() ? ButtonOfEnter() : nullptr;
+    if (button == markedButton_) return;
+    if (markedButton_ != nullptr) markedButton_->setDefault(false);
+    if (button != nullptr) button->setDefault(true);
+    markedButton_ = button;
+}
+
+void Screen::FocusMoved(QWidget* from, QWidget* to) {
+    MarkButtonOfEnter();
+    if (to != nullptr && isAncestorOf(to)) awaitsFocus_ = nullptr;
+    if (from == nullptr || !isAncestorOf(from) || from->isEnabled()) return;
+    awaitsFocus_ = from;
+    from->installEventFilter(this);
+}
+
+/// Gives a control that was disabled for the length of a run the focus back after it.
+bool Screen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::EnabledChange && watched == awaitsFocus_ &&
+        awaitsFocus_->isEnabled()) {
+        const QWidget* focused = window()->focusWidget();
+        if (focused == nullptr || !isAncestorOf(focused)) awaitsFocus_->setFocus();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace orbkl4

@@ -3,6 +3,7 @@
 #include "platform/windows/menu_entry.h"
 
 #include <QList>
+#include <QPointer>
 #include <QWidget>
 
 #include <span>
@@ -21,6 +22,7 @@ class Screen : public QWidget {
   public:
     /// A screen without controls; `name` and `title` are UTF-8.
     Screen(const char* name, const char* title);
+    ~Screen() override;
 
     /// Runs once, before the screen is shown.
     virtual void Form_Load() {}
@@ -46,8 +48,9 @@ class Screen : public QWidget {
     /// without entries is an entry itself.
     void BuildMenu(std::span<const MenuRow> rows);
 
-    /// The button that Enter presses unless another push button has the focus.
-    void DefaultButton(QPushButton& button) { defaultButton_ = &button; }
+    /// The button that Enter presses unless another push button has the focus. The one that it
+    /// would press is marked.
+    void DefaultButton(QPushButton& button);
 
     /// The size for which the layout is made; in a larger window the font grows.
     void DesignSize(QSize size);
@@ -58,13 +61,18 @@ class Screen : public QWidget {
 
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void PressEnter();
+    QPushButton* ButtonOfEnter() const;
+    void MarkButtonOfEnter();
+    void FocusMoved(QWidget* from, QWidget* to);
 
     ReSize* resize_;
     QList<QAction*> menuBarEntries_;
-    QPushButton* defaultButton_ = nullptr;
+    QPointer<QPushButton> defaultButton_;
+    QPointer<QPushButton> markedButton_;
+    QPointer<QWidget> awaitsFocus_;  ///< had the focus when it was disabled
     bool closeAllowed_ = true;
 };
 

@@ -37,12 +37,9 @@ void GetTemperature::BuildLayout() {
     slide_ = Named(new CWSlide(this), "SlideDegreesC");
     slide_->SetAxis(thermometer);
     slide_->Style(CWSlide::Look::Thermometer);
+    slide_->Empty(true);
     slide_->setAccessibleName(QStringLiteral("Thermometer, \u00b0C"));
     slide_->setMinimumHeight(leastHeight);
-    auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
-    auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
-    DefaultButton(*cmdGet);
-
     auto* card = new QGroupBox(this);
     auto* scale = new QVBoxLayout;
     scale->addWidget(MakeLabel(card, "lblScale", "\u00b0C"), 0, Qt::AlignHCenter);
@@ -53,6 +50,10 @@ void GetTemperature::BuildLayout() {
     inside->addLayout(scale);
     inside->addLayout(BuildFields());
 
+    auto* cmdGet = MakeButton(this, "cmdGet", "Get", [this] { cmdGet_Click(); });
+    auto* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
+    DefaultButton(*cmdGet);
+    cmdGet->setFocus();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(cmdGet);
@@ -106,6 +107,7 @@ void GetTemperature::cmdGet_Click() {
         for (TextField* field : {celsius_, fahrenheit_, reaumur_, kelvin_, rankine_})
             field->Text("");
         slide_->Value(0);
+        slide_->Empty(true);
         port_.RThreshold(static_cast<std::int16_t>(ReplyLength(command)));
         OpenCommPort(port_, *this);
         Send(port_, command);
@@ -129,6 +131,7 @@ void GetTemperature::ShowReply() {
         degreesCelsius_ = CelsiusOf(degreesCelsius_);
         celsius_->Text(ScreenText(degreesCelsius_));
         slide_->Value(degreesCelsius_);
+        slide_->Empty(false);
     }
 }
 

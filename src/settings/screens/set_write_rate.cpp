@@ -1,5 +1,6 @@
 #include "settings/screens/set_write_rate.h"
 
+#include "base/number_text.h"
 #include "errors/trap.h"
 #include "platform/controls/cw_num_edit.h"
 #include "platform/controls/form.h"
@@ -34,6 +35,11 @@ void SetWriteRate::BuildLayout() {
     rows->addWidget(chkUnrestricted_, 0, 0, 1, 2);
     rows->addWidget(numEditRate_, 1, 0);
     rows->addWidget(MakeLabel(*numEditRate_, "", "Samples per Second"), 1, 1);
+    const std::string limits =
+        ScreenText(numEditRate_->Minimum()) + " to " + ScreenText(numEditRate_->Maximum());
+    rows->addWidget(MakeLabel(frame, "lblLimits", limits), 2, 0);
+    numEditRate_->setToolTip(ToQString(limits));
+    numEditRate_->setAccessibleDescription(ToQString(limits));
     QPushButton* cmdOK = MakeButton(this, "cmdOK", "OK", [this] { cmdOK_Click(); });
     DefaultButton(*cmdOK);
     auto* buttons = new QHBoxLayout;

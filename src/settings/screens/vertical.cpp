@@ -6,6 +6,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
 #include "platform/windows/boxes.h"
+#include "platform/windows/font_following.h"
 #include "settings/logic/vertical_mode.h"
 #include "state/app_state.h"
 
@@ -78,7 +79,7 @@ Vertical::Vertical()
 void Vertical::BuildLayout() {
     auto* frame = MakeFrame(this, "fraMode", "");
     frame->setEnabled(false);
-    KeepColours(*frame);
+    KeepReadableDisabled(*frame);
     auto* options = new QGridLayout(frame);
     options->setVerticalSpacing(24);
     options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 1, 1);
@@ -87,7 +88,14 @@ void Vertical::BuildLayout() {
     for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
     options->setRowStretch(0, 2);
     options->setRowStretch(3, 3);
-    MakeMiddleColumn(this)->addWidget(frame);
+    const char* hint = "The options show the sensor's mode. Set it in the File menu.";
+    frame->setToolTip(QString::fromUtf8(hint));
+    auto* lblHint = MakeLabel(this, "lblHint", hint);
+    constexpr double hintShrink = 0.75;
+    KeepFontScaled(*lblHint, hintShrink, QFont::Normal);
+    auto* column = MakeMiddleColumn(this);
+    column->addWidget(frame, 1);
+    column->addWidget(lblHint, 0, Qt::AlignCenter);
     DesignSize(designSize);
 }
 

@@ -7,6 +7,9 @@
 #include <QEvent>
 #include <QFile>
 #include <QGroupBox>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTabWidget>
 
 #include <functional>
 #include <string>
@@ -67,6 +70,7 @@ class ConnectScreen : public ScreenTest {
     static void Press(const char* button) { ScreenTest::Press(Dialog(), button); }
 
     static void ConnectManually(int port, const std::string& baud) {
+        Get<QTabWidget>(Dialog(), "SSTab1").setCurrentIndex(1);
         Get<QWidget>(Dialog(), "NumEditCommPort").setProperty("value", port);
         Get<QAbstractButton>(Dialog(), ("optBaud" + baud).c_str()).setChecked(true);
         Press("cmdConnectManual");
@@ -79,6 +83,14 @@ class ConnectScreen : public ScreenTest {
         Texts texts;
         for (const char* field : fields) texts.push_back(Text(Dialog(), field));
         return texts;
+    }
+
+    /// Whether `box` lies beside `frame`, whose contents can so be read.
+    static bool IsBeside(const QMessageBox& box, const char* frame) {
+        const auto& subject = Get<QWidget>(Dialog(), frame);
+        const QRect place(subject.mapToGlobal(QPoint()), subject.size());
+        return !box.frameGeometry().intersects(place) &&
+               box.screen()->availableGeometry().contains(box.frameGeometry());
     }
 
     /// Whether the two menus of the main window are enabled; they are only together.

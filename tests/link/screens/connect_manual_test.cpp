@@ -31,8 +31,9 @@ TEST_F(ConnectScreen, ConnectsManuallyAfterAShortIdentityAndStoresThePortAlone) 
     sensor.ReplyOnceTo(0xF1, {});
     BoxAnswerer boxes({QMessageBox::Retry});
     Texts shown;
-    boxes.BeforeAnswer([&](QMessageBox&) {
+    boxes.BeforeAnswer([&](const QMessageBox& box) {
         if (boxes.Count() == 1) sensor.ClearRecord();
+        EXPECT_EQ(IsBeside(box, "Frame1"), boxes.Texts().back() == success);
         shown = Shown({"txtPort1", "txtBaudRate1", "txtSN1", "txtFW1", "txtGGS1", "txtAGS1",
                        "txtMGS1", "txtPort"});
     });
@@ -56,6 +57,7 @@ TEST_F(ConnectScreen, AManualFailureStaysOnTheScreen) {
     for (const char* control : {"cmdConnectManual", "cmdQuit", "SSTab1", "fraPort", "fraBaud"}) {
         EXPECT_TRUE(Enabled(control)) << control;
     }
+    EXPECT_EQ(Dialog().focusWidget(), &Get<QWidget>(Dialog(), "NumEditCommPort"));
     EXPECT_EQ(AppState.CommPort, 9) << "the values tried";
     EXPECT_EQ(AppState.CommSettings, "115200,n,8,1");
     EXPECT_FALSE(MenusEnabled());

@@ -75,7 +75,8 @@ TEST_F(ConnectScreen, FindsTheSensorOnAnyPortAtAnySpeed) {
         sensor.ClearRecord();
         OpenModal("Connect");
         BoxAnswerer boxes;
-        boxes.BeforeAnswer([&](QMessageBox&) {
+        boxes.BeforeAnswer([&](const QMessageBox& box) {
+            EXPECT_TRUE(IsBeside(box, "fraParameters"));
             EXPECT_EQ(Shown({"txtPort", "txtBaudRate", "txtSN", "txtFW"}),
                       (Texts{port, baud, "1042", "3.1.01"}));
             EXPECT_EQ(Property(Dialog(), "PBar", "value"), "0");

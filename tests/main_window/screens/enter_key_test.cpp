@@ -1,9 +1,12 @@
 #include "platform/windows/boxes.h"
+#include "platform/windows/screen_registry.h"
 #include "support/screens/screen_fixture.h"
 #include "support/wait.h"
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <optional>
@@ -72,6 +75,41 @@ TEST_F(EnterKey, PressesTheFocusedButtonOrElseTheScreensOwn) {
         QTest::keyClick(target, Qt::Key_Return);
         EXPECT_EQ(pressed, std::vector<std::string>{row.pressed});
         screen.Unload();  // destroyed now, before the button's click follows
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(EnterKey, ResetsNothingAfterThePagesWereTurned) {
+    Screen& screen = OpenModal("Connect");
+    const auto focused = [&] { return screen.focusWidget()->objectName().toStdString(); };
+    EXPECT_EQ(focused(), "cmdConnectAuto");
+    for (const char* start : {"NumEditCommPort", "cmdQuitReset", "cmdConnectAuto"}) {
+        QTest::keyClick(screen.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(focused(), start);
+        if (focused() == "NumEditCommPort")
+            QTest::keyClicks(screen.focusWidget(), QStringLiteral("12"));
+    }
+    EXPECT_EQ(Property(screen, "NumEditCommPort", "value"), "12") << "typing replaces the number";
+    screen.findChild<QTabBar*>()->setFocus();
+    for (int turns = 0; turns < 2; ++turns) QTest::keyClick(screen.focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(screen.findChild<QTabWidget*>()->currentIndex(), 2) << "the focus stays on the tabs";
+    QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(WaitFor([] { return FindScreen("Connect") == nullptr; }));
+    EXPECT_TRUE(Heard().empty());
+}
+
+TEST_F(EnterKey, PressesTheButtonThatIsMarked) {
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.screen) + " tab " + std::to_string(row.tab) + ' ' + row.focus);
+        Screen& screen = OpenModal(row.screen);
+        if (auto* tabs = screen.findChild<QTabWidget*>()) tabs->setCurrentIndex(row.tab);
+        if (screen.focusWidget() != nullptr) screen.focusWidget()->clearFocus();
+        if (*row.focus != '\0') Get<QWidget>(screen, row.focus).setFocus();
+        std::vector<std::string> marked;
+        for (const auto* button : screen.findChildren<QPushButton*>())
+            if (button->isDefault()) marked.push_back(button->objectName().toStdString());
+        EXPECT_EQ(marked, std::vector<std::string>{row.pressed});
+        screen.Unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }

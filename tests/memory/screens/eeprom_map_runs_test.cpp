@@ -33,6 +33,33 @@ class EepromMapRuns : public AdvancedMapTest {
 
 }  // namespace
 
+TEST_F(EepromMapRuns, EscGivesBackTheWordThatTheSensorHas) {
+    sensor.SetWord(64, 7);
+    const auto escape = [this] { QTest::keyClick(&Field(64), Qt::Key_Escape); };
+    Type(64, "3");
+    escape();
+    EXPECT_EQ(Number(64), 3) << "nothing was read yet";
+    Field(64).setFocus();
+    Run("mnuRead");
+    EXPECT_EQ(frame.focusWidget(), &Field(64)) << "it was disabled meanwhile";
+    QTest::keyClicks(&Field(64), QStringLiteral("55"));
+    escape();
+    EXPECT_EQ(Number(64), 7);
+    EXPECT_FALSE(Marked(64)) << "what was typed never counted";
+    Type(64, "3");
+    QTest::keyClick(&Field(64), Qt::Key_PageUp);
+    EXPECT_EQ(Number(64), 13);
+    escape();
+    EXPECT_EQ(Number(64), 7);
+    EXPECT_TRUE(Marked(64)) << "each change marks";
+    Type(64, "12");
+    EXPECT_EQ(Number(64), 12);
+    Run("mnuWrite");
+    Type(64, "5");
+    escape();
+    EXPECT_EQ(Number(64), 12) << "as last written";
+}
+
 TEST_F(EepromMapRuns, AReadAndAnUnchangedWriteSendOneWord) {
     sensor.SetWord(44, 21);
     sensor.SetWord(130, 1000);

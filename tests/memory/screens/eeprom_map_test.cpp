@@ -89,6 +89,32 @@ TEST_F(EepromMap, TheChordShowsAndHidesTwoEntriesWhereverTheFocusIs) {
     EXPECT_FALSE(Visible("mnuShowMin") || Visible("mnuShowMax"));
 }
 
+TEST_F(EepromMap, ArrowKeysMoveBetweenEnabledFields) {
+    // At this level: 26, 44, 46, 64, 120 to 128, 132, 136 to 152, 202 to 222; a row is 24 wide.
+    struct Case {
+        int from;
+        Qt::Key key;
+        int to;
+    };
+    for (const auto& [from, key, to] :
+         {Case{26, Qt::Key_Down, 44}, Case{44, Qt::Key_Up, 26}, Case{46, Qt::Key_Down, 64},
+          Case{26, Qt::Key_Up, 26}, Case{222, Qt::Key_Down, 222}, Case{128, Qt::Key_Right, 152},
+          Case{152, Qt::Key_Left, 128}, Case{26, Qt::Key_Right, 122}, Case{26, Qt::Key_Left, 26},
+          Case{222, Qt::Key_Right, 222}}) {
+        Field(from).setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&Field(from), key);
+        EXPECT_EQ(frame.focusWidget()->objectName(), Field(to).objectName()) << from << ' ' << key;
+        EXPECT_EQ(Text(*screen, "txtEAdd"), std::to_string(to)) << from << ' ' << key;
+    }
+    EXPECT_EQ(MarkedAddresses(), Addresses{44}) << "0 is no code of a baud rate";
+    Field(26).setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&Field(26), QStringLiteral("12"));
+    QTest::keyClick(&Field(26), Qt::Key_Left);
+    QTest::keyClicks(&Field(26), QStringLiteral("0"));
+    QTest::keyClick(&Field(26), Qt::Key_Down);
+    EXPECT_EQ(Number(26), 102) << "Left moves the cursor while a number is typed";
+}
+
 TEST_F(EepromMap, EachChangeMarksAField) {
     Type(64, "15");
     Field(2).Value(1);  // disabled; changed by code

@@ -3,6 +3,9 @@
 #include "platform/controls/option_button.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QGroupBox>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -30,6 +33,49 @@ TEST(OptionButton, RaisesClickWhenItComesOnAndCanBeCleared) {
     one.Value(true);
     EXPECT_FALSE(four.Value()) << "they still exclude each other";
     EXPECT_EQ(log, (QStringList{"1", "4", "1", "4", "1"}));
+}
+
+TEST(OptionButton, TabGoesToTheChosenOneAndArrowsMoveTheChoice) {
+    QWidget window;
+    QLineEdit before(&window);
+    QGroupBox frame(&window);
+    std::vector<OptionButton*> options;
+    for (int i = 0; i < 3; ++i) {
+        options.push_back(new OptionButton(QString::number(i), &frame));
+        options.back()->move(0, 20 * i);
+    }
+    QLineEdit after(&window);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    struct Case {
+        int chosen;  ///< by code; -1 for none
+        int stop;    ///< where the Tab key stops
+        std::vector<std::pair<Qt::Key, int>> arrows;
+    };
+    for (const auto& [chosen, stop, arrows] :
+         {Case{2, 2, {{Qt::Key_Up, 1}, {Qt::Key_Up, 0}, {Qt::Key_Down, 1}}},
+          Case{0, 0, {{Qt::Key_Down, 1}}}, Case{-1, 0, {{Qt::Key_Down, 1}, {Qt::Key_Up, 0}}}}) {
+        for (OptionButton* option : options) option->Value(false);
+        if (chosen >= 0) options.at(chosen)->Value(true);
+        before.setFocus();
+        press(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), options.at(stop)) << chosen;
+        EXPECT_EQ(options.at(stop)->Value(), chosen >= 0) << "Tab chooses nothing";
+        for (const auto& [arrow, now] : arrows) {
+            press(arrow);
+            EXPECT_EQ(QApplication::focusWidget(), options.at(now)) << chosen;
+            EXPECT_TRUE(options.at(now)->Value()) << chosen;
+        }
+        press(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &after) << "one stop for the whole frame";
+    }
+    options[2]->Value(true);
+    options[0]->setFocus();  // as by a press of the mouse that ends elsewhere
+    before.setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), options[2]);
 }
 
 /// A list of three rows with the focus.

@@ -1,15 +1,21 @@
 #include "platform/windows/mdi_frame.h"
 
 #include "base/run_time_error.h"
+#include "platform/windows/boxes.h"
 #include "platform/windows/screen.h"
 #include "platform/windows/screen_registry.h"
+#include "support/box_answerer.h"
 #include "support/wait.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <utility>
 
 namespace orbkl4::test {
 
@@ -114,6 +120,25 @@ TEST_F(MdiFrameTest, DialogsLieOnTheDisplayAndShowTheirWholeTitles) {
     }
 }
 
+TEST_F(MdiFrameTest, IsActiveAgainWhenADialogHasGone) {
+    RegisterScreen("Dialog", [] { return new Screen("Dialog", "A dialog"); });
+    const std::pair<const char*, std::function<void(Screen&)>> ways[] = {
+        {"Esc", [](Screen& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }},
+        {"close box", [](Screen& dialog) { dialog.close(); }},
+        {"after a box", [](Screen& dialog) {
+             const BoxAnswerer box;
+             ShowMessage("Done");
+             dialog.Unload();
+         }}};
+    for (const auto& [way, leave] : ways) {
+        ShowModalScreen("Dialog");
+        Screen& dialog = *FindScreen("Dialog");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)) << way;
+        leave(dialog);
+        EXPECT_TRUE(WaitFor([&] { return QApplication::activeWindow() == &frame; }, 2000)) << way;
+    }
+}
+
 TEST_F(MdiFrameTest, TheFootKeepsWhatIsBeingMarked) {
     auto* foot = frame.findChild<QLineEdit*>(QStringLiteral("txtStatus"));
     frame.Foot(QStringLiteral("one"));
@@ -126,6 +151,31 @@ TEST_F(MdiFrameTest, TheFootKeepsWhatIsBeingMarked) {
     EXPECT_EQ(foot->accessibleName(), "Status");
     QTest::keyClicks(foot, QStringLiteral("x"));
     EXPECT_EQ(foot->text(), "three");
+}
+
+TEST_F(MdiFrameTest, TheFootIsTheLastTabStopAndCopiesWithoutMarks) {
+    RegisterScreen("Filled", [] {
+        auto* screen = new Screen("Filled", "With two fields");
+        for (const char* name : {"txtOne", "txtTwo"})
+            (new QLineEdit(screen))->setObjectName(QLatin1String(name));
+        return screen;
+    });
+    Show("Lower");
+    Show("Filled");
+    frame.Foot(QStringLiteral("all of it"), QStringLiteral("more"));
+    frame.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    for (const char* stop : {"txtOne", "txtTwo", "txtStatus", "txtOne"}) {
+        QTest::keyClick(frame.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(frame.focusWidget()->objectName(), stop);
+    }
+    auto* foot = frame.findChild<QLineEdit*>(QStringLiteral("txtStatus"));
+    foot->setFocus(Qt::TabFocusReason);
+    frame.Foot(QStringLiteral("goes on"));
+    QTest::keyClick(foot, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "goes on");
+    FindScreen("Filled")->Unload();
+    EXPECT_NE(frame.focusWidget(), foot) << "the screen below has the focus";
 }
 
 TEST_F(MdiFrameTest, AScreenThatIsNotRegisteredIsAnError) {

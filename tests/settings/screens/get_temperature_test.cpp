@@ -20,6 +20,15 @@ class Temperature : public ScreenTest {
     }
 
     double Slide() const { return Get<CWSlide>(screen, "SlideDegreesC").Value(); }
+
+    /// Whether the thermometer's bulb, at its foot, is red.
+    bool ShowsFluid() const {
+        CWSlide& slide = Get<CWSlide>(screen, "SlideDegreesC");
+        const QImage picture = slide.grab().toImage();
+        const QPoint bulb(qRound(slide.PointerPlace().x()), slide.height() - 20);
+        const QColor colour = picture.pixelColor(bulb * picture.devicePixelRatio());
+        return colour.red() > 2 * colour.green();
+    }
 };
 
 }  // namespace
@@ -36,6 +45,7 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
     const Bytes checksum{0x07, 0x33, 0x33, 0x00, 0x01, 0x33, 0x3C};
     const auto good = [](unsigned word) { return Frame(0x07, {word, 65000}); };
     EXPECT_EQ(Text(screen, "lblRe"), "R\u00e9aumur");
+    EXPECT_FALSE(ShowsFluid());
     for (const auto& [reply, texts, slide, messages] : std::vector<Case>{
              {good(0), {"-50", "-58", "-40", "223.2", "401.7"}, -50, {}},       // 223.15
              {good(6554), {"0", "32", "0", "273.2", "491.7"}, 0, {}},           // 273.15
@@ -53,9 +63,11 @@ TEST_F(Temperature, IsShownInFiveScalesUnlessTheReplyIsBad) {
         Press(screen, "cmdGet");
         EXPECT_EQ(Fields(), Strings(5)) << "all emptied";
         EXPECT_EQ(Slide(), 0);
+        EXPECT_FALSE(ShowsFluid());
         ASSERT_TRUE(WaitFor([this] { return !PortOpen(); }));
         EXPECT_EQ(Fields(), texts);
         EXPECT_EQ(Slide(), slide);
+        EXPECT_EQ(ShowsFluid(), messages.empty());
         EXPECT_EQ(box.Texts(), messages);
         EXPECT_EQ(Heard(), std::vector<Bytes>{{0x07}});
     }

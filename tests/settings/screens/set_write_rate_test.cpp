@@ -29,6 +29,9 @@ TEST_F(WriteRate, StartsAsTheSettingStandsAndSetsIt) {
     EXPECT_TRUE(rate.isEnabled());
     EXPECT_DOUBLE_EQ(rate.Minimum(), 0.01);
     EXPECT_DOUBLE_EQ(rate.Maximum(), 157);
+    for (const std::string& limits : {Text(screen, "lblLimits"), rate.toolTip().toStdString(),
+                                      rate.accessibleDescription().toStdString()})
+        EXPECT_EQ(limits, "0.01 to 157");
     rate.Value(20);
     Press(screen, "cmdOK");
     EXPECT_TRUE(Closed());

@@ -43,6 +43,18 @@ TEST_F(Vertical, ShowsTheModeForTheTwoWords) {
     }
 }
 
+TEST_F(Vertical, TheOptionsLookDisabledAndTellWhereTheModeIsSet) {
+    OpenRead("Vertical");
+    const auto ink = [&](const char* control) {
+        const auto& widget = Get<QWidget>(*screen, control);
+        return widget.palette().color(QPalette::WindowText);
+    };
+    EXPECT_NE(ink("optNormal"), ink("lblHint"));
+    const std::string hint = "The options show the sensor's mode. Set it in the File menu.";
+    EXPECT_EQ(Text(*screen, "lblHint"), hint);
+    EXPECT_EQ(Property(*screen, "fraMode", "toolTip"), hint);
+}
+
 TEST_F(Vertical, SwitchesTheSensor) {
     const BoxAnswerer boxes({}, goOn);
     SetWords(1, 100);
