@@ -19,7 +19,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int rowGap = 3;    // between rows of fields, in pixels
+constexpr int rowGap = 2;    // between rows of fields, in pixels
 constexpr int groupGap = 6;  // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 

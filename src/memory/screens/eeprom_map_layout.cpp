@@ -37,7 +37,8 @@ constexpr auto secondFrameRows = static_cast<int>(RowsAt(firstFrameFields));
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
-constexpr int rowGap = 4;
+constexpr int rowGap = 3;
+constexpr int columnGap = 5;
 constexpr QSize designSize(1010, 530);
 
 }  // namespace
@@ -46,7 +47,10 @@ void EEPROMmap::BuildLayout() {
     setAttribute(Qt::WA_Hover);
     auto* first = new QGridLayout(fraEEPROMAddresses1_);
     auto* second = new QGridLayout(fraEEPROMAddresses_);
-    for (QGridLayout* grid : {first, second}) grid->setVerticalSpacing(rowGap);
+    for (QGridLayout* grid : {first, second}) {
+        grid->setVerticalSpacing(rowGap);
+        grid->setHorizontalSpacing(columnGap);
+    }
     for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
         if (index < firstFrameFields) {
             AddField(*first, index, firstFrameRows);

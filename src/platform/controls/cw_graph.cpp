@@ -53,8 +53,7 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 void CWGraph::AddPlot(std::size_t plot) {
     QCPGraph* graph = addGraph();
     const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size())();
-    const int width = IsContrast(CurrentLook()) ? 2 : 1;
-    graph->setPen(QPen(colour, width, lineStyles.at(plot % lineStyles.size())));
+    graph->setPen(QPen(colour, 1, lineStyles.at(plot % lineStyles.size())));
     graph->removeFromLegend();
 }
 
@@ -96,6 +95,13 @@ void CWGraph::FollowFont() {
     const int line = fontMetrics().height();
     legend->setFont(font());
     legend->setIconSize(2 * line, line);
+    constexpr int largeType = 24;  // in pixels of the display, beside which thin plots look faint
+    const bool thick = IsContrast(CurrentLook()) || line * devicePixelRatioF() >= largeType;
+    for (int plot = 0; plot < graphCount(); ++plot) {
+        QPen pen = graph(plot)->pen();
+        pen.setWidth(thick ? 2 : 1);
+        graph(plot)->setPen(pen);
+    }
 }
 
 void CWGraph::changeEvent(QEvent* event) {

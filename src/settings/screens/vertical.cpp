@@ -6,6 +6,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/option_button.h"
 #include "platform/windows/boxes.h"
+#include "platform/windows/font_following.h"
 #include "settings/logic/vertical_mode.h"
 #include "state/app_state.h"
 
@@ -84,14 +85,17 @@ void Vertical::BuildLayout() {
     options->addWidget(Named(new OptionButton("Set Normal Mode", frame), "optNormal"), 1, 1);
     options->addWidget(Named(new OptionButton("Set Vertical Gyro Mode", frame), "optVertical"), 2,
                        1);
-    const char* hint = "The options show the sensor's mode. Set it in the File menu.";
-    frame->setToolTip(QString::fromUtf8(hint));
     for (const int edge : {0, 2}) options->setColumnStretch(edge, 1);
     options->setRowStretch(0, 2);
     options->setRowStretch(3, 3);
-    QVBoxLayout* column = MakeMiddleColumn(this);
+    const char* hint = "The options show the sensor's mode. Set it in the File menu.";
+    frame->setToolTip(QString::fromUtf8(hint));
+    auto* lblHint = MakeLabel(this, "lblHint", hint);
+    constexpr double hintShrink = 0.75;
+    KeepFontScaled(*lblHint, hintShrink, QFont::Normal);
+    auto* column = MakeMiddleColumn(this);
     column->addWidget(frame, 1);
-    column->addWidget(MakeLabel(this, "lblHint", hint), 0, Qt::AlignCenter);
+    column->addWidget(lblHint, 0, Qt::AlignCenter);
     DesignSize(designSize);
 }
 

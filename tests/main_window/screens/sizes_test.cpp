@@ -10,7 +10,10 @@ namespace orbkl4::test {
 
 namespace {
 
-using Sizes = ScreenTest;
+class Sizes : public ScreenTest {
+  protected:
+    static void SetUpTestSuite() { ApplyHouseStyle(); }  // before there is a frame
+};
 
 constexpr const char* children[] = {"Main",        "SensorBits", "Vectors",       "Quaternions",
                                     "Angles",      "Matrices",   "AnglesAccRate", "QuatVec",
@@ -29,7 +32,6 @@ QSize LeastSize(const Screen& screen) {
 }  // namespace
 
 TEST_F(Sizes, NoScreenIsCutInAWindowOfAnySize) {
-    ApplyHouseStyle();
     frame.show();
     for (const QSize& window :
          {QSize(960, 600), QSize(1024, 652), QSize(1090, 900), QSize(1240, 760), QSize(1366, 720),
