@@ -41,7 +41,7 @@ inline constexpr Tint heading     {0x1F6FB5, 0x1F5A91, 0x00308F, 0x003C8F};
 inline constexpr Tint onHeading   {0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF};
 
 // Borders
-inline constexpr Tint line        {0xB3BECA, 0x5F6B78, 0x000000, 0xFFFFFF};
+inline constexpr Tint line        {0xB3BECA, 0x74808D, 0x000000, 0xFFFFFF};
 inline constexpr Tint cardLine    {0xD3DAE2, 0x3B444F, 0x000000, 0xFFFFFF};
 inline constexpr Tint grid        {0xE3E8ED, 0x333B44, 0xC0C0C0, 0x5A5A5A};  ///< of the graph
 
