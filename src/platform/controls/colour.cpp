@@ -13,7 +13,7 @@ QColor Shown(std::uint32_t bgr) {
     if (bgr == unusedBackground) return colours::unused();
     if (bgr == modifiedBackground) return colours::modified();
     const auto channel = [bgr](unsigned shift) { return static_cast<int>((bgr >> shift) & 0xFFU); };
-    return QColor(channel(0), channel(8), channel(16));
+    return {channel(0), channel(8), channel(16)};
 }
 
 }  // namespace

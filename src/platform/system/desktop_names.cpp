@@ -29,7 +29,7 @@ QString GnomeSetting(const char* schema, const char* key) {
 }  // namespace
 
 QString DesktopNames() {
-    const QString chosen = qEnvironmentVariable("GTK_THEME");
+    QString chosen = qEnvironmentVariable("GTK_THEME");
     if (!chosen.isEmpty()) return chosen;
     if (!qEnvironmentVariable("XDG_CURRENT_DESKTOP").contains(QLatin1String("GNOME"))) return {};
     QStringList names{GnomeSetting(interfaceSettings, "gtk-theme"),

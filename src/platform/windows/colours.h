@@ -15,7 +15,7 @@ struct Tint {
     std::array<QRgb, 4> rgb;  ///< light, dark, high contrast light and dark
 
     QColor operator()() const { return (*this)(CurrentLook()); }
-    QColor operator()(Look look) const { return QColor(rgb.at(static_cast<std::size_t>(look))); }
+    QColor operator()(Look look) const { return {rgb.at(static_cast<std::size_t>(look))}; }
 };
 
 // clang-format off

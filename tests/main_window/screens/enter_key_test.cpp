@@ -58,7 +58,7 @@ Answer AnswerToEnter(std::optional<QMessageBox::StandardButton> focus) {
 
 }  // namespace
 
-TEST_F(EnterKey, PressesTheFocusedButtonOrElseTheScreensOwn) {
+TEST_F(EnterKey, MarksAndPressesTheFocusedButtonOrElseTheScreensOwn) {
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.screen) + " tab " + std::to_string(row.tab) + ' ' + row.focus);
         Screen& screen = OpenModal(row.screen);
@@ -66,6 +66,10 @@ TEST_F(EnterKey, PressesTheFocusedButtonOrElseTheScreensOwn) {
         if (screen.focusWidget() != nullptr) screen.focusWidget()->clearFocus();
         QWidget* target = *row.focus == '\0' ? &screen : &Get<QWidget>(screen, row.focus);
         if (target != &screen) target->setFocus();
+        std::vector<std::string> marked;
+        for (const auto* button : screen.findChildren<QPushButton*>())
+            if (button->isDefault()) marked.push_back(button->objectName().toStdString());
+        EXPECT_EQ(marked, std::vector<std::string>{row.pressed});
         std::vector<std::string> pressed;
         for (const auto* button : screen.findChildren<QAbstractButton*>()) {
             QObject::connect(button, &QAbstractButton::pressed, button, [&pressed, button] {
@@ -96,22 +100,6 @@ TEST_F(EnterKey, ResetsNothingAfterThePagesWereTurned) {
     QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(WaitFor([] { return FindScreen("Connect") == nullptr; }));
     EXPECT_TRUE(Heard().empty());
-}
-
-TEST_F(EnterKey, PressesTheButtonThatIsMarked) {
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.screen) + " tab " + std::to_string(row.tab) + ' ' + row.focus);
-        Screen& screen = OpenModal(row.screen);
-        if (auto* tabs = screen.findChild<QTabWidget*>()) tabs->setCurrentIndex(row.tab);
-        if (screen.focusWidget() != nullptr) screen.focusWidget()->clearFocus();
-        if (*row.focus != '\0') Get<QWidget>(screen, row.focus).setFocus();
-        std::vector<std::string> marked;
-        for (const auto* button : screen.findChildren<QPushButton*>())
-            if (button->isDefault()) marked.push_back(button->objectName().toStdString());
-        EXPECT_EQ(marked, std::vector<std::string>{row.pressed});
-        screen.Unload();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
 }
 
 TEST_F(EnterKey, AnswersABoxByRetryUnlessTheFocusIsOnCancel) {
