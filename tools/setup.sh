@@ -60,8 +60,8 @@ build() {
   echo "Built in $((SECONDS - start)) s."
 }
 
-# run_tests PRESET [CTEST OPTION...]: runs tests side by side, as most wait for a line most of the time,
-# but for those that need the machine for themselves.
+# run_tests PRESET [CTEST OPTION...]: runs tests side by side, more than there are processors, as most
+# wait for a line; those that look at times run by themselves.
 run_tests() {
   ctest --preset "$1" -j $((2 * $(nproc))) "${@:2}"
 }
