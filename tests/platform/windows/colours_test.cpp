@@ -9,6 +9,8 @@
 #include <QPalette>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace orbkl4 {
@@ -29,7 +31,7 @@ double Luminance(const QColor& colour) {
 
 /// The contrast of two colours by WCAG 2, from 1 to 21.
 double Contrast(const QColor& one, const QColor& other) {
-    const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
