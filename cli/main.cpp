@@ -1,4 +1,4 @@
-#include "cli/command_line.h"
+#include "cli/commands/command_line.h"
 
 #include <QCoreApplication>
 

@@ -2,11 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace orbkl4::cli {
 
@@ -24,15 +19,5 @@ struct Options {
     bool json = false;
     bool quiet = false;
 };
-
-/// The speeds that a sensor can have, in baud, in the order of the search.
-std::vector<int> AllSpeeds();
-
-/// Adds the options of every command to `app`, to be stored in `options` by its parsing.
-void AddCommonOptions(CLI::App& app, Options& options);
-
-/// Takes from the environment what the parsed command line of `app` doesn't say; throws
-/// CLI::ParseError for a value that the option would refuse.
-void TakeEnvironment(CLI::App& app);
 
 }  // namespace orbkl4::cli

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/command.h"
+#include "cli/context.h"
+#include "cli/error.h"
 #include "cli/publisher.h"
 #include "cli/row_sink.h"
 

@@ -3,6 +3,7 @@
 #include "cli/error.h"
 #include "cli/ports.h"
 #include "cli/reply.h"
+#include "link/logic/baud_rates.h"
 #include "link/logic/identity.h"
 #include "link/logic/requests.h"
 
@@ -127,7 +128,12 @@ std::vector<FoundSensor> AskAllPorts(std::span<const int> speeds) {
 }  // namespace
 
 std::vector<int> SpeedsToTry(const SensorChoice& choice) {
-    return choice.baud ? std::vector{*choice.baud} : AllSpeeds();
+    if (choice.baud) return {*choice.baud};
+    std::vector<int> speeds;
+    speeds.reserve(baudSearchOrder.size());
+    for (const BaudRate& rate : baudSearchOrder)
+        speeds.push_back(std::stoi(std::string(rate.text)));
+    return speeds;
 }
 
 std::vector<FoundSensor> AskForSensors(Lines lines, std::span<const int> speeds,

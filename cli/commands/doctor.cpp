@@ -1,5 +1,5 @@
 #include "base/arithmetic.h"
-#include "cli/command.h"
+#include "cli/commands/command.h"
 #include "cli/link_health.h"
 #include "cli/session.h"
 

@@ -1,5 +1,5 @@
 #include "cli/channels.h"
-#include "cli/command.h"
+#include "cli/commands/command.h"
 #include "cli/session.h"
 #include "link/logic/requests.h"
 #include "platform/system/qt_text.h"

@@ -1,4 +1,4 @@
-#include "cli/command.h"
+#include "cli/commands/command.h"
 #include "cli/commands/memory_change.h"
 #include "cli/memory_listing.h"
 #include "cli/session.h"

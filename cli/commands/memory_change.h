@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/command.h"
+#include "cli/commands/command.h"
 
 namespace orbkl4::cli {
 

@@ -1,6 +1,6 @@
 #include "cli/ports.h"
 
-#include "cli/command.h"
+#include "cli/commands/command.h"
 #include "cli/search.h"
 
 #include <CLI/CLI.hpp>

@@ -1,4 +1,5 @@
 #include "base/number_text.h"
+#include "cli/commands/command.h"
 #include "cli/recording.h"
 
 #include <CLI/CLI.hpp>

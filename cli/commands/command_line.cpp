@@ -1,7 +1,8 @@
-#include "cli/command_line.h"
+#include "cli/commands/command_line.h"
 
 #include "base/program.h"
-#include "cli/command.h"
+#include "cli/commands/command.h"
+#include "cli/commands/common_options.h"
 #include "cli/signals.h"
 
 #include <CLI/CLI.hpp>

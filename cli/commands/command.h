@@ -1,8 +1,7 @@
 #pragma once
 
+#include "cli/context.h"
 #include "cli/error.h"
-#include "cli/options.h"
-#include "cli/output.h"
 
 #include <functional>
 #include <span>
@@ -12,12 +11,6 @@ class App;
 }
 
 namespace orbkl4::cli {
-
-/// What a command runs on.
-struct Context {
-    const Options& options;
-    const Output& output;
-};
 
 /// Runs a parsed command; throws `CliError` if it fails.
 using Action = std::function<ExitCode(const Context&)>;

@@ -1,6 +1,6 @@
-#include "cli/options.h"
+#include "cli/commands/common_options.h"
 
-#include "link/logic/baud_rates.h"
+#include "cli/search.h"
 #include "platform/system/port_device.h"
 
 #include <CLI/CLI.hpp>
@@ -30,14 +30,6 @@ void TakeVariable(CLI::App& app, const char* option, const char* variable) {
 
 }  // namespace
 
-std::vector<int> AllSpeeds() {
-    std::vector<int> speeds;
-    speeds.reserve(baudSearchOrder.size());
-    for (const BaudRate& rate : baudSearchOrder)
-        speeds.push_back(std::stoi(std::string(rate.text)));
-    return speeds;
-}
-
 void AddCommonOptions(CLI::App& app, Options& options) {
     constexpr int lastSerialNumber = 65535;
     SensorChoice& sensor = options.sensor;
@@ -51,7 +43,7 @@ void AddCommonOptions(CLI::App& app, Options& options) {
         ->type_name("SERIAL")
         ->check(CLI::Range(0, lastSerialNumber).description(""));
     app.add_option(baudOption, sensor.baud, "Its speed, in place of trying all three")
-        ->check(CLI::IsMember(AllSpeeds()));
+        ->check(CLI::IsMember(SpeedsToTry({})));
     app.add_flag("--json", options.json, "Print one JSON document");
     app.add_flag("-q,--quiet", options.quiet, "Print no messages but errors");
 }
