@@ -26,7 +26,7 @@ set(orbkl4_std_headers <algorithm> <array> <chrono> <cmath> <cstdint> <filesyste
   <utility> <vector>)
 set(orbkl4_qt_headers <QApplication> <QDir> <QFile> <QGridLayout> <QGroupBox> <QKeyEvent> <QLabel>
   <QLineEdit> <QMenu> <QMessageBox> <QPainter> <QPointer> <QProgressBar> <QPushButton>
-  <QRegularExpression> <QSerialPort> <QTimer> <qcustomplot.h>)
+  <QRegularExpression> <QSerialPort> <QTimer>)
 
 # orbkl4_layer(NAME [MOC] GLOBS pattern... USES target...)
 # One layer of the program: every source that the patterns find, seen below src/ only by the

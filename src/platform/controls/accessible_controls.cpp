@@ -17,7 +17,8 @@ namespace orbkl4 {
 namespace {
 
 /// A painted control as assistive technology sees it, read from its Qt properties: a number is a
-/// value with limits, true or false is a check mark, and a text is a text.
+/// value with limits, true or false is a check mark, and a text is a text. What it is made of isn't
+/// shown.
 class AccessibleControl final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     AccessibleControl(QWidget* control, QAccessible::Role role)
@@ -45,6 +46,9 @@ class AccessibleControl final : public QAccessibleWidget, public QAccessibleValu
         }
         return QAccessibleWidget::interface_cast(type);
     }
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
 
     QVariant currentValue() const override { return object()->property("value"); }
     void setCurrentValue(const QVariant& value) override {

@@ -4,6 +4,9 @@
 #include "base/run_time_error.h"
 #include "platform/windows/colours.h"
 
+#include <QVBoxLayout>
+#include <qcustomplot.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -30,20 +33,23 @@ void StyleAxis(QCPAxis& axis) {
 }  // namespace
 
 CWGraph::CWGraph(std::size_t plots, QWidget* parent)
-    : QCustomPlot(parent), plots_(plots), values_(plots * window_) {
+    : QWidget(parent), plot_(new QCustomPlot(this)), plots_(plots), values_(plots * window_) {
+    auto* inside = new QVBoxLayout(this);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->addWidget(plot_);
     setMinimumSize(240, 160);
-    setBackground(colours::base());
-    setNotAntialiasedElements(QCP::aeAll);
-    setPlottingHint(QCP::phFastPolylines);
-    setNoAntialiasingOnDrag(true);
+    plot_->setBackground(colours::base());
+    plot_->setNotAntialiasedElements(QCP::aeAll);
+    plot_->setPlottingHint(QCP::phFastPolylines);
+    plot_->setNoAntialiasingOnDrag(true);
     for (std::size_t plot = 0; plot < plots; ++plot) AddPlot(plot);
-    for (QCPAxis* axis : {xAxis, yAxis}) StyleAxis(*axis);
-    for (QCPAxis* axis : {xAxis2, yAxis2}) {
+    for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) StyleAxis(*axis);
+    for (QCPAxis* axis : {plot_->xAxis2, plot_->yAxis2}) {
         axis->setVisible(true);
         axis->setTicks(false);
         axis->setBasePen(QPen(colours::line(), 1));
     }
-    xAxis->setRange(rangeX_);
+    plot_->xAxis->setRange(lowerX_, upperX_);
     FollowFont();
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(frameMilliseconds);
@@ -51,34 +57,36 @@ CWGraph::CWGraph(std::size_t plots, QWidget* parent)
 }
 
 void CWGraph::AddPlot(std::size_t plot) {
-    QCPGraph* graph = addGraph();
+    QCPGraph* graph = plot_->addGraph();
     const QColor colour = plotColours.at(plot / lineStyles.size() % plotColours.size())();
     graph->setPen(QPen(colour, 1, lineStyles.at(plot % lineStyles.size())));
     graph->removeFromLegend();
 }
 
 void CWGraph::AxisX(const QString& title, double minimum, double maximum) {
-    rangeX_ = {minimum, maximum};
+    lowerX_ = minimum;
+    upperX_ = maximum;
     window_ = static_cast<std::size_t>(std::max(1L, std::lround(maximum - minimum)));
     values_.assign(plots_ * window_, 0);
-    xAxis->setLabel(title);
+    plot_->xAxis->setLabel(title);
     Clear();
 }
 
 void CWGraph::AxisY(const QString& title, double minimum, double maximum) {
-    yAxis->setLabel(title);
-    yAxis->setRange(minimum, maximum);
+    plot_->yAxis->setLabel(title);
+    plot_->yAxis->setRange(minimum, maximum);
     DrawSoon();
 }
 
 void CWGraph::PlotName(std::size_t plot, const QString& name) {
-    QCPGraph* named = graph(static_cast<int>(plot));
+    QCPGraph* named = plot_->graph(static_cast<int>(plot));
     named->setName(name);
     named->addToLegend();
+    QCPLegend* legend = plot_->legend;
     if (!legend->visible()) {
         // Beside the plots, not over them.
-        plotLayout()->addElement(0, 1, legend);
-        plotLayout()->setColumnStretchFactor(1, 0.001);
+        plot_->plotLayout()->addElement(0, 1, legend);
+        plot_->plotLayout()->setColumnStretchFactor(1, 0.001);
         legend->setBorderPen(Qt::NoPen);
         legend->setBrush(colours::base());
         legend->setTextColor(colours::ink());
@@ -88,24 +96,24 @@ void CWGraph::PlotName(std::size_t plot, const QString& name) {
 }
 
 void CWGraph::FollowFont() {
-    for (QCPAxis* axis : {xAxis, yAxis}) {
+    for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) {
         axis->setLabelFont(font());
         axis->setTickLabelFont(font());
     }
     const int line = fontMetrics().height();
-    legend->setFont(font());
-    legend->setIconSize(2 * line, line);
+    plot_->legend->setFont(font());
+    plot_->legend->setIconSize(2 * line, line);
     constexpr int largeType = 24;  // in pixels of the display, beside which thin plots look faint
     const bool thick = IsContrast(CurrentLook()) || line * devicePixelRatioF() >= largeType;
-    for (int plot = 0; plot < graphCount(); ++plot) {
-        QPen pen = graph(plot)->pen();
+    for (int plot = 0; plot < plot_->graphCount(); ++plot) {
+        QPen pen = plot_->graph(plot)->pen();
         pen.setWidth(thick ? 2 : 1);
-        graph(plot)->setPen(pen);
+        plot_->graph(plot)->setPen(pen);
     }
 }
 
 void CWGraph::changeEvent(QEvent* event) {
-    QCustomPlot::changeEvent(event);
+    QWidget::changeEvent(event);
     if (event->type() != QEvent::FontChange) return;
     FollowFont();
     DrawSoon();
@@ -130,7 +138,7 @@ QString CWGraph::LastRead() const {
     QStringList values;
     for (std::size_t plot = 0; filled_ > 0 && plot < plots_; ++plot) {
         const double value = values_[(reads_ - 1) % window_ * plots_ + plot];
-        values += graph(static_cast<int>(plot))->name() + QLatin1Char(' ') +
+        values += plot_->graph(static_cast<int>(plot))->name() + QLatin1Char(' ') +
                   QString::fromStdString(ScreenText(value));
     }
     return values.join(QStringLiteral(", "));
@@ -148,12 +156,12 @@ void CWGraph::Draw() {
         for (std::size_t read = first; read < reads_; ++read) {
             points.append({static_cast<double>(read), values_[read % window_ * plots_ + plot]});
         }
-        graph(static_cast<int>(plot))->data()->set(points, true);
+        plot_->graph(static_cast<int>(plot))->data()->set(points, true);
     }
     const double last = reads_ == 0 ? 0 : static_cast<double>(reads_ - 1);
-    const double shift = std::max(0.0, last - rangeX_.upper);
-    xAxis->setRange(rangeX_.lower + shift, rangeX_.upper + shift);
-    replot();
+    const double shift = std::max(0.0, last - upperX_);
+    plot_->xAxis->setRange(lowerX_ + shift, upperX_ + shift);
+    plot_->replot();
 }
 
 }  // namespace orbkl4

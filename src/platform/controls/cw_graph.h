@@ -1,17 +1,19 @@
 #pragma once
 
 #include <QTimer>
-#include <qcustomplot.h>
+#include <QWidget>
 
 #include <cstddef>
 #include <span>
 #include <vector>
 
+class QCustomPlot;
+
 namespace orbkl4 {
 
 /// A strip chart of several plots over the number of reads. It keeps and shows the last reads only,
 /// as many as its window has room for, and draws at most 60 times a second.
-class CWGraph : public QCustomPlot {
+class CWGraph : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int pointCount READ PointCount)
     Q_PROPERTY(int readCount READ ReadCount)
@@ -55,8 +57,10 @@ class CWGraph : public QCustomPlot {
     void Draw();
     void AddPlot(std::size_t plot);
 
+    QCustomPlot* plot_;
     QTimer drawTimer_;
-    QCPRange rangeX_{0, 200};
+    double lowerX_ = 0;
+    double upperX_ = 200;
     std::size_t plots_;
     std::size_t window_ = 200;
     std::vector<double> values_;  ///< ring of `window_` reads, `plots_` values each

@@ -5,6 +5,7 @@
 #include "support/box_answerer.h"
 
 #include <QCheckBox>
+#include <qcustomplot.h>
 
 namespace orbkl4::test {
 
@@ -33,6 +34,7 @@ class SelfTest : public ViewTest {
 
     Screen& screen = Open("SelfTest");
     CWGraph& graph = Get<CWGraph>(screen, "CWGraph1");
+    const QCustomPlot& plot = *graph.findChild<QCustomPlot*>();
     BoxAnswerer hand{{}, QMessageBox::Retry};
 };
 
@@ -41,16 +43,16 @@ class SelfTest : public ViewTest {
 TEST_F(SelfTest, ShowsAndDrawsEachGoodReplyUntilTheNextStart) {
     EXPECT_FALSE(ShiftEnabled());
     EXPECT_EQ(Property(screen, "CWGraph1", "pointCount"), "0");
-    EXPECT_EQ(graph.xAxis->label(), "Reads");
-    EXPECT_EQ(graph.yAxis->label(), "Bitsness");
-    EXPECT_EQ(graph.yAxis->range().upper, 65535);
+    EXPECT_EQ(plot.xAxis->label(), "Reads");
+    EXPECT_EQ(plot.yAxis->label(), "Bitsness");
+    EXPECT_EQ(plot.yAxis->range().upper, 65535);
     Sample({rawReply, rawReply});
     EXPECT_EQ(Texts(screen, fields), texts);
     EXPECT_TRUE(Lit(screen, "LED"));
     EXPECT_TRUE(ShiftEnabled());
     EXPECT_EQ(graph.PointCount(), 2);
-    const auto lastDrawn = [this](int plot) {
-        const auto points = graph.graph(plot)->data();
+    const auto lastDrawn = [this](int number) {
+        const auto points = plot.graph(number)->data();
         return points->isEmpty() ? -1 : (points->constEnd() - 1)->value;
     };
     ASSERT_TRUE(WaitFor([&] { return lastDrawn(8) == 9; }));
@@ -67,8 +69,8 @@ TEST_F(SelfTest, ShowsAndDrawsEachGoodReplyUntilTheNextStart) {
     Click(screen, "mnuSample");
     EXPECT_EQ(Texts(screen, fields), std::vector<std::string>(12));
     EXPECT_EQ(graph.PointCount(), 0);
-    ASSERT_TRUE(WaitFor([this] { return graph.xAxis->range().lower == 0; }));
-    EXPECT_EQ(graph.xAxis->range().upper, 200);
+    ASSERT_TRUE(WaitFor([this] { return plot.xAxis->range().lower == 0; }));
+    EXPECT_EQ(plot.xAxis->range().upper, 200);
 }
 
 TEST_F(SelfTest, ABadReplyDrawsNoPointAndOnlyABadSumDimsTheLamp) {

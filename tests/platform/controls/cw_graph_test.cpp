@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <qcustomplot.h>
 
 #include <array>
 
@@ -20,8 +21,9 @@ std::array<double, 9> Read(int number) {
 
 TEST(CWGraph, ShowsTheLastReadsOnlyAndDrawsABurstOnce) {
     CWGraph graph(9);
+    const QCustomPlot& plot = *graph.findChild<QCustomPlot*>();
     graph.AxisX("Reads", 0, 200);
-    QSignalSpy drawings(&graph, &QCustomPlot::afterReplot);
+    QSignalSpy drawings(&plot, &QCustomPlot::afterReplot);
     const auto drawn = [&] {
         drawings.clear();
         return QTest::qWaitFor([&] { return drawings.count() > 0; });
@@ -30,8 +32,8 @@ TEST(CWGraph, ShowsTheLastReadsOnlyAndDrawsABurstOnce) {
     for (int read = 0; read < 1000; ++read) graph.Append(Read(read));
     ASSERT_TRUE(drawn());
     EXPECT_EQ(drawings.count(), 1);
-    EXPECT_EQ(graph.xAxis->range(), QCPRange(799, 999));
-    const auto points = graph.graph(8)->data();
+    EXPECT_EQ(plot.xAxis->range(), QCPRange(799, 999));
+    const auto points = plot.graph(8)->data();
     ASSERT_EQ(points->size(), 200);
     EXPECT_EQ(points->at(0)->key, 800);
     EXPECT_EQ(points->at(0)->value, 80800);
@@ -41,18 +43,19 @@ TEST(CWGraph, ShowsTheLastReadsOnlyAndDrawsABurstOnce) {
     graph.Clear();
     graph.Append(Read(5));
     ASSERT_TRUE(drawn());
-    ASSERT_EQ(graph.graph(0)->data()->size(), 1);
-    EXPECT_EQ(graph.graph(0)->data()->at(0)->key, 0);
+    ASSERT_EQ(plot.graph(0)->data()->size(), 1);
+    EXPECT_EQ(plot.graph(0)->data()->at(0)->key, 0);
 }
 
 TEST(CWGraph, DrawsEveryPlotInItsOwnLineStyleAndColour) {
-    CWGraph graph(9);
+    const CWGraph graph(9);
+    const QCustomPlot& plot = *graph.findChild<QCustomPlot*>();
     constexpr std::array styles{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
-    for (int plot = 0; plot < 9; ++plot) {
-        const QPen pen = graph.graph(plot)->pen();
-        EXPECT_EQ(pen.style(), styles.at(static_cast<std::size_t>(plot % 3)));
+    for (int number = 0; number < 9; ++number) {
+        const QPen pen = plot.graph(number)->pen();
+        EXPECT_EQ(pen.style(), styles.at(static_cast<std::size_t>(number % 3)));
         EXPECT_EQ(pen.width(), 1);
-        EXPECT_EQ(pen.color() == graph.graph(0)->pen().color(), plot < 3);
+        EXPECT_EQ(pen.color() == plot.graph(0)->pen().color(), number < 3);
     }
 }
 

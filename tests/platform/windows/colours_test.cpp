@@ -159,7 +159,7 @@ TEST_F(LooksOfControls, ReachThePaletteFieldsAndGraph) {
         EXPECT_EQ(field.BackColorText(), modifiedBackground);
         CWGraph graph(1);
         graph.resize(300, 200);
-        const QImage drawn = graph.toPixmap(300, 200).toImage();
+        const QImage drawn = graph.grab().toImage();
         EXPECT_EQ(drawn.pixelColor(1, 1), base(look));
     }
 }
