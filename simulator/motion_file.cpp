@@ -12,7 +12,7 @@ namespace orbkl4sim {
 
 namespace {
 
-struct Sample {
+struct TimedAttitude {
     double seconds = 0;
     Quaternion attitude;
 };
@@ -34,7 +34,7 @@ std::optional<std::vector<double>> Numbers(std::string_view row) {
 }
 
 /// The sample of one row of four (time and angles) or five numbers (time and quaternion).
-Sample ToSample(const std::vector<double>& row) {
+TimedAttitude ToTimedAttitude(const std::vector<double>& row) {
     if (row.size() == 4) return {row[0], FromEuler({row[1], row[2], row[3]})};
     return {row[0], Normalized({row[1], row[2], row[3], row[4]})};
 }
@@ -47,8 +47,8 @@ std::size_t ColumnsOf(std::string_view header) {
                              std::string(kQuaternionHeader) + "'");
 }
 
-std::vector<Sample> ReadSamples(const std::filesystem::path& file) {
-    std::vector<Sample> samples;
+std::vector<TimedAttitude> ReadSamples(const std::filesystem::path& file) {
+    std::vector<TimedAttitude> samples;
     std::size_t columns = 0;
     ForEachLine(file, [&](std::string_view row) {
         if (columns == 0) {
@@ -62,20 +62,20 @@ std::vector<Sample> ReadSamples(const std::filesystem::path& file) {
         if (!samples.empty() && numbers->front() <= samples.back().seconds) {
             throw std::runtime_error("the time does not increase");
         }
-        samples.push_back(ToSample(*numbers));
+        samples.push_back(ToTimedAttitude(*numbers));
     });
     if (samples.empty()) throw std::runtime_error(file.string() + ": contains no motion");
     return samples;
 }
 
-Pose PoseAt(const std::vector<Sample>& samples, Time time) {
+Pose PoseAt(const std::vector<TimedAttitude>& samples, Time time) {
     const double length = samples.back().seconds - samples.front().seconds;
     if (length == 0) return {samples.front().attitude, {}};
     const double seconds =
         samples.front().seconds + std::fmod(std::chrono::duration<double>(time).count(), length);
     const auto next = std::upper_bound(
         std::next(samples.begin()), std::prev(samples.end()), seconds,
-        [](double wanted, const Sample& sample) { return wanted < sample.seconds; });
+        [](double wanted, const TimedAttitude& sample) { return wanted < sample.seconds; });
     const auto last = std::prev(next);
     const double span = next->seconds - last->seconds;
     const Vector3 turn = ToRotationVector(Conjugate(last->attitude) * next->attitude);

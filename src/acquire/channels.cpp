@@ -38,7 +38,7 @@ constexpr ChannelExtras nudgeAndDrain{
     .afterInput = NudgeIfOverlong, .beforeResend = DiscardInput, .onError = Nudge};
 
 // clang-format off
-constexpr auto channels = std::to_array<SamplingChannel>({
+constexpr auto channelTable = std::to_array<SamplingChannel>({
     {"SensorBits", "mnuSample", "MSComm1", "TimerSampling", "LED",
      DecodeRawBits, &WriteSensorBitsToFile, "", "", "", passOverClosedPort},
     {"Vectors", "mnuSampleGyro", "MSComm1", "TimerSamplingGyro", "LED",
@@ -73,7 +73,7 @@ constexpr auto channels = std::to_array<SamplingChannel>({
 static_assert(std::ranges::all_of(samplePackets,
                                   [](const SamplePacket& packet) {
                                       return std::ranges::any_of(
-                                          channels, [&](const SamplingChannel& row) {
+                                          channelTable, [&](const SamplingChannel& row) {
                                               return row.Command() == packet.command;
                                           });
                                   }),
@@ -83,8 +83,8 @@ static_assert(std::ranges::all_of(samplePackets,
 
 std::span<const SamplingChannel> ChannelsOf(std::string_view screen) {
     const auto onScreen = [screen](const SamplingChannel& row) { return row.screen == screen; };
-    const auto* first = std::ranges::find_if(channels, onScreen);
-    return {first, std::find_if_not(first, channels.end(), onScreen)};
+    const auto* first = std::ranges::find_if(channelTable, onScreen);
+    return {first, std::find_if_not(first, channelTable.end(), onScreen)};
 }
 
 }  // namespace orbkl4

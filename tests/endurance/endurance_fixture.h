@@ -9,6 +9,7 @@
 
 #include <fstream>
 #include <optional>
+#include <string>
 #include <unistd.h>
 
 /// There only where the address sanitizer is.
@@ -25,15 +26,20 @@ inline double NumberFromEnvironment(const char* name, double otherwise) {
     return given ? number : otherwise;
 }
 
+/// The resident memory of `process`, an id or "self", in bytes; 0 once it has ended.
+inline double ResidentBytes(const std::string& process) {
+    double total = 0;
+    double resident = 0;
+    std::ifstream("/proc/" + process + "/statm") >> total >> resident;
+    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE));
+}
+
 /// The memory that the process holds, in bytes: what is resident, or, where a sanitizer keeps freed
 /// memory back, what is allocated.
 inline double MemoryInUse() {
     if (__sanitizer_get_current_allocated_bytes != nullptr)
         return static_cast<double>(__sanitizer_get_current_allocated_bytes());
-    double total = 0;
-    double resident = 0;
-    std::ifstream("/proc/self/statm") >> total >> resident;
-    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE));
+    return ResidentBytes("self");
 }
 
 /// A view that samples for long, and an account of all that the sensor sends it.

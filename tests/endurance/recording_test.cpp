@@ -1,3 +1,4 @@
+#include "endurance/endurance_fixture.h"
 #include "simulator/simulator.h"
 #include "simulator/temporary_folder.h"
 
@@ -12,24 +13,10 @@
 
 namespace orbkl4::test {
 
-namespace {
-
-/// The resident memory of process `id` in bytes, 0 once it has ended.
-double ResidentBytes(qint64 id) {
-    double total = 0;
-    double resident = 0;
-    std::ifstream("/proc/" + std::to_string(id) + "/statm") >> total >> resident;
-    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE));
-}
-
-}  // namespace
-
 /// A sensor that replies at once, so that a day passes in minutes; the broker is never there. With
 /// ten rows a second a day has 864000 samples.
 TEST(LongRecording, TakesNoMoreMemoryAtItsEndThanAfterItsFirstTenth) {
-    bool given = false;
-    const int wanted = qEnvironmentVariableIntValue("ORBKL4_ENDURANCE_SAMPLES", &given);
-    const int samples = given ? wanted : 20'000;
+    const int samples = static_cast<int>(NumberFromEnvironment("ORBKL4_ENDURANCE_SAMPLES", 20'000));
     const orbkl4sim::TemporaryFolder folder;
     orbkl4sim::Simulator sensor({.paced = false, .record = false});
     sensor.Start();
@@ -49,7 +36,7 @@ TEST(LongRecording, TakesNoMoreMemoryAtItsEndThanAfterItsFirstTenth) {
     double warm = 0;
     double last = 0;
     while (!program.waitForFinished(milliseconds)) {
-        const double memory = ResidentBytes(program.processId());
+        const double memory = ResidentBytes(std::to_string(program.processId()));
         if (memory > 0) last = memory;
         std::error_code none;
         const auto size = static_cast<double>(std::filesystem::file_size(file, none));
@@ -58,7 +45,6 @@ TEST(LongRecording, TakesNoMoreMemoryAtItsEndThanAfterItsFirstTenth) {
     }
     EXPECT_EQ(0, program.exitCode()) << program.readAllStandardError().toStdString();
     ASSERT_GT(warm, 0);
-    constexpr double mebibyte = 1 << 20;
     EXPECT_LT(last - warm, mebibyte);
     std::printf("%d samples; memory %.2f MiB, %+.3f MiB since the first tenth\n", samples,
                 last / mebibyte, (last - warm) / mebibyte);

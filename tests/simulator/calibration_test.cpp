@@ -1,4 +1,5 @@
 #include "simulator/device.h"
+#include "simulator/replies.h"
 
 #include <gtest/gtest.h>
 
@@ -14,10 +15,6 @@ const Bytes kTare{0x0F, 0xC1, 0xC3, 0xC5};
 const Bytes kInit{0x40, 0x71, 0x3E};
 const Bytes kComputeSphere{0x42, 0x71, 0x3E, 0x00, 0x02, 0x08};
 const Bytes kComputeCircle{0x42, 0x71, 0x3E, 0x01, 0x02, 0x08};  // 520: 0.52 gauss
-
-Bytes ReplyOf(Device& device, const Bytes& request, Time start = {}) {
-    return device.Handle(request, start).value().reply;
-}
 
 /// The three signed words at `offset`, each times `unit`.
 Vector3 VectorAt(const Bytes& reply, std::size_t offset, double unit) {

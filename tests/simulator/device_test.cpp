@@ -1,5 +1,6 @@
 #include "simulator/device.h"
 
+#include "simulator/replies.h"
 #include "simulator/requests.h"
 
 #include <gtest/gtest.h>
@@ -13,14 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr Time kCycle = 6553600ns;  // 16 x 16 x 256 x 1 counts of 100 ns each
-
 Device Level() { return {Rest({0, 0, 0}), false, 1}; }
-
-Bytes ReplyOf(Device& device, const Bytes& request, Time start = {}) {
-    const auto answer = device.Handle(request, start);
-    return answer ? answer->reply : Bytes{};
-}
 
 struct Exchange {
     const char* what;

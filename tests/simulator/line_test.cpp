@@ -1,5 +1,7 @@
 #include "simulator/line.h"
 
+#include "simulator/replies.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,10 +14,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const Bytes kFirmware{0xF0, 0x0C, 0x1D, 0x0D, 0x0D};
 const Bytes kWriteSeven{0x29, 0x71, 0x00, 26, 0x00, 0x07, 0xAA};  // to address 26
 constexpr Time kByte = 1000000000ns / 3840;                       // at 38400 baud
-constexpr Time kCycle = 6553600ns;
 
 struct Write {
     Time time;

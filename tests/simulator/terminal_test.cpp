@@ -1,4 +1,5 @@
 #include "simulator/host_line.h"
+#include "simulator/replies.h"
 #include "simulator/simulator.h"
 #include "simulator/temporary_folder.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
-
-const Bytes kFirmware{0xF0, 0x0C, 0x1D, 0x0D, 0x0D};  // 3101: 0x0C1D + 0xF0
 
 class TerminalTest : public testing::Test {
   protected:

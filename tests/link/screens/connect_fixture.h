@@ -19,7 +19,6 @@ namespace orbkl4::test {
 
 using Texts = std::vector<std::string>;
 
-inline const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
 inline const Bytes firmwareRequest{0xF0};
 
 /// Written after each successful test and by the reset.

@@ -55,8 +55,6 @@ constexpr Opening openings[] = {
     {"mnuSelfTest", "SelfTest", "Self Test", "mnuReturn"},
     {"mnuSetCalcCycle", "CalcCycle", "Set Timer Tick Interval", "mnuReturn"}};
 
-const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
-
 /// Names and captions of `entries` and of those in their menus, with '*' before hidden ones.
 std::string TextOf(const QList<QAction*>& entries) {
     QStringList texts;

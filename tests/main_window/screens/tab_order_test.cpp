@@ -14,25 +14,24 @@ namespace orbkl4::test {
 namespace {
 
 /// How a container is read: row by row from the left, or column by column from the top.
-enum class Reading { ByRows, ByColumns };
+enum class Order { ByRows, ByColumns };
 
 /// The containers that are read by columns.
 constexpr const char* columned[] = {"fraEEPROMAddresses1", "fraEEPROMAddresses", "fraParameters",
                                     "Frame1", "fraData"};
 
-Reading ReadingOf(const QWidget& container) {
+Order OrderOf(const QWidget& container) {
     const auto hasName = [&](const char* name) { return container.objectName() == name; };
-    return std::ranges::any_of(columned, hasName) ? Reading::ByColumns : Reading::ByRows;
+    return std::ranges::any_of(columned, hasName) ? Order::ByColumns : Order::ByRows;
 }
 
 /// Whether `first` may be read before `second`, both in one container.
-bool InOrder(Reading reading, const QRect& first, const QRect& second) {
+bool InOrder(Order order, const QRect& first, const QRect& second) {
     const bool above = second.bottom() < first.top();
     const bool left = second.right() < first.left();
     const bool sameRow = !above && first.bottom() >= second.top();
     const bool sameColumn = !left && first.right() >= second.left();
-    return reading == Reading::ByRows ? !above && !(sameRow && left)
-                                      : !left && !(sameColumn && above);
+    return order == Order::ByRows ? !above && !(sameRow && left) : !left && !(sameColumn && above);
 }
 
 /// The controls of `screen` at which the Tab key stops, in its order, disabled ones included.
@@ -63,7 +62,7 @@ std::vector<std::string> Misplaced(const std::vector<QWidget*>& stops) {
             while (!container->isAncestorOf(stops[i])) container = container->parentWidget();
             const QRect first = PartOf(container, stops[j])->geometry();
             const QRect second = PartOf(container, stops[i])->geometry();
-            if (first == second || InOrder(ReadingOf(*container), first, second)) continue;
+            if (first == second || InOrder(OrderOf(*container), first, second)) continue;
             pairs.push_back(
                 (stops[j]->objectName() + " before " + stops[i]->objectName()).toStdString());
         }

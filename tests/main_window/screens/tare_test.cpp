@@ -6,8 +6,6 @@ namespace orbkl4::test {
 
 namespace {
 
-const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
-
 struct Operation {
     const char* entry;
     const char* other;

@@ -17,6 +17,9 @@
 
 namespace orbkl4::test {
 
+/// The write that sets the polled mode.
+inline const Bytes polledMode{0x29, 0x71, 0x00, 0x84, 0x00, 0x00, 0xAA};
+
 /// A sensor at rest, without noise, that answers at once.
 orbkl4sim::SimulatorOptions QuietSensor();
 
