@@ -30,7 +30,8 @@ class Session {
 
     int SerialNumber() const { return sensor_.serialNumber; }
     const std::string& Firmware() const { return sensor_.firmware; }
-    Line& SerialLine() { return *sensor_.line; }
+    // A session that can't be changed has a line that can't.
+    Line& SerialLine() { return *sensor_.line; }  // NOLINT(*-make-member-function-const)
     const Line& SerialLine() const { return *sensor_.line; }
 
     /// Sends `request` once and waits up to a second for its reply.
