@@ -30,7 +30,7 @@ class Session {
 
     int SerialNumber() const { return sensor_.serialNumber; }
     const std::string& Firmware() const { return sensor_.firmware; }
-    // A session that can't be changed has a line that can't.
+    // A const session gives a const line.
     Line& SerialLine() { return *sensor_.line; }  // NOLINT(*-make-member-function-const)
     const Line& SerialLine() const { return *sensor_.line; }
 

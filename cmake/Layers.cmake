@@ -14,10 +14,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(orbkl4_flags INTERFACE -Wno-restrict)
 endif()
 if(CMAKE_UNITY_BUILD)
-  # Where several sources are compiled as one, GCC takes a fixture of one test file for one that all
-  # may see, and clang a file's own names for those of the next.
+  # In a unit of several sources a local name may hide one of another file, and GCC takes a fixture
+  # of one test file for one of a header. The linter warns of hidden names in single sources.
   target_compile_options(orbkl4_flags INTERFACE
-    $<IF:$<CXX_COMPILER_ID:GNU>,-Wno-subobject-linkage,-Wno-shadow>)
+    -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 if(ORBKL4_SANITIZE)
   target_compile_options(orbkl4_flags INTERFACE

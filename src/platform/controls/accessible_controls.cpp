@@ -17,8 +17,8 @@ namespace orbkl4 {
 namespace {
 
 /// A painted control as assistive technology sees it, read from its Qt properties: a number is a
-/// value with limits, true or false is a check mark, and a text is a text. What it is made of isn't
-/// shown.
+/// value with limits, true or false is a check mark, and a text is a text. Its parts aren't
+/// exposed.
 class AccessibleControl final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     AccessibleControl(QWidget* control, QAccessible::Role role)
