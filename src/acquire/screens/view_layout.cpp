@@ -19,8 +19,8 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int rowGap = 2;    // between rows of fields, in pixels
-constexpr int groupGap = 6;  // between groups of them, besides
+constexpr int fieldRowGap = 2;  // between rows of fields, in pixels
+constexpr int groupGap = 6;     // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 
 TextField* MakeField(QWidget* frame, const char* name, int decimals) {
@@ -46,7 +46,7 @@ class PanelFiller {
         constexpr int columnGap = 12;
         ShareWidth();
         grid_->setHorizontalSpacing(columnGap);
-        grid_->setVerticalSpacing(rowGap);
+        grid_->setVerticalSpacing(fieldRowGap);
     }
 
     TextField* Add(const TextRow& row) {
@@ -100,7 +100,7 @@ class PanelFiller {
         if (matrix_ == nullptr) {
             matrix_ = new QGridLayout;
             elements_.resize(9);
-            matrix_->setSpacing(rowGap);
+            matrix_->setSpacing(fieldRowGap);
             grid_->addLayout(matrix_, row_, 0, 1, 2);
             grid_->setRowStretch(row_++, lines);
         }

@@ -12,7 +12,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {
+constexpr MenuRow hardIronCalMenu[] = {
     {"mnuFile", "&File"},
     {"mnuErase", "&Erase Hard Iron Field Calibration", "mnuFile"},
     {"mnuInit", "&Initialize Hard Iron Field Calibration", "mnuFile"},
@@ -46,7 +46,7 @@ constexpr FieldRow collectRows[] = {
     {"txtCS", "Check Sum"},
 };
 
-constexpr FieldRow parameterRows[] = {
+constexpr FieldRow hardIronCalRows[] = {
     {"txtHeader1", "Header"},
     {"txtHardIronOffsetX", "Hard Iron Offset X", group},
     {"txtHardIronOffsetY", "Hard Iron Offset Y"},
@@ -55,7 +55,7 @@ constexpr FieldRow parameterRows[] = {
     {"txtCS1", "Check Sum"},
 };
 
-constexpr QSize designSize(960, 470);
+constexpr QSize hardIronCalSize(960, 470);
 
 /// Makes the labelled fields of `rows` in `frame`, in the order of the rows.
 void BuildFields(QGroupBox* frame, std::span<const FieldRow> rows, std::span<TextField*> fields) {
@@ -83,7 +83,7 @@ void BuildFields(QGroupBox* frame, std::span<const FieldRow> rows, std::span<Tex
 }  // namespace
 
 void HardIronCal::BuildLayout() {
-    BuildMenu(menuTree);
+    BuildMenu(hardIronCalMenu);
     auto* left = new QVBoxLayout;
     left->addWidget(BuildSettings());
     left->addWidget(BuildParameters(), 1);
@@ -94,7 +94,7 @@ void HardIronCal::BuildLayout() {
     auto* column = new QVBoxLayout(this);
     column->addLayout(panels, 1);
     column->addWidget(lblWarning_, 0, Qt::AlignRight);
-    DesignSize(designSize);
+    DesignSize(hardIronCalSize);
 }
 
 QGroupBox* HardIronCal::BuildSettings() {
@@ -128,7 +128,7 @@ QGroupBox* HardIronCal::BuildCollect() {
 
 QGroupBox* HardIronCal::BuildParameters() {
     auto* frame = MakeFrame(this, "fraParameters", "Parameters");
-    BuildFields(frame, parameterRows, parameterFields_);
+    BuildFields(frame, hardIronCalRows, parameterFields_);
     return frame;
 }
 

@@ -24,28 +24,28 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr MenuRow menuTree[] = {
+constexpr MenuRow selfTestMenu[] = {
     {"mnuFile", "&File"},
     {"mnuSample", "&Sample", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
 };
 
-constexpr bool group = true;  // has extra space above
+constexpr bool startsGroup = true;  // has extra space above
 
 /// The first row and the last two have no plot.
 constexpr TextRow rows[] = {
     {"txtHeader", "Header", &Sample::HeaderGyro},
-    {"txtRawMag1", "Mag 1 (solid)", &Sample::RawMag1, group},
+    {"txtRawMag1", "Mag 1 (solid)", &Sample::RawMag1, startsGroup},
     {"txtRawMag2", "Mag 2 (dash)", &Sample::RawMag2},
     {"txtRawMag3", "Mag 3 (dot)", &Sample::RawMag3},
-    {"txtRawAcc1", "Acc 1 (solid)", &Sample::RawAcc1, group},
+    {"txtRawAcc1", "Acc 1 (solid)", &Sample::RawAcc1, startsGroup},
     {"txtRawAcc2", "Acc 2 (dash)", &Sample::RawAcc2},
     {"txtRawAcc3", "Acc 3 (dot)", &Sample::RawAcc3},
-    {"txtRawAngRate1", "Ang Rate 1 (solid)", &Sample::RawAngRate1, group},
+    {"txtRawAngRate1", "Ang Rate 1 (solid)", &Sample::RawAngRate1, startsGroup},
     {"txtRawAngRate2", "Ang Rate 2 (dash)", &Sample::RawAngRate2},
     {"txtRawAngRate3", "Ang Rate 3 (dot)", &Sample::RawAngRate3},
-    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, group},
+    {"txtTimerTicks", "Timer Ticks", &Sample::TicksGyro, startsGroup},
     {"txtCS", "Check Sum", &Sample::ChecksumGyro},
 };
 
@@ -54,15 +54,15 @@ constexpr std::size_t firstPlot = 1;
 constexpr std::size_t plots = 9;
 static_assert(std::size(rows) == firstPlot + plots + 2);
 
-constexpr double readoutGrowth = 1.3;
+constexpr double selfTestGrowth = 1.3;
 constexpr double reads = 200;
 constexpr double mostBits = 65535;
-constexpr QSize designSize(1060, 560);
+constexpr QSize selfTestSize(1060, 560);
 
 }  // namespace
 
 SelfTest::SelfTest() : Screen("SelfTest", "Self Test") {
-    BuildMenu(menuTree);
+    BuildMenu(selfTestMenu);
     BuildLayout();
     channel_.emplace(BindChannel(
         ChannelsOf("SelfTest").front(), *this,
@@ -82,7 +82,7 @@ void SelfTest::BuildLayout() {
     auto* column = new QVBoxLayout(this);
     column->addLayout(panels, 1);
     column->addWidget(MakeWarning(this), 0, Qt::AlignRight);
-    DesignSize(designSize);
+    DesignSize(selfTestSize);
 }
 
 QGroupBox* SelfTest::BuildShift() {
@@ -99,7 +99,7 @@ QGroupBox* SelfTest::BuildShift() {
     lblSelfTestByte_ = MakeLabel(frame, "lblSelfTestByte", "0");
     grid->addWidget(lblSelfTestByte_, 0, columns, columns, 1, Qt::AlignRight | Qt::AlignVCenter);
     for (int column = 0; column <= columns; ++column) grid->setColumnStretch(column, 1);
-    KeepFontScaled(*lblSelfTestByte_, readoutGrowth);
+    KeepFontScaled(*lblSelfTestByte_, selfTestGrowth);
     frame->setEnabled(false);
     return frame;
 }

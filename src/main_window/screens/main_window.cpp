@@ -29,31 +29,29 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr bool enabled = true;
-constexpr bool disabled = false;
-constexpr bool hidden = false;
+using enum EntryState;
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto mainMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuConnect", "&Connect", "mnuFile"},
     {"mnuSep", "-", "mnuFile"},
     {"mnuExit", "E&xit", "mnuFile"},
-    {"mnuTools", "&Tools", "", disabled},
+    {"mnuTools", "&Tools", "", Disabled},
     {"mnuEEPROMmap", "&EEPROM Map", "mnuTools"},
     {"mnuGetVersionSerial", "Get &Firmware and Serial", "mnuTools"},
     {"mnuGetTemperature", "&Get Temperature", "mnuTools"},
     {"mnuHardIronCal", "&Hard Iron Calibration", "mnuTools"},
     {"mnuSetMode", "Set Continuous/Polled &Mode", "mnuTools"},
     {"mnuSetWriteRate", "&Set Data Acquisition Sampling Rate", "mnuTools"},
-    {"mnuSep1", "-", "mnuTools", enabled, hidden},
-    {"mnuAnalog", "Analog Outpu&t", "mnuTools", enabled, hidden},
-    {"mnuTare", "Tare Coordinate S&ystem", "mnuTools", enabled, hidden},
-    {"mnuRemove", "Remove Tare Coor&dinate System", "mnuTools", enabled, hidden},
-    {"mnuGains", "Read/&Write System Gains", "mnuTools", enabled, hidden},
-    {"mnuVertical", "&Vertical Gyro Mode", "mnuTools", enabled, hidden},
-    {"mnuSelfTest", "Se&lf Test", "mnuTools", enabled, hidden},
-    {"mnuSetCalcCycle", "Set Timer Tic&k Interval", "mnuTools", enabled, hidden},
-    {"mnuDisplay", "&Display", "", disabled},
+    {"mnuSep1", "-", "mnuTools", Hidden},
+    {"mnuAnalog", "Analog Outpu&t", "mnuTools", Hidden},
+    {"mnuTare", "Tare Coordinate S&ystem", "mnuTools", Hidden},
+    {"mnuRemove", "Remove Tare Coor&dinate System", "mnuTools", Hidden},
+    {"mnuGains", "Read/&Write System Gains", "mnuTools", Hidden},
+    {"mnuVertical", "&Vertical Gyro Mode", "mnuTools", Hidden},
+    {"mnuSelfTest", "Se&lf Test", "mnuTools", Hidden},
+    {"mnuSetCalcCycle", "Set Timer Tic&k Interval", "mnuTools", Hidden},
+    {"mnuDisplay", "&Display", "", Disabled},
     {"mnuAngles", "Euler &Angles", "mnuDisplay"},
     {"mnuAnglesAccRate", "Euler Angles, Accereleration and &Rate Vectors ", "mnuDisplay"},
     {"mnuMatrices", "&Orientation Matrix", "mnuDisplay"},
@@ -124,7 +122,7 @@ QLabel* MakeCaption(QWidget* screen, const char* name, const char* text, double 
 }  // namespace
 
 Main::Main() : Screen("Main", "Main"), port_(this, "MSComm1") {
-    BuildMenu(menuTree);
+    BuildMenu(mainMenu);
     ConnectMenu();
     for (const TareOperation& operation : tareOperations) AddTare(operation);
     BuildLayout();

@@ -19,11 +19,11 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int tickMilliseconds = 100;
+constexpr int analogTickMilliseconds = 100;
 constexpr eeprom::Address first = analogWords.front().address;
 constexpr eeprom::Address last = analogWords.back().address;
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto analogMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "&Read", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
@@ -39,8 +39,8 @@ Analog::Analog()
       cmbFunction_(Named(new ComboBox(fraAnalog_), "cmbFunction")),
       progress_(this, first, last),
       port_(this, "MSComm1"),
-      timerRead_(this, "TimerRead", tickMilliseconds),
-      timerWrite_(this, "TimerWrite", tickMilliseconds),
+      timerRead_(this, "TimerRead", analogTickMilliseconds),
+      timerWrite_(this, "TimerWrite", analogTickMilliseconds),
       readRun_{.screen = *this,
                .port = port_,
                .timer = timerRead_,
@@ -54,7 +54,7 @@ Analog::Analog()
                 .timer = timerWrite_,
                 .number = [this](auto address) { return NumberToWrite(address); },
                 .end = [this] { EndWrite(); }} {
-    BuildMenu(menuTree);
+    BuildMenu(analogMenu);
     BuildLayout();
     DesignSizeOfLayout();
     connect(cmbFunction_, &ComboBox::Click, this, &Analog::cmbFunction_Click);

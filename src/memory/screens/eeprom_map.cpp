@@ -23,7 +23,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int tickMilliseconds = 100;
+constexpr int mapTickMilliseconds = 100;
 constexpr int fullBar = 256;
 constexpr eeprom::Address firstRead = 2;  // address 0 is never read
 
@@ -54,8 +54,8 @@ EEPROMmap::EEPROMmap()
       panel_(this),
       progress_(this, 0, fullBar),
       port_(this, "MSComm1"),
-      timerRead_(this, "TimerRead", tickMilliseconds),
-      timerWrite_(this, "TimerWrite", tickMilliseconds),
+      timerRead_(this, "TimerRead", mapTickMilliseconds),
+      timerWrite_(this, "TimerWrite", mapTickMilliseconds),
       readRun_{.screen = *this,
                .port = port_,
                .timer = timerRead_,

@@ -15,18 +15,17 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr bool enabled = true;
-constexpr bool hidden = false;
+using enum EntryState;
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto mapMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
     {"mnuViewMatrix", "&View Matrix", "mnuFile"},
-    {"mnuSep1", "-", "mnuFile", enabled, hidden},
-    {"mnuLog", "Lo&g EEPROM", "mnuFile", enabled, hidden},
-    {"mnuShowMin", "&Show Min", "mnuFile", enabled, hidden},
-    {"mnuShowMax", "Show &Max", "mnuFile", enabled, hidden},
+    {"mnuSep1", "-", "mnuFile", Hidden},
+    {"mnuLog", "Lo&g EEPROM", "mnuFile", Hidden},
+    {"mnuShowMin", "&Show Min", "mnuFile", Hidden},
+    {"mnuShowMax", "Show &Max", "mnuFile", Hidden},
     {"Sep1", "-", "mnuFile"},
     {"mnuReturn", "&Return", "mnuFile"},
 });
@@ -37,9 +36,9 @@ constexpr auto secondFrameRows = static_cast<int>(RowsAt(firstFrameFields));
 // The shares of a column's width; the label's has room that separates it from the field before.
 constexpr int labelShare = 4;
 constexpr int fieldShare = 7;
-constexpr int rowGap = 3;
+constexpr int wordRowGap = 3;
 constexpr int columnGap = 5;
-constexpr QSize designSize(1010, 530);
+constexpr QSize mapSize(1010, 530);
 
 }  // namespace
 
@@ -48,7 +47,7 @@ void EEPROMmap::BuildLayout() {
     auto* first = new QGridLayout(fraEEPROMAddresses1_);
     auto* second = new QGridLayout(fraEEPROMAddresses_);
     for (QGridLayout* grid : {first, second}) {
-        grid->setVerticalSpacing(rowGap);
+        grid->setVerticalSpacing(wordRowGap);
         grid->setHorizontalSpacing(columnGap);
     }
     for (std::size_t index = 0; index < NumEdit_.size(); ++index) {
@@ -73,7 +72,7 @@ void EEPROMmap::BuildLayout() {
     // Most fields are disabled at the level "Standard", and all are during a run.
     KeepReadableDisabled(*fraEEPROMAddresses1_);
     KeepReadableDisabled(*fraEEPROMAddresses_);
-    DesignSize(designSize);
+    DesignSize(mapSize);
 }
 
 void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn) {
@@ -98,7 +97,7 @@ void EEPROMmap::AddField(QGridLayout& grid, std::size_t index, int rowsPerColumn
 }
 
 void EEPROMmap::ConnectMenu() {
-    BuildMenu(menuTree);
+    BuildMenu(mapMenu);
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &EEPROMmap::mnuRead_Click);
     connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &EEPROMmap::mnuWrite_Click);
     connect(&Menu("mnuViewMatrix"), &MenuEntry::Click, this, &EEPROMmap::mnuViewMatrix_Click);

@@ -19,11 +19,11 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int tickMilliseconds = 1000;
+constexpr int gainsTickMilliseconds = 1000;
 constexpr double greatestGain = 65535;
-constexpr QSize designSize(720, 400);
+constexpr QSize gainsSize(720, 400);
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto gainsMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuWrite", "&Write", "mnuFile"},
@@ -50,11 +50,11 @@ Gains::Gains()
       fraGain_(MakeFrame(this, "fraGain", "System Gains")),
       progress_(this, 0, 1),
       port_(this, "MSComm1"),
-      timerRead_(this, "TimerRead", tickMilliseconds),
-      timerWrite_(this, "TimerWrite", tickMilliseconds) {
-    BuildMenu(menuTree);
+      timerRead_(this, "TimerRead", gainsTickMilliseconds),
+      timerWrite_(this, "TimerWrite", gainsTickMilliseconds) {
+    BuildMenu(gainsMenu);
     BuildLayout();
-    DesignSize(designSize);
+    DesignSize(gainsSize);
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Gains::mnuRead_Click);
     connect(&Menu("mnuWrite"), &MenuEntry::Click, this, &Gains::mnuWrite_Click);
     connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Gains::mnuReturn_Click);

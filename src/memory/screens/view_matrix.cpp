@@ -20,13 +20,13 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr auto menuTree = std::to_array<MenuRow>({{"mnuClose", "&Close"}});
+constexpr auto viewMatrixMenu = std::to_array<MenuRow>({{"mnuClose", "&Close"}});
 
 }  // namespace
 
 ViewMatrix::ViewMatrix()
     : Screen("ViewMatrix", "View Matrix"), fraMatrix_(MakeFrame(this, "fraMatrix", "")) {
-    BuildMenu(menuTree);
+    BuildMenu(viewMatrixMenu);
     connect(&Menu("mnuClose"), &MenuEntry::Click, this, &ViewMatrix::mnuClose_Click);
     auto* row = new QHBoxLayout(this);
     row->addWidget(BuildOptions());

@@ -17,8 +17,8 @@ MenuEntry::MenuEntry(QWidget* screen, const MenuRow& row) : QAction(screen) {
     } else {
         setText(QLatin1String(row.caption));
     }
-    setEnabled(row.enabled);
-    setVisible(row.visible);
+    setEnabled(row.state != EntryState::Disabled);
+    setVisible(row.state != EntryState::Hidden);
     connect(this, &QAction::triggered, this, [this] {
         ShowChecked();  // Qt has toggled the mark
         const HandlerScope scope;

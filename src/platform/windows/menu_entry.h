@@ -2,19 +2,22 @@
 
 #include <QAction>
 
+#include <cstdint>
 #include <span>
 
 class QWidget;
 
 namespace orbkl4 {
 
+/// How a menu entry is at first.
+enum class EntryState : std::uint8_t { Enabled, Disabled, Hidden };
+
 /// One row of a screen's menu tree.
 struct MenuRow {
     const char* name;       ///< control name, such as "mnuSave"
     const char* caption;    ///< with its accelerator, such as "Sa&ve"; "-" is a separator
     const char* menu = "";  ///< name of the menu that holds the entry; empty in the menu bar
-    bool enabled = true;
-    bool visible = true;
+    EntryState state = EntryState::Enabled;
 };
 
 /// A menu, menu entry or separator. Only the program changes its check mark; a click just raises

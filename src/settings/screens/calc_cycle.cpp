@@ -26,7 +26,7 @@ namespace orbkl4 {
 namespace {
 
 /// The checksums of the second and third reply are not compared, on purpose.
-constexpr auto mustPass = std::to_array<bool>({true, false, false, true});
+constexpr auto calcCycleMustPass = std::to_array<bool>({true, false, false, true});
 
 }  // namespace
 
@@ -86,7 +86,7 @@ Exchange CalcCycle::Writing() {
             .port = writePort_,
             .entry = Menu("mnuCalcCycle"),
             .others = {&Menu("mnuCalcCycleDefault")},
-            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = calcCycleMustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 double CalcCycle::Prescaler() const {
@@ -137,7 +137,8 @@ void CalcCycle::TakeWord(eeprom::Address address, double number) const {
 }
 
 void CalcCycle::WriteAll() {
-    std::array<EepromWrite, mustPass.size()> writes{{{eeprom::timer2Prescaler, Prescaler()}}};
+    std::array<EepromWrite, calcCycleMustPass.size()> writes{
+        {{eeprom::timer2Prescaler, Prescaler()}}};
     for (std::size_t i = 0; i < factors_.size(); ++i)
         writes.at(i + 1) = {factorRows.at(i).address, factors_.at(i)->Value()};
     WriteWords(writePort_, writes);
@@ -195,7 +196,7 @@ void CalcCycle::MSComm1_OnComm() {
     Trap("MSComm1_OnComm", [this] {
         const Exchange writing = Writing();
         CollectReply(writing);
-        ShowMessage(WriteVerdictText(CheckWriteReplies(AppState.CommandBytes, mustPass),
+        ShowMessage(WriteVerdictText(CheckWriteReplies(AppState.CommandBytes, calcCycleMustPass),
                                      "Set Calc Cycle succeeded!",
                                      "Set Calc Cycle failed checksum!"));
         EndExchange(writing);

@@ -19,7 +19,7 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto calcCycleMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuCalcCycle", "Set &Calc Cycle", "mnuFile"},
@@ -30,19 +30,19 @@ constexpr auto menuTree = std::to_array<MenuRow>({
 
 constexpr Axis intervals{.minimum = 2, .maximum = 25, .marks = 1, .subMarks = 0.5};
 constexpr double intervalStep = 0.1;
-constexpr double readoutGrowth = 1.4;
-constexpr QSize designSize(900, 520);
+constexpr double calcCycleGrowth = 1.4;
+constexpr QSize calcCycleSize(900, 520);
 
 }  // namespace
 
 void CalcCycle::BuildLayout() {
-    BuildMenu(menuTree);
+    BuildMenu(calcCycleMenu);
     auto* column = MakeMiddleColumn(this);
     column->setSpacing(14);
     column->addWidget(BuildAutoSet());
     column->addWidget(BuildManualSet(), 1);
     column->addLayout(BuildInterval());
-    DesignSize(designSize);
+    DesignSize(calcCycleSize);
 }
 
 QGroupBox* CalcCycle::BuildAutoSet() {
@@ -54,7 +54,7 @@ QGroupBox* CalcCycle::BuildAutoSet() {
     slide_->Value(intervals.minimum);
     lblSlider_ = MakeLabel(fraCalc1_, "lblSlider", "2.00");
     lblSlider_->setAlignment(Qt::AlignCenter);
-    KeepFontScaled(*lblSlider_, readoutGrowth);
+    KeepFontScaled(*lblSlider_, calcCycleGrowth);
     auto* row = new QHBoxLayout(fraCalc1_);
     row->setSpacing(12);
     row->addWidget(slide_, 8);
@@ -112,7 +112,7 @@ QLayout* CalcCycle::BuildInterval() {
     row->addWidget(MakeLabel(*txtCC_, "lblCC", "Current Timer Tick Interval"));
     row->addWidget(txtCC_);
     row->addWidget(MakeLabel(this, "lblMsec", "msec"));
-    KeepFontScaled(*txtCC_, readoutGrowth);
+    KeepFontScaled(*txtCC_, calcCycleGrowth);
     row->addStretch(1);
     return row;
 }

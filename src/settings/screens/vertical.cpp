@@ -34,7 +34,7 @@ struct ModeSetting {
 
 namespace {
 
-constexpr auto menuTree = std::to_array<MenuRow>({
+constexpr auto verticalMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
     {"mnuRead", "Rea&d", "mnuFile"},
     {"mnuSet", "&Set Vertical Gyro Mode", "mnuFile"},
@@ -50,9 +50,9 @@ constexpr auto settings = std::to_array<ModeSetting>({
      "Set Normal Mode succeeded!", "Remove Vertical Gyro failed checksum!"},
 });
 
-constexpr QSize designSize(600, 330);
+constexpr QSize verticalSize(600, 330);
 
-constexpr auto mustPass = std::to_array<bool>({true, true});
+constexpr auto verticalMustPass = std::to_array<bool>({true, true});
 
 }  // namespace
 
@@ -69,7 +69,7 @@ Vertical::Vertical()
                        (address == eeprom::biasCompensationType ? value120_ : value126_) = number;
                    },
                .end = [this] { EndReading(); }} {
-    BuildMenu(menuTree);
+    BuildMenu(verticalMenu);
     BuildLayout();
     connect(&Menu("mnuRead"), &MenuEntry::Click, this, &Vertical::mnuRead_Click);
     connect(&Menu("mnuReturn"), &MenuEntry::Click, this, &Vertical::mnuReturn_Click);
@@ -97,7 +97,7 @@ void Vertical::BuildLayout() {
     auto* column = MakeMiddleColumn(this);
     column->addWidget(frame, 1);
     column->addWidget(lblHint, 0, Qt::AlignCenter);
-    DesignSize(designSize);
+    DesignSize(verticalSize);
 }
 
 void Vertical::ConnectSetting(const ModeSetting& setting) {
@@ -116,7 +116,7 @@ Exchange Vertical::Writing(const ModeSetting& setting) {
             .port = *findChild<MSComm*>(QLatin1String(setting.port)),
             .entry = Menu(setting.entry),
             .others = {&Menu(setting.otherEntry)},
-            .replyLength = mustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
+            .replyLength = verticalMustPass.size() * ReplyLength(DeviceCommand::CmdWriteEeprom)};
 }
 
 OptionButton& Vertical::Option(const ModeSetting& setting) const {
@@ -170,7 +170,7 @@ void Vertical::MSComm_OnComm(const ModeSetting& setting) {
     Trap(std::string(setting.port) + "_OnComm", [&] {
         const Exchange writing = Writing(setting);
         CollectReply(writing);
-        const WriteVerdict verdict = CheckWriteReplies(AppState.CommandBytes, mustPass);
+        const WriteVerdict verdict = CheckWriteReplies(AppState.CommandBytes, verticalMustPass);
         if (verdict == WriteVerdict::Good) Option(setting).Value(true);
         ShowMessage(WriteVerdictText(verdict, setting.succeeded, setting.failed));
         EndExchange(writing);
