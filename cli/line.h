@@ -50,13 +50,14 @@ class Line {
     void Discard() const;
 
   private:
+    void Read(int handle, Bytes& received) const;
     [[noreturn]] void ThrowGone() const;
 
     LineHold hold_;  // first, as it must outlive the open port
     std::string name_;
     QSerialPort port_;
     int baud_;
-    int handle_ = -1;         ///< that of `port_`, at hand for each request
+    int handle_ = -1;         ///< that of `port_`, whose reads and writes don't wait
     Clock::time_point sent_;  ///< when the bytes handed over have left the line
 };
 

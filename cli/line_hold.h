@@ -21,6 +21,9 @@ class LineHold {
     LineHold(const LineHold&) = delete;
     LineHold& operator=(const LineHold&) = delete;
 
+    /// The open device.
+    int Handle() const { return handle_; }
+
   private:
     int handle_;
     std::optional<int> driverFlags_;  ///< as found; none if the driver has no such flags

@@ -50,6 +50,10 @@ void CatchSignals() {
 
 int SignalReceived() { return signalReceived; }
 
+void ThrowIfInterrupted() {
+    if (signalReceived != 0) throw CliError(Failure::Interrupted, "interrupted");
+}
+
 bool WaitFor(std::span<pollfd> entries, Clock::time_point deadline) {
     thread_local std::vector<pollfd> watched;  // keeps its memory from wait to wait
     watched.assign(entries.begin(), entries.end());
@@ -58,7 +62,7 @@ bool WaitFor(std::span<pollfd> entries, Clock::time_point deadline) {
     do {
         ready = ::poll(watched.data(), watched.size(), MillisecondsUntil(deadline));
     } while (ready < 0 && errno == EINTR && signalReceived == 0);
-    if (signalReceived != 0) throw CliError(Failure::Interrupted, "interrupted");
+    ThrowIfInterrupted();
     std::copy_n(watched.begin(), entries.size(), entries.begin());
     return ready > 0;
 }

@@ -15,6 +15,9 @@ void CatchSignals();
 /// The number of the signal caught, 0 if none was.
 int SignalReceived();
 
+/// Throws `Failure::Interrupted` once a signal has been caught.
+void ThrowIfInterrupted();
+
 /// Waits until one of `entries` is ready; false if `deadline` passes first. Throws
 /// `Failure::Interrupted` once a signal has been caught.
 bool WaitFor(std::span<pollfd> entries, Clock::time_point deadline);
