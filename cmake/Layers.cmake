@@ -15,7 +15,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 if(CMAKE_UNITY_BUILD)
   # In a unit of several sources a local name may hide one of another file, and GCC takes a fixture
-  # of one test file for one of a header. The linter warns of hidden names in single sources.
+  # of one test file for one of a header. The linter turns the warning of hidden names on again.
   target_compile_options(orbkl4_flags INTERFACE
     -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
@@ -26,7 +26,7 @@ if(ORBKL4_SANITIZE)
 endif()
 
 # Headers that many sources use, precompiled so that a build is fast. A source includes what it uses
-# all the same: the linter compiles without them.
+# all the same: the linter compiles units of sources without them.
 set(orbkl4_std_headers <algorithm> <array> <chrono> <cmath> <cstdint> <filesystem> <fstream>
   <functional> <memory> <optional> <random> <span> <sstream> <stdexcept> <string> <string_view>
   <utility> <vector>)
