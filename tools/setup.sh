@@ -61,7 +61,7 @@ build() {
 }
 
 # run_tests PRESET [CTEST OPTION...]: runs tests side by side, more than there are processors, as most
-# wait for a line; those that look at times run by themselves.
+# wait for a line.
 run_tests() {
   ctest --preset "$1" -j $((2 * $(nproc))) "${@:2}"
 }
