@@ -53,18 +53,12 @@ void Line::Send(Bytes reply, Time ready, bool streamed) {
 void Line::Schedule(const FaultyReply& reply, Time ready, bool streamed) {
     const Bytes& bytes = reply.bytes;
     const Time begins = std::max(ready + reply.delay, sendFree_);
-    const Time gap = reply.dribbled ? faults_.Rates().dribbleGap : splitGap_;
     Time due = begins + ByteTime() * static_cast<Time::rep>(bytes.size());
-    auto at = bytes.begin();
-    for (std::size_t piece = 0; at != bytes.end(); ++piece) {
-        const auto left = static_cast<std::size_t>(bytes.end() - at);
-        std::size_t size = piece < splitSizes_.size() ? std::min(splitSizes_[piece], left) : left;
-        if (reply.dribbled) size = 1;
-        const auto end = at + static_cast<std::ptrdiff_t>(size);
-        outgoing_.push_back({Bytes(at, end), due, begins, streamed});
+    const auto piece = static_cast<std::ptrdiff_t>(reply.dribbled ? 1 : bytes.size());
+    for (auto at = bytes.begin(); at != bytes.end(); at += piece) {
+        outgoing_.push_back({Bytes(at, at + piece), due, begins, streamed});
         sendFree_ = due;
-        due += gap;
-        at = end;
+        due += faults_.Rates().dribbleGap;
     }
 }
 
@@ -139,11 +133,5 @@ void Line::SetSilent(bool silent) {
 }
 
 void Line::SetFlood(bool flood, Time now) { flooded_ = flood ? std::optional(now) : std::nullopt; }
-
-void Line::Split(std::vector<std::size_t> sizes, Time gap) {
-    std::ranges::replace(sizes, std::size_t{0}, std::size_t{1});
-    splitSizes_ = std::move(sizes);
-    splitGap_ = gap;
-}
 
 }  // namespace orbkl4sim

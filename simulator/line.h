@@ -60,9 +60,6 @@ class Line {
     void SetFlood(bool flood, Time now);
     bool IsFlooding() const { return flooded_.has_value(); }
 
-    /// Splits each reply into pieces of these sizes and a last one with the rest, `gap` apart.
-    void Split(std::vector<std::size_t> sizes, Time gap);
-
     void SetListener(Listener listener) { listener_ = std::move(listener); }
     FaultInjector& Faults() { return faults_; }
     ReplyScript& Script() { return script_; }
@@ -99,8 +96,6 @@ class Line {
     std::optional<Time> flooded_;  // while flooding: when random bytes were last sent
     bool powered_ = true;
     bool silent_ = false;
-    std::vector<std::size_t> splitSizes_;
-    Time splitGap_{};
 };
 
 }  // namespace orbkl4sim

@@ -113,10 +113,6 @@ void Simulator::ClearReplies() {
     worker_->Do([&] { worker_->Wire().Script().Clear(); });
 }
 
-void Simulator::CutReplies(std::vector<std::size_t> sizes, Time gap) {
-    worker_->Do([&] { worker_->Wire().Split(std::move(sizes), gap); });
-}
-
 void Simulator::SendUnasked(const Bytes& bytes) {
     worker_->Do([&] { worker_->Wire().SendUnasked(bytes, worker_->Now()); });
 }

@@ -119,10 +119,6 @@ class Simulator {
     /// Removes all replaced replies and the filter.
     void ClearReplies();
 
-    /// Splits every reply into pieces of these sizes and a last one with the rest, `gap` apart; an
-    /// empty list ends that.
-    void CutReplies(std::vector<std::size_t> sizes, Time gap);
-
     /// Sends `bytes` unsolicited.
     void SendUnasked(const Bytes& bytes);
 

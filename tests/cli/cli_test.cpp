@@ -29,8 +29,14 @@ void DropPrivileges() {
 
 }  // namespace
 
-QJsonObject Outcome::Json() const {
-    return QJsonDocument::fromJson(QByteArray::fromStdString(out)).object();
+QJsonObject JsonOf(const std::string& text) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+}
+
+std::vector<int> MemoryOf(const orbkl4sim::Simulator& sensor) {
+    std::vector<int> words;
+    for (int address = 0; address < 256; address += 2) words.push_back(sensor.Word(address));
+    return words;
 }
 
 std::string Outcome::Error() const {

@@ -19,6 +19,12 @@ namespace orbkl4::cli::test {
 using Words = std::vector<std::string>;
 using Environment = std::map<std::string, std::string>;
 
+/// The JSON object in `text`; empty if there is none.
+QJsonObject JsonOf(const std::string& text);
+
+/// All words of a sensor's memory.
+std::vector<int> MemoryOf(const orbkl4sim::Simulator& sensor);
+
 /// How a run of the program ended, and what it wrote.
 struct Outcome {
     int exit = -1;
@@ -26,7 +32,7 @@ struct Outcome {
     std::string err;
 
     /// The JSON document on standard output; empty if there is none.
-    QJsonObject Json() const;
+    QJsonObject Json() const { return JsonOf(out); }
 
     /// The code of the JSON error.
     std::string Error() const;
@@ -62,6 +68,11 @@ class CliTest : public testing::Test {
     orbkl4sim::Simulator& Plug(int number, orbkl4sim::SimulatorOptions options = {});
 
     std::filesystem::path PortLink(int number) const;
+
+    /// The path of the file `name` in a folder of this test's own, by default of its recording.
+    std::string File(const std::string& name = "log") const {
+        return (folder_.Path() / name).string();
+    }
 
     /// What the program is to run in, and `more`.
     Environment Surroundings(const Environment& more = {}) const;

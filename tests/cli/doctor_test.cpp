@@ -1,5 +1,6 @@
 #include "cli/cli_test.h"
 #include "cli/link_health.h"
+#include "simulator/replies.h"
 
 #include <QJsonArray>
 
@@ -8,18 +9,13 @@ namespace {
 
 class Doctor : public CliTest {
   protected:
-    /// The advice of an examination that ends with 1, as one text.
-    std::string Advice() const {
+    /// What an examination finds; its advice must hold `parts`.
+    QJsonObject FindsFaults(const std::vector<const char*>& parts) const {
         const Outcome outcome = Run({"doctor", "--json", "--port=1", "--baud=38400"});
         EXPECT_EQ(1, outcome.exit) << outcome.err;
-        std::string all;
-        for (const auto& sentence : outcome.Json()["advice"].toArray())
-            all += sentence.toString().toStdString() + "\n";
-        return all;
-    }
-
-    static bool Has(const std::string& text, const char* part) {
-        return text.find(part) != std::string::npos;
+        for (const char* part : parts)
+            EXPECT_NE(std::string::npos, outcome.out.find(part)) << part << outcome.out;
+        return outcome.Json();
     }
 };
 
@@ -48,15 +44,19 @@ TEST_F(Doctor, FindsAGoodLineWell) {
 
 TEST_F(Doctor, SaysWhatIsNotWell) {
     auto& sensor = Plug(1);
-    sensor.SetFaults({.delay = 1, .delayTime = std::chrono::milliseconds(15)});
-    EXPECT_TRUE(Has(Advice(), "later than the line needs"));
-    sensor.SetFaults({.corrupt = 0.05});
-    EXPECT_TRUE(Has(Advice(), "replies were damaged"));
-    sensor.SetFaults({.drop = 0.02});
-    EXPECT_TRUE(Has(Advice(), "requests had no reply"));
+    sensor.SetFaults({.delay = 1, .delayTime = std::chrono::milliseconds(7)});  // 5 are allowed
+    // The first reply finds the sensor, two are damaged, one is missing.
+    const orbkl4sim::Bytes damaged{0xF0, 0x0C, 0x1D, 0x0D, 0x0E};
+    for (const auto& reply :
+         std::vector<orbkl4sim::Bytes>{orbkl4sim::kFirmware, damaged, damaged, {}})
+        sensor.ReplyOnceTo(0xF0, reply);
+    const QJsonObject found =
+        FindsFaults({"later than the line needs", "replies were damaged", "requests had no reply"});
+    EXPECT_EQ(2, found["badReplies"].toInt());
+    EXPECT_EQ(1, found["timeouts"].toInt());
     sensor.SetFaults({});
     sensor.SetWord(132, 0x0E);
-    EXPECT_TRUE(Has(Advice(), "continuous mode"));
+    FindsFaults({"continuous mode"});
 }
 
 TEST(LinkHealth, TakesTheNearestRank) {

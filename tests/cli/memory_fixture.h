@@ -7,9 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <thread>
 
 namespace orbkl4::cli::test {
@@ -27,24 +25,16 @@ class Memory : public CliTest {
   protected:
     Memory() : sensor_(Plug(1)) {}
 
-    std::vector<int> Words() const {
-        std::vector<int> words;
-        for (int address = 0; address < 256; address += 2) words.push_back(sensor_.Word(address));
-        return words;
-    }
-
-    std::string PathOf(const std::string& name) const { return (folder_.Path() / name).string(); }
-
-    Outcome Memo(test::Words words, const Environment& more = {}) const {
+    Outcome Memo(Words words, const Environment& more = {}) const {
         words.insert(words.begin(), {"memory", "--port=1", "--baud=38400"});
         return Run(words, more);
     }
 
     /// Saves the memory with 60 words changed, and returns the file's path.
     std::string ChangedFile() const {
-        const std::string path = PathOf("changed.json");
+        const std::string path = File("changed.json");
         EXPECT_EQ(0, Memo({"save", path}).exit);
-        QJsonObject document = Parsed(path);
+        QJsonObject document = JsonOf(orbkl4sim::ContentOf(path));
         QJsonArray words = document["words"].toArray();
         for (int address = 0; address < 256; address += 2) {
             if (!IsFree(address)) continue;
@@ -53,18 +43,8 @@ class Memory : public CliTest {
             words[address / 2] = word;
         }
         document["words"] = words;
-        Write(path, QJsonDocument(document).toJson());
+        folder_.Write("changed.json", QJsonDocument(document).toJson().toStdString());
         return path;
-    }
-
-    static QJsonObject Parsed(const std::string& path) {
-        std::stringstream text;
-        text << std::ifstream(path).rdbuf();
-        return QJsonDocument::fromJson(QByteArray::fromStdString(text.str())).object();
-    }
-
-    static void Write(const std::string& path, const QByteArray& text) {
-        std::ofstream(path) << text.toStdString();
     }
 
     std::vector<std::filesystem::path> Backups() const {
@@ -85,7 +65,7 @@ class Memory : public CliTest {
 
     /// Starts a command that writes, does `interfere` once `count` words have been written, and
     /// waits for its end.
-    Outcome RunAnd(std::size_t count, test::Words words,
+    Outcome RunAnd(std::size_t count, Words words,
                    const std::function<void(CliProcess&)>& interfere) {
         sensor_.ClearRecord();
         words.insert(words.begin(), "memory");

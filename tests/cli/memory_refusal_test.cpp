@@ -5,28 +5,30 @@
 namespace orbkl4::cli::test {
 namespace {
 
+using orbkl4sim::ContentOf;
+
 TEST_F(Memory, RefusesWhatMustNotBeWritten) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     sensor_.ClearRecord();
-    for (const test::Words& words :
-         std::vector<test::Words>{{"set", "26=11"},                         // nobody to ask
-                                  {"set", "134=5", "--yes", "--force"},     // fixed
-                                  {"set", "26=0", "--yes"},                 // outside its limits
-                                  {"set", "44=100", "--yes"},               // no speed
-                                  {"set", "238=5", "--yes"},                // no prescaler
-                                  {"set", "66=40000", "--yes", "--force"},  // no signed number
-                                  {"set", "26=65536", "--yes", "--force"},
-                                  {"set", "26=11", "26=12", "--yes"},
-                                  {"set", "27=11", "--yes"},
-                                  {"set", "26", "--yes"},
-                                  {"set", "26=", "--yes"},
-                                  {"set", "26=1.5", "--yes"},
-                                  {"set", "--yes"},
-                                  {"restore", "--yes"},
-                                  {"restore", file},
-                                  {"undo", "--yes"},
-                                  {"undo"}}) {
+    for (const Words& words :
+         std::vector<Words>{{"set", "26=11"},                         // nobody to ask
+                            {"set", "134=5", "--yes", "--force"},     // fixed
+                            {"set", "26=0", "--yes"},                 // outside its limits
+                            {"set", "44=100", "--yes"},               // no speed
+                            {"set", "238=5", "--yes"},                // no prescaler
+                            {"set", "66=40000", "--yes", "--force"},  // no signed number
+                            {"set", "26=65536", "--yes", "--force"},
+                            {"set", "26=11", "26=12", "--yes"},
+                            {"set", "27=11", "--yes"},
+                            {"set", "26", "--yes"},
+                            {"set", "26=", "--yes"},
+                            {"set", "26=1.5", "--yes"},
+                            {"set", "--yes"},
+                            {"restore", "--yes"},
+                            {"restore", file},
+                            {"undo", "--yes"},
+                            {"undo"}}) {
         const Outcome outcome = Memo(words);
         EXPECT_EQ(2, outcome.exit) << words[1] << outcome.err;
         EXPECT_EQ(outcome.err.size() - 1, outcome.err.find('\n')) << "one line: " << outcome.err;
@@ -42,7 +44,7 @@ TEST_F(Memory, RefusesWhatMustNotBeWritten) {
     EXPECT_EQ(fixedWord, taken.Json()["kept"][0]["address"].toInt());
     EXPECT_EQ(0, Memo({"undo", "--yes"}).exit);
     sensor_.SetWord(fixedWord, 1042);
-    EXPECT_EQ(before, Words());
+    EXPECT_EQ(before, MemoryOf(sensor_));
     EXPECT_EQ(0, Memo({"set", "26=0", "66=-2", "--yes", "--force"}).exit);
     EXPECT_EQ(0, sensor_.Word(26));
     EXPECT_EQ(65534, sensor_.Word(66));
@@ -50,15 +52,15 @@ TEST_F(Memory, RefusesWhatMustNotBeWritten) {
 }
 
 TEST_F(Memory, WritesNothingWithoutAPlaceForTheBackup) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     const Outcome outcome = Memo({"restore", file, "--yes", "--json"},
                                  {{"XDG_DATA_HOME", folder_.Write("plain", "").string()}});
     EXPECT_EQ(5, outcome.exit) << outcome.err;
     EXPECT_EQ("system", outcome.Error());
     EXPECT_EQ(0U, WriteRequests());
-    EXPECT_EQ(before, Words());
-    EXPECT_EQ(5, Memo({"save", PathOf("none/a.json")}).exit);
+    EXPECT_EQ(before, MemoryOf(sensor_));
+    EXPECT_EQ(5, Memo({"save", File("none/a.json")}).exit);
     EXPECT_EQ(5, Memo({"save", "/dev/null"}).exit);
 }
 
@@ -78,7 +80,7 @@ TEST_F(Memory, StopsIfAnotherSensorAnswersByNow) {
 
 TEST_F(Memory, RefusesFilesThatAreNotWhole) {
     const std::string path = ChangedFile();
-    const QJsonObject whole = Parsed(path);
+    const QJsonObject whole = JsonOf(ContentOf(path));
     const auto with = [&](const char* key, const QJsonValue& value) {
         QJsonObject document = whole;
         document[QLatin1String(key)] = value;
@@ -89,14 +91,10 @@ TEST_F(Memory, RefusesFilesThatAreNotWhole) {
         words[index] = word;
         return with("words", words);
     };
-    QJsonArray short1 = whole["words"].toArray();
-    short1.removeAt(35);
+    QJsonArray oneLess = whole["words"].toArray();
+    oneLess.removeAt(35);
     const auto text = QJsonDocument(whole).toJson();
-    struct Case {
-        QByteArray content;
-        const char* place;
-    };
-    for (const auto& [content, place] : std::vector<Case>{
+    for (const auto& [content, place] : std::vector<std::pair<QByteArray, const char*>>{
              {"", "line 1, column 1"},
              {"{\n  \"format\": ,\n}", "line 2"},
              {text.left(text.size() / 2), "line "},
@@ -109,7 +107,7 @@ TEST_F(Memory, RefusesFilesThatAreNotWhole) {
              {with("firmware", 3), "firmware: "},
              {with("savedAt", QJsonValue()), "savedAt: "},
              {with("words", 3), "words: "},
-             {with("words", short1), "address 70 is missing"},
+             {with("words", oneLess), "address 70 is missing"},
              {withWord(35, {{"address", 72}, {"word", 1}}), "words[36], address 72: "},
              {withWord(35, {{"address", 71}, {"word", 1}}), "words[35]: "},
              {withWord(35, {{"address", 256}, {"word", 1}}), "words[35]: "},
@@ -120,13 +118,13 @@ TEST_F(Memory, RefusesFilesThatAreNotWhole) {
              {withWord(35, {{"address", 70}, {"word", -1}}), "words[35], address 70: "},
              {withWord(35, {{"address", 70}, {"word", 1.5}}), "words[35], address 70: "},
              {withWord(35, {{"address", 70}, {"word", "1"}}), "words[35], address 70: "}}) {
-        Write(path, content);
+        folder_.Write("changed.json", content.toStdString());
         const Outcome outcome = Memo({"restore", path, "--yes", "--json"});
         EXPECT_EQ(2, outcome.exit) << place;
         EXPECT_EQ("bad-file", outcome.Error()) << place;
         EXPECT_NE(std::string::npos, outcome.err.find(place)) << place << ": " << outcome.err;
     }
-    for (const std::string& none : {PathOf("none"), folder_.Path().string()})
+    for (const std::string& none : {File("none"), folder_.Path().string()})
         EXPECT_EQ("bad-file", Memo({"diff", none, "--json"}).Error()) << none;
 }
 

@@ -8,8 +8,7 @@
 namespace orbkl4::cli::test {
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
+using orbkl4sim::ContentOf;
 
 TEST_F(Memory, ShowsNumbersWithTheirLimits) {
     sensor_.SetWord(66, 65535);
@@ -31,9 +30,9 @@ TEST_F(Memory, SavesAndComparesEveryWord) {
     for (int address = 0; address < 256; address += 2)
         if (address != 132 && address != 44 && address != fixedWord && address != 198)
             sensor_.SetWord(address, static_cast<std::uint16_t>(address * 257 + 1));
-    const std::string path = PathOf("a.json");
+    const std::string path = File("a.json");
     ASSERT_EQ(0, Memo({"save", path}).exit);
-    const QJsonObject document = Parsed(path);
+    const QJsonObject document = JsonOf(ContentOf(path));
     EXPECT_EQ("orb-kl4 memory", document["format"].toString().toStdString());
     EXPECT_EQ(1, document["version"].toInt());
     EXPECT_EQ(1042, document["serialNumber"].toInt());
@@ -63,7 +62,7 @@ TEST_F(Memory, SavesAndComparesEveryWord) {
 }
 
 TEST_F(Memory, RestoresSixtyWordsOverABadLineAndGoesBack) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     sensor_.SetFaults({.corrupt = 0.05});
     sensor_.ClearRecord();
@@ -83,17 +82,17 @@ TEST_F(Memory, RestoresSixtyWordsOverABadLineAndGoesBack) {
     ASSERT_EQ(1U, Backups().size());
     EXPECT_TRUE(std::regex_match(Backups().front().filename().string(),
                                  std::regex(R"(1042-\d{8}T\d{6}\.\d{3}Z\.json)")));
-    EXPECT_FALSE(Parsed(Backups().front().string()).contains("unfinished"));
+    EXPECT_FALSE(JsonOf(ContentOf(Backups().front())).contains("unfinished"));
     EXPECT_EQ(0, Memo({"restore", file, "--yes"}).exit);
     EXPECT_EQ(1U, Backups().size()) << "nothing differed";
     EXPECT_EQ(0, Memo({"undo", "--yes"}).exit);
-    EXPECT_EQ(before, Words());
+    EXPECT_EQ(before, MemoryOf(sensor_));
     EXPECT_EQ(2, Memo({"undo", "--yes"}).exit) << "there is nothing more to take back";
-    EXPECT_EQ(before, Words());
+    EXPECT_EQ(before, MemoryOf(sensor_));
 }
 
 TEST_F(Memory, NamesAWordThatDoesNotTake) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     sensor_.SetStuck(142, true);
     sensor_.ClearRecord();
@@ -111,11 +110,11 @@ TEST_F(Memory, NamesAWordThatDoesNotTake) {
     EXPECT_EQ(1, mismatches);
     EXPECT_EQ(62U, WriteRequests()) << "59 once, one three times";
     EXPECT_EQ(0, Memo({"undo", "--yes"}).exit);
-    EXPECT_EQ(before, Words());
+    EXPECT_EQ(before, MemoryOf(sensor_));
 }
 
 TEST_F(Memory, GoesBackToTheFirstStateWhereverItWasKilled) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     for (const std::size_t count : {0U, 1U, 30U, 59U, 60U}) {
         const auto kill = [](CliProcess& process) { ::kill(process.Id(), SIGKILL); };
@@ -128,13 +127,13 @@ TEST_F(Memory, GoesBackToTheFirstStateWhereverItWasKilled) {
         }
         const int undone = Memo({"undo", "--yes"}).exit;
         EXPECT_TRUE(undone == 0 || (!begun && undone == 2)) << count << ": " << undone;
-        EXPECT_EQ(before, Words()) << count;
+        EXPECT_EQ(before, MemoryOf(sensor_)) << count;
     }
     EXPECT_EQ(0, Memo({"set", "26=11", "--yes"}).exit) << "no mark is left";
 }
 
 TEST_F(Memory, KeepsTheMarkIfItCannotEnd) {
-    const auto before = Words();
+    const auto before = MemoryOf(sensor_);
     const std::string file = ChangedFile();
     struct Case {
         int exit;
@@ -144,16 +143,18 @@ TEST_F(Memory, KeepsTheMarkIfItCannotEnd) {
     for (const auto& [exit, code, interfere] : std::vector<Case>{
              {130, "interrupted", [](CliProcess& process) { ::kill(process.Id(), SIGINT); }},
              {4, "no-answer", [this](CliProcess&) { sensor_.SetPower(false); }},
+             {4, "bad-answer", [this](CliProcess&) { sensor_.SetFaults({.corrupt = 1}); }},
              {4, "line-gone", [this](CliProcess&) { sensor_.Unplug(); }}}) {
         const Outcome outcome = RunAnd(20, {"restore", file}, interfere);
         EXPECT_EQ(exit, outcome.exit) << outcome.out;
         EXPECT_EQ(code, outcome.Error());
         EXPECT_NE(std::string::npos, outcome.err.find("memory undo --sensor 1042")) << outcome.err;
         sensor_.SetPower(true);
+        sensor_.SetFaults({});
         sensor_.Replug();
         EXPECT_EQ("unfinished", Memo({"set", "26=11", "--yes", "--json"}).Error()) << code;
         EXPECT_EQ(0, Memo({"undo", "--yes"}).exit);
-        EXPECT_EQ(before, Words()) << code;
+        EXPECT_EQ(before, MemoryOf(sensor_)) << code;
     }
 }
 

@@ -1,18 +1,11 @@
-#include "cli/cli_test.h"
+#include "cli/record_test.h"
 
-#include <QJsonDocument>
-
-#include <algorithm>
-#include <arpa/inet.h>
 #include <atomic>
 #include <chrono>
 #include <csignal>
 #include <mosquitto.h>
 #include <mutex>
-#include <netinet/in.h>
 #include <stdexcept>
-#include <sys/socket.h>
-#include <thread>
 #include <unistd.h>
 
 namespace orbkl4::cli::test {
@@ -40,7 +33,6 @@ class Subscriber {
     struct Message {
         std::string topic, text;
         bool retained;
-        bool operator==(const Message&) const = default;
     };
 
     Subscriber(int port, const std::string& user, const std::string& password)
@@ -53,7 +45,7 @@ class Subscriber {
             client_, [](mosquitto*, void* self, const mosquitto_message* message) {
                 static_cast<Subscriber*>(self)->Take(*message);
             });
-        if (mosquitto_connect(client_, "127.0.0.1", port, 60) != MOSQ_ERR_SUCCESS)
+        if (!Comes([&] { return mosquitto_connect(client_, "127.0.0.1", port, 60) == 0; }))
             throw std::runtime_error("no broker");
         mosquitto_subscribe_callback_set(client_, [](mosquitto*, void* self, int, int, const int*) {
             static_cast<Subscriber*>(self)->subscribed_ = true;
@@ -99,28 +91,28 @@ class Subscriber {
     std::vector<Message> messages_;
 };
 
-class Mqtt : public CliTest {
+class Mqtt : public Record {
   protected:
     void SetUp() override {
         if (!std::filesystem::exists(brokerProgram)) GTEST_SKIP() << "no mosquitto here";
         mosquitto_lib_init();
-        const std::string users = (folder_.Path() / "users").string();
         QProcess::execute("mosquitto_passwd",
-                          {"-b", "-c", QString::fromStdString(users), "logger", "secret word"});
+                          {"-b", "-c", File("users").c_str(), "logger", "secret word"});
         folder_.Write("broker.conf",
                       "listener " + std::to_string(port_) +
                           " 127.0.0.1\nlog_dest none\nallow_anonymous false\nuser root\n"
                           "password_file " +
-                          users + "\n");
+                          File("users") + "\n");
         folder_.Write("password", "secret word\n");
     }
     void TearDown() override { StopBroker(); }
 
-    void StartBroker() {
+    /// Starts the broker, and subscribes once it listens.
+    std::unique_ptr<Subscriber> StartBroker() {
         broker_ = std::make_unique<QProcess>();
         broker_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        broker_->start(brokerProgram, {"-c", Path("broker.conf").c_str()});
-        ASSERT_TRUE(Comes([&] { return Listens(); }));
+        broker_->start(brokerProgram, {"-c", File("broker.conf").c_str()});
+        return Subscribe();
     }
     void StopBroker() {
         if (!broker_) return;
@@ -128,55 +120,41 @@ class Mqtt : public CliTest {
         broker_->waitForFinished();
         broker_.reset();
     }
-    bool Listens() const {
-        const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        address.sin_port = htons(static_cast<std::uint16_t>(port_));
-        const bool taken =
-            ::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-        ::close(socket);
-        return taken;
-    }
     void SignalBroker(int number) const {
         ::kill(static_cast<pid_t>(broker_->processId()), number);
     }
 
-    std::string Path(const char* name) const { return (folder_ / name).string(); }
-
-    Words RecordWords(const Words& more = {}, const std::string& host = "127.0.0.1") const {
-        Words words{"record",
-                    "vectors",
-                    "-o",
-                    Path("log"),
-                    "--format",
-                    "jsonl",
-                    "--mqtt",
-                    host + ":" + std::to_string(port_),
-                    "--mqtt-user",
-                    "logger",
-                    "--mqtt-password-file",
-                    Path("password")};
-        words.insert(words.end(), more.begin(), more.end());
-        return words;
+    /// The words that publish a recording, and `more`.
+    Words ToBroker(const Words& more = {}, const std::string& host = "127.0.0.1") const {
+        return Words{"--format=jsonl", "--mqtt=" + host + ":" + std::to_string(port_),
+                     "--mqtt-user=logger", "--mqtt-password-file=" + File("password")} +
+               more;
     }
 
-    std::size_t Rows() const {
-        const std::string text = ContentOf(Path("log"));
-        return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    /// Waits until the sensor has been asked for `count` samples more.
+    testing::AssertionResult Samples(std::size_t count) const {
+        sensors_.back()->ClearRecord();
+        return testing::AssertionResult(sensors_.back()->WaitForRequests(count, 30s));
     }
-    testing::AssertionResult Grows(std::size_t count = 100) const {
-        return Comes([this, wanted = Rows() + count] { return Rows() >= wanted; });
-    }
-    QJsonObject Beside() const {
-        return QJsonDocument::fromJson(QByteArray::fromStdString(ContentOf(Path("log.json"))))
-            .object();
-    }
+
     /// How many samples were "sent" or "dropped".
     int Counted(const char* fate) const {
         return Beside()["mqtt"].toObject()[QLatin1String(fate)].toInt();
     }
+
+    /// Interrupts a recording for which the broker has been too slow: it must end well and in time
+    /// with at least `rows`, each of which was either sent or dropped.
+    void Ends(CliProcess& process, std::size_t rows) const {
+        ::kill(process.Id(), SIGINT);
+        const auto start = std::chrono::steady_clock::now();
+        const Outcome outcome = process.AwaitEnd();
+        EXPECT_EQ(0, outcome.exit) << outcome.err;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, longestEnding);
+        EXPECT_GT(Counted("dropped"), 0);
+        EXPECT_GE(Lines().size(), rows);
+        EXPECT_EQ(static_cast<int>(Lines().size()), Counted("sent") + Counted("dropped"));
+    }
+
     std::unique_ptr<Subscriber> Subscribe() const {
         return std::make_unique<Subscriber>(port_, "logger", "secret word");
     }
@@ -187,9 +165,8 @@ class Mqtt : public CliTest {
 
 TEST_F(Mqtt, PublishesEachRowWithItsColumnsAndStatus) {
     Plug(1);
-    StartBroker();
-    const auto early = Subscribe();
-    const Outcome outcome = Run(RecordWords({"--samples", "300"}));
+    const auto early = StartBroker();
+    const Outcome outcome = RunToFile(ToBroker({"--samples", "300"}));
     EXPECT_EQ(0, outcome.exit) << outcome.err;
     ASSERT_TRUE(Comes([&] { return early->LastStatus() == "offline"; }));
     std::string sent;
@@ -197,7 +174,7 @@ TEST_F(Mqtt, PublishesEachRowWithItsColumnsAndStatus) {
         EXPECT_FALSE(message.retained);
         sent += message.text + "\n";
     }
-    EXPECT_EQ(ContentOf(Path("log")), sent);
+    EXPECT_EQ(ContentOf(File()), sent);
     const auto status = early->To("/status");
     ASSERT_GE(status.size(), 2U);
     EXPECT_EQ("online", status[status.size() - 2].text);
@@ -207,7 +184,7 @@ TEST_F(Mqtt, PublishesEachRowWithItsColumnsAndStatus) {
     const auto late = Subscribe();
     ASSERT_TRUE(Comes([&] { return late->To("/meta").size() + late->To("/status").size() == 2; }));
     EXPECT_EQ("offline", late->LastStatus());
-    const auto meta = QJsonDocument::fromJson(late->To("/meta")[0].text.c_str()).object();
+    const auto meta = JsonOf(late->To("/meta")[0].text);
     EXPECT_TRUE(late->To("/meta")[0].retained);
     EXPECT_EQ(Beside()["columns"], meta["columns"]);
     EXPECT_TRUE(late->To("").empty());
@@ -215,79 +192,61 @@ TEST_F(Mqtt, PublishesEachRowWithItsColumnsAndStatus) {
 
 TEST_F(Mqtt, SaysOfflineWhereTheLineGoesAndWhereItIsKilled) {
     orbkl4sim::Simulator& sensor = Plug(1);
-    StartBroker();
-    const auto subscriber = Subscribe();
-    CliProcess process(RecordWords(), Surroundings());
+    const auto subscriber = StartBroker();
+    const auto process = Start(ToBroker());
     ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
     sensor.Unplug();
     ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "offline"; }));
     sensor.Replug();
     ASSERT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
-    ::kill(process.Id(), SIGKILL);
+    ::kill(process->Id(), SIGKILL);
     EXPECT_TRUE(Comes([&] { return subscriber->LastStatus() == "offline"; })) << "the last will";
 }
 
 TEST_F(Mqtt, RecordsOnWhileTheBrokerIsAwayAndComesBack) {
-    Plug(1, {.baud = 115200});
-    CliProcess process(RecordWords(), Surroundings());
-    ASSERT_TRUE(Grows(1200)) << "away from the start, more samples than may wait";
+    Plug(1, {.paced = false});
+    const auto process = Start(ToBroker());
+    ASSERT_TRUE(Samples(1200)) << "away from the start, more samples than may wait";
     for (int round = 0; round < 2; ++round) {
-        StartBroker();
-        const auto subscriber = Subscribe();
+        const auto subscriber = StartBroker();
         EXPECT_TRUE(Comes([&] { return subscriber->LastStatus() == "online"; }));
         EXPECT_TRUE(Comes([&] { return subscriber->To("").size() > 50; }));
         EXPECT_EQ(1U, subscriber->To("/meta").size());
         StopBroker();
-        EXPECT_TRUE(Grows()) << "stopped";
+        EXPECT_TRUE(Samples(1200)) << "stopped";
     }
-    ::kill(process.Id(), SIGINT);
-    const auto start = std::chrono::steady_clock::now();
-    const Outcome outcome = process.AwaitEnd();
-    EXPECT_EQ(0, outcome.exit) << outcome.err;
-    EXPECT_LT(std::chrono::steady_clock::now() - start, longestEnding);
-    const auto sent = Counted("sent");
-    const auto dropped = Counted("dropped");
-    EXPECT_GT(dropped, 0);
-    EXPECT_EQ(Rows(), static_cast<std::size_t>(sent + dropped)) << "each is counted once";
+    Ends(*process, 3000);
 }
 
 TEST_F(Mqtt, IsNotSlowedByAStalledBroker) {
     Plug(1, {.paced = false});
-    StartBroker();
-    CliProcess process(RecordWords(), Surroundings());
-    const auto first = Subscribe();
+    const auto first = StartBroker();
+    const auto process = Start(ToBroker());
     ASSERT_TRUE(Comes([&] { return first->To("").size() > 20; }));
     SignalBroker(SIGSTOP);
     // More than the system takes in for a broker that doesn't read, and than may wait besides.
-    for (int part = 0; part < 12; ++part) ASSERT_TRUE(Grows(2000)) << "stalled";
+    for (int part = 0; part < 12; ++part) ASSERT_TRUE(Samples(2000)) << "stalled";
     SignalBroker(SIGCONT);
     const std::size_t received = first->To("").size();
     EXPECT_TRUE(Comes([&] { return first->To("").size() > received + 50; }));
     SignalBroker(SIGSTOP);
-    ASSERT_TRUE(Grows(2000)) << "stalled again";
-    ::kill(process.Id(), SIGINT);
-    const auto end = std::chrono::steady_clock::now();
-    EXPECT_EQ(0, process.AwaitEnd().exit);
-    EXPECT_LT(std::chrono::steady_clock::now() - end, longestEnding);
+    ASSERT_TRUE(Samples(100)) << "stalled again";
+    Ends(*process, 24'000);
     SignalBroker(SIGCONT);
-    const auto sent = Counted("sent");
-    const auto dropped = Counted("dropped");
-    EXPECT_GT(dropped, 0) << "more waited than may";
-    EXPECT_EQ(Rows(), static_cast<std::size_t>(sent + dropped)) << "each is counted once";
 }
 
 TEST_F(Mqtt, ReportsARefusalAndStillRecords) {
     Plug(1);
     StartBroker();
     folder_.Write("password", "wrong\n");
-    const Outcome refused = Run(RecordWords({"--seconds", "2"}));
+    const Outcome refused = RunToFile(ToBroker({"--samples", "100"}));
     EXPECT_EQ(0, refused.exit);
     EXPECT_NE(std::string::npos, refused.err.find("refuses the connection")) << refused.err;
     EXPECT_EQ(std::string::npos, refused.err.find("wrong")) << "the password isn't shown";
     const Outcome unknown =
-        Run(RecordWords({"--samples", "20", "--overwrite"}, "no-such-host.invalid"));
+        RunToFile(ToBroker({"--samples", "20", "--overwrite"}, "no-such-host.invalid"));
     EXPECT_EQ(0, unknown.exit) << unknown.err;
-    EXPECT_EQ(20U, Rows());
+    EXPECT_EQ(20U, Lines().size());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdio>
 #include <regex>
+#include <utility>
 
 namespace orbkl4::cli::test {
 namespace {
@@ -14,65 +15,53 @@ using namespace std::chrono_literals;
 using orbkl4sim::Simulator;
 
 struct ChannelCase {
-    const char* name;
-    unsigned command;
+    std::vector<std::pair<const char*, unsigned>> channels;  ///< names and commands
     std::vector<unsigned> words;
-    const char* columns;
-    const char* values;
+    std::string columns;
+    std::string values;
     const char* workbench;  ///< the row after its time
 };
 
 const std::vector<unsigned> quatWords{8192, 57344, 4096, 1};
-constexpr const char* vectorColumns = "mag_x,mag_y,mag_z,acc_x,acc_y,acc_z,rate_x,rate_y,rate_z";
-constexpr const char* vectorValues = "1,-0.5,0.001,1,-0.5,0.0005,1,-0.5,0.0005";
-constexpr const char* matrixColumns = "m11,m21,m31,m12,m22,m32,m13,m23,m33";
-const std::vector<unsigned> matrixWords{8192, 4096, 0, 0, 8192, 0, 0, 61440, 8192};
-constexpr const char* matrixValues = "1,0.5,0,0,1,0,0,-0.5,1";
-constexpr const char* matrixRow = ", 1, .5, 0, 0, 1, 0, 0,-.5, 1, 7";
-constexpr const char* vectorRow = ", 1,-.5, .001, 1,-.5, .0005, 1,-.5, .0005, 7";
-constexpr const char* quatRow = ", 1,-1, .5, .0001, 7";
-
-const std::string quatVectorColumns = std::string("quat_0,quat_1,quat_2,quat_3,") + vectorColumns;
-const std::string quatVectorValues = std::string("1,-1,0.5,0.0001,") + vectorValues;
-constexpr const char* quatVectorRow =
-    ", 1,-1, .5, .0001, 1,-.5, .001, 1,-.5, .0005, 1,-.5, .0005, 7";
+const std::string quatColumns = "quat_0,quat_1,quat_2,quat_3";
+const std::string quatValues = "1,-1,0.5,0.0001";
+const std::string vectorColumns = "mag_x,mag_y,mag_z,acc_x,acc_y,acc_z,rate_x,rate_y,rate_z";
+const std::string vectorValues = "1,-0.5,0.001,1,-0.5,0.0005,1,-0.5,0.0005";
+const std::string angleColumns = "roll_deg,pitch_deg,yaw_deg";
 
 const std::vector<ChannelCase> channelCases{
-    {"sensor-bits",
-     0x01,
+    {{{"sensor-bits", 0x01}},
      {0, 65535, 2, 3, 4, 5, 6, 7, 8},
      "raw_mag_1,raw_mag_2,raw_mag_3,raw_acc_1,raw_acc_2,raw_acc_3,raw_rate_1,raw_rate_2,raw_rate_3",
      "0,65535,2,3,4,5,6,7,8",
      ", 0, 65535, 2, 3, 4, 5, 6, 7, 8, 7"},
-    {"vectors", 0x02, vectorWords, vectorColumns, vectorValues, vectorRow},
-    {"instant-vectors", 0x03, vectorWords, vectorColumns, vectorValues, vectorRow},
-    {"quaternion", 0x05, quatWords, "quat_0,quat_1,quat_2,quat_3", "1,-1,0.5,0.0001", quatRow},
-    {"instant-quaternion", 0x04, quatWords, "quat_0,quat_1,quat_2,quat_3", "1,-1,0.5,0.0001",
-     quatRow},
-    {"matrix", 0x0B, matrixWords, matrixColumns, matrixValues, matrixRow},
-    {"instant-matrix", 0x0A, matrixWords, matrixColumns, matrixValues, matrixRow},
-    {"angles",
-     0x0E,
-     {16384, 57344, 49152},
-     "roll_deg,pitch_deg,yaw_deg",
-     "90,-45,-90",
-     ",-45,-90, 90, 7"},
-    {"instant-angles",
-     0x0D,
-     {1, 65518, 0},
-     "roll_deg,pitch_deg,yaw_deg",
-     "0,-0.1,0",
-     ",-.1, 0, 0, 7"},
-    {"angles-acc-rate",
-     0x31,
+    {{{"vectors", 0x02}, {"instant-vectors", 0x03}},
+     vectorWords,
+     vectorColumns,
+     vectorValues,
+     ", 1,-.5, .001, 1,-.5, .0005, 1,-.5, .0005, 7"},
+    {{{"quaternion", 0x05}, {"instant-quaternion", 0x04}},
+     quatWords,
+     quatColumns,
+     quatValues,
+     ", 1,-1, .5, .0001, 7"},
+    {{{"matrix", 0x0B}, {"instant-matrix", 0x0A}},
+     {8192, 4096, 0, 0, 8192, 0, 0, 61440, 8192},
+     "m11,m21,m31,m12,m22,m32,m13,m23,m33",
+     "1,0.5,0,0,1,0,0,-0.5,1",
+     ", 1, .5, 0, 0, 1, 0, 0,-.5, 1, 7"},
+    {{{"angles", 0x0E}}, {16384, 57344, 49152}, angleColumns, "90,-45,-90", ",-45,-90, 90, 7"},
+    {{{"instant-angles", 0x0D}}, {1, 65518, 0}, angleColumns, "0,-0.1,0", ",-.1, 0, 0, 7"},
+    {{{"angles-acc-rate", 0x31}},
      {16384, 57344, 49152, 2000, 64536, 1, 4000, 63536, 2},
-     "roll_deg,pitch_deg,yaw_deg,acc_x,acc_y,acc_z,rate_x,rate_y,rate_z",
+     angleColumns + ",acc_x,acc_y,acc_z,rate_x,rate_y,rate_z",
      "90,-45,270,1,-0.5,0.0005,1,-0.5,0.0005",
      ", 90,-45, 270, 1,-.5, .0005, 1,-.5, .0005, 7"},
-    {"quat-vectors", 0x0C, quatWords + vectorWords, quatVectorColumns.c_str(),
-     quatVectorValues.c_str(), quatVectorRow},
-    {"quat-instant-vectors", 0x12, quatWords + vectorWords, quatVectorColumns.c_str(),
-     quatVectorValues.c_str(), quatVectorRow},
+    {{{"quat-vectors", 0x0C}, {"quat-instant-vectors", 0x12}},
+     quatWords + vectorWords,
+     quatColumns + "," + vectorColumns,
+     quatValues + "," + vectorValues,
+     ", 1,-1, .5, .0001, 1,-.5, .001, 1,-.5, .0005, 1,-.5, .0005, 7"},
 };
 
 /// The text from the second comma on, without its line end.
@@ -83,22 +72,24 @@ std::string FromSecondComma(const std::string& row) {
 TEST_F(Record, GivesEachChannelItsColumnsAndValues) {
     Simulator& sensor = PlugScaled();
     for (const ChannelCase& one : channelCases) {
-        SCOPED_TRACE(one.name);
-        sensor.ReplyTo(static_cast<std::uint8_t>(one.command),
-                       Frame(one.command, one.words + std::vector<unsigned>{7}));
-        const Outcome csv = Run({"record", one.name, "--port=1", "--samples", "1"});
-        EXPECT_EQ(0, csv.exit) << csv.err;
-        const std::size_t end = csv.out.find('\n');
-        EXPECT_EQ(std::string("timestamp,time_s,") + one.columns + ",ticks",
-                  csv.out.substr(0, end));
-        EXPECT_EQ(std::string(one.values) + ",7\n", FromSecondComma(csv.out.substr(end + 1)));
-        const Outcome file =
-            Run({"record", one.name, "--port=1", "--samples", "1", "--format", "workbench"});
-        EXPECT_TRUE(std::regex_search(
-            file.out, std::regex("^Kestrelmoor ORB-KL4 Data File Version 2\\.0\\.4\r\n"
-                                 "Date file created: [^\r]+\r\nTime file created: [^\r]+\r\n")));
-        const std::size_t comma = file.out.find(',', file.out.rfind('\n', file.out.size() - 2));
-        EXPECT_EQ(std::string(one.workbench) + "\r\n", file.out.substr(comma));
+        for (const auto& [name, command] : one.channels) {
+            SCOPED_TRACE(name);
+            sensor.ReplyTo(static_cast<std::uint8_t>(command),
+                           Frame(command, one.words + std::vector<unsigned>{7}));
+            const Outcome csv = Run({"record", name, "--port=1", "--samples", "1"});
+            EXPECT_EQ(0, csv.exit) << csv.err;
+            const std::size_t end = csv.out.find('\n');
+            EXPECT_EQ("timestamp,time_s," + one.columns + ",ticks", csv.out.substr(0, end));
+            EXPECT_EQ(one.values + ",7\n", FromSecondComma(csv.out.substr(end + 1)));
+            const Outcome file =
+                Run({"record", name, "--port=1", "--samples", "1", "--format", "workbench"});
+            EXPECT_TRUE(std::regex_search(
+                file.out,
+                std::regex("^Kestrelmoor ORB-KL4 Data File Version 2\\.0\\.4\r\n"
+                           "Date file created: [^\r]+\r\nTime file created: [^\r]+\r\n")));
+            const std::size_t comma = file.out.find(',', file.out.rfind('\n', file.out.size() - 2));
+            EXPECT_EQ(std::string(one.workbench) + "\r\n", file.out.substr(comma));
+        }
     }
     // A kind whose columns are in another order than the packet's words.
     const auto beside = [&](const char* format) {

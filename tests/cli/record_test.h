@@ -2,8 +2,6 @@
 
 #include "cli/cli_test.h"
 
-#include <QJsonDocument>
-
 #include <cstdint>
 #include <memory>
 #include <sstream>
@@ -25,15 +23,10 @@ std::vector<Item> operator+(std::vector<Item> first, const std::vector<Item>& se
 /// Recordings of vectors into a file.
 class Record : public CliTest {
   protected:
-    std::string File(const std::string& name = "log") const {
-        return (folder_.Path() / name).string();
-    }
-
     /// The program, recording vectors into a file.
     std::unique_ptr<CliProcess> Start(const Words& more = {}, const Environment& variables = {}) {
-        Words words{"record", "vectors", "-o", File()};
-        words.insert(words.end(), more.begin(), more.end());
-        return std::make_unique<CliProcess>(words, Surroundings(variables));
+        return std::make_unique<CliProcess>(Words{"record", "vectors", "-o", File()} + more,
+                                            Surroundings(variables));
     }
 
     Outcome RunToFile(const Words& more) { return Start(more)->AwaitEnd(); }
@@ -46,10 +39,7 @@ class Record : public CliTest {
     }
 
     /// What lies beside the recording.
-    QJsonObject Beside(const std::string& name = "log") const {
-        const std::string text = orbkl4sim::ContentOf(File(name + ".json"));
-        return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
-    }
+    QJsonObject Beside() const { return JsonOf(orbkl4sim::ContentOf(File("log.json"))); }
 
     /// Waits until the recording has `count` lines more.
     testing::AssertionResult Grows(std::size_t count = 20) const {
@@ -58,8 +48,8 @@ class Record : public CliTest {
     }
 
     /// A sensor whose vectors have scales of 1/1000, 1/2000 and 1/4000 and whose ticks last 1 ms.
-    orbkl4sim::Simulator& PlugScaled(int port = 1) {
-        orbkl4sim::Simulator& sensor = Plug(port);
+    orbkl4sim::Simulator& PlugScaled() {
+        orbkl4sim::Simulator& sensor = Plug(1);
         for (const auto& [address, word] : std::map<int, std::uint16_t>{{232, 32768},
                                                                         {230, 16384},
                                                                         {130, 8192},

@@ -35,8 +35,6 @@ class ChildProcess {
     ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                  const std::map<std::string, std::string>& environment);
     ~ChildProcess() { Kill(); }
-    ChildProcess(const ChildProcess&) = delete;
-    ChildProcess& operator=(const ChildProcess&) = delete;
 
     /// Writes `text` to its input; throws std::runtime_error if it has ended.
     void Write(const std::string& text);

@@ -20,29 +20,22 @@ std::string TextOf(const Reported& error) {
 
 }  // namespace
 
-MessageBox Telling(const std::string& text) { return {"ORB-KL4", text, {"OK"}}; }
+std::string Telling(const std::string& text) { return "[ORB-KL4][" + text + "][OK]"; }
 
-MessageBox Reported::Box() const {
-    return {"ORB-KL4",
-            "The error shown below has occurred!\r\n"
-            "The data being generated at this time may have been corrupted.\r\n"
-            "Please correct the error or contact Kestrelmoor for customer support.\r\n"
-            "\r\n" +
-                TextOf(*this) +
-                "\r\n"
-                "RETRY will allow application to continue.\r\n"
-                "CANCEL will terminate application.\r\n",
-            {"Retry", "Cancel"}};
+std::string Reported::Box() const {
+    return "[ORB-KL4][The error shown below has occurred!\r\n"
+           "The data being generated at this time may have been corrupted.\r\n"
+           "Please correct the error or contact Kestrelmoor for customer support.\r\n"
+           "\r\n" +
+           TextOf(*this) +
+           "\r\n"
+           "RETRY will allow application to continue.\r\n"
+           "CANCEL will terminate application.\r\n"
+           "][Retry][Cancel]";
 }
 
 std::string Reported::Record() const {
     return "----------\r\n" + TextOf(*this) + "----------\r\n\r\n";
-}
-
-std::ostream& operator<<(std::ostream& out, const MessageBox& box) {
-    out << box.title << ": " << box.text;
-    for (const std::string& button : box.buttons) out << " [" << button << ']';
-    return out;
 }
 
 RunningProgram::RunningProgram(const Stage& stage)
@@ -86,33 +79,31 @@ void RunningProgram::Await(const std::string& screen, const std::string& name,
     throw std::runtime_error(property + " of " + name + " is " + found + ", not " + expected);
 }
 
-std::optional<MessageBox> RunningProgram::BoxUp() {
-    const auto words = Run({"box"});
-    if (words.empty()) return std::nullopt;
-    return MessageBox{words[0], WithDatesMasked(words[1]), {words.begin() + 2, words.end()}};
+std::string RunningProgram::BoxUp() {
+    std::string box;
+    for (const std::string& word : Run({"box"})) box += '[' + word + ']';
+    return WithDatesMasked(box);
 }
 
-MessageBox RunningProgram::AwaitBox() {
-    std::optional<MessageBox> box;
-    if (!WaitUntil([&] { return (box = BoxUp()).has_value(); })) {
-        throw std::runtime_error("no box comes up");
-    }
-    return *box;
+std::string RunningProgram::AwaitBox() {
+    std::string box;
+    const auto isUp = [&] { return !(box = BoxUp()).empty(); };
+    if (!WaitUntil(isUp)) throw std::runtime_error("no box comes up");
+    return box;
 }
 
-void RunningProgram::Search(const std::function<void()>& beforeRetry) {
+void RunningProgram::Search() {
     constexpr int retries = 9;
     AwaitScreen("Main");
     Choose("Main", "mnuConnect");
     AwaitScreen("Connect");
     Press("Connect", "cmdConnectAuto");
-    MessageBox box = AwaitBox();
-    for (int i = 0; i < retries && box.text.starts_with("ORB-KL4 not found"); ++i) {
-        beforeRetry();
+    std::string box = AwaitBox();
+    for (int i = 0; i < retries && box.starts_with("[ORB-KL4][ORB-KL4 not found"); ++i) {
         Answer("Retry");
         box = AwaitBox();
     }
-    if (box != Telling("ORB-KL4 connection successful!")) throw std::runtime_error(box.text);
+    if (box != Telling("ORB-KL4 connection successful!")) throw std::runtime_error(box);
 }
 
 void RunningProgram::SaveAs(const std::string& path) {

@@ -3,28 +3,13 @@
 #include "child_process.h"
 #include "stage.h"
 
-#include <functional>
-#include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
 
 namespace orbkl4::test {
 
-/// A message box that is up.
-struct MessageBox {
-    std::string title;
-    std::string text;
-    std::vector<std::string> buttons;
-
-    bool operator==(const MessageBox&) const = default;
-};
-
-/// Prints `box` if an expectation fails.
-std::ostream& operator<<(std::ostream& out, const MessageBox& box);
-
-/// A message box with `text` and an OK button.
-MessageBox Telling(const std::string& text);
+/// The message box with `text` and an OK button, as `BoxUp` gives it.
+std::string Telling(const std::string& text);
 
 /// A reported error.
 struct Reported {
@@ -33,8 +18,8 @@ struct Reported {
     std::string screen;
     std::string description;
 
-    /// The box about it, its date masked.
-    MessageBox Box() const;
+    /// The box about it, as `BoxUp` gives it.
+    std::string Box() const;
 
     /// Its record in the error log, its date masked.
     std::string Record() const;
@@ -76,18 +61,19 @@ class RunningProgram {
         Run({"press", screen, button});
     }
 
-    /// The message box that is up, its date masked.
-    std::optional<MessageBox> BoxUp();
+    /// Title, text and buttons of the message box that is up, each in brackets, its date masked;
+    /// empty if there is none.
+    std::string BoxUp();
 
     /// Waits for a message box.
-    MessageBox AwaitBox();
+    std::string AwaitBox();
 
     /// Answers the message box that is up.
     void Answer(const std::string& button) { Run({"answer", button}); }
 
-    /// Searches for the sensor and waits for the box of success. Retries up to nine times, each
-    /// after `beforeRetry`, as a busy machine may not answer in the 100 milliseconds allowed.
-    void Search(const std::function<void()>& beforeRetry = [] {});
+    /// Searches for the sensor and waits for the box of success. Retries up to nine times, as a
+    /// busy machine may not answer in the 100 milliseconds allowed.
+    void Search();
 
     /// Waits for the file dialog, types `path` and saves.
     void SaveAs(const std::string& path);

@@ -6,18 +6,6 @@
 
 namespace orbkl4::test {
 
-namespace {
-
-/// A time in seconds with two decimals at most and no 0 before the point, and ten words, each after
-/// one blank.
-bool IsRow(const QString& line) {
-    static const QRegularExpression row(
-        R"(^(0|[1-9]\d*|([1-9]\d*)?\.\d?[1-9])(, (0|[1-9]\d{0,4})){10}$)");
-    return row.match(line).hasMatch();
-}
-
-}  // namespace
-
 void SamplingTest::StartSaving(RunningProgram& program, const std::string& name) {
     program.AwaitScreen("Main");
     program.Unlock("mnuDisplay");
@@ -29,22 +17,24 @@ void SamplingTest::StartSaving(RunningProgram& program, const std::string& name)
     program.Choose("SensorBits", "mnuSample");
 }
 
-testing::AssertionResult SamplingTest::Grows(const std::string& name, std::size_t bytes) const {
+bool SamplingTest::Grows(const std::string& name, std::size_t bytes) const {
     const auto least = Content(name).size() + bytes;
-    if (WaitUntil([&] { return Content(name).size() >= least; })) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure() << name << " doesn't grow";
+    return WaitUntil([&] { return Content(name).size() >= least; });
 }
 
 Rows SamplingTest::ReadRows(const std::string& name) const {
     constexpr qsizetype headLines = 5;
+    // A time in seconds with two decimals at most and no 0 before the point, and ten words, each
+    // after one blank.
+    static const QRegularExpression row(
+        R"(^(0|[1-9]\d*|([1-9]\d*)?\.\d?[1-9])(, (0|[1-9]\d{0,4})){10}$)");
     QStringList lines = QString::fromStdString(Content(name)).split(QStringLiteral("\r\n"));
     if (!lines.takeLast().isEmpty()) throw std::runtime_error("the last line is cut");
     if (lines.size() < headLines) throw std::runtime_error("the head is cut");
     Rows rows;
     for (const QString& line : lines.mid(headLines)) {
-        if (!IsRow(line)) throw std::runtime_error("not a whole row: " + line.toStdString());
+        if (!row.match(line).hasMatch())
+            throw std::runtime_error("not a whole row: " + line.toStdString());
         rows.emplace_back();
         for (const QString& column : line.split(QLatin1Char(',')))
             rows.back().push_back(column.toStdString());

@@ -25,8 +25,8 @@ class SamplingTest : public testing::Test {
         return ContentOf(stage.DataFiles() / name);
     }
 
-    /// Waits until the data file `name` has grown by `bytes`.
-    testing::AssertionResult Grows(const std::string& name, std::size_t bytes = 500) const;
+    /// Waits until the data file `name` has grown by `bytes`; false if it doesn't.
+    bool Grows(const std::string& name, std::size_t bytes = 500) const;
 
     /// The rows of the data file `name` after its head; throws std::runtime_error unless each is a
     /// time and ten words, ended by CR LF.

@@ -8,16 +8,9 @@ namespace orbkl4::test {
 
 namespace {
 
-orbkl4sim::SimulatorOptions FastSensor() {
-    orbkl4sim::SimulatorOptions options;
-    options.baud = 115200;
-    options.record = false;
-    return options;
-}
-
 class FullRate : public EnduranceTest {
   protected:
-    FullRate() : EnduranceTest(FastSensor(), 0.01, 0.01) {
+    FullRate() : EnduranceTest({.baud = 115200, .record = false}, 0.01, 0.01) {
         AppState.CommSettings = "115200,n,8,1";
         // A calculation cycle of a ten-millionth of a second, so that the line alone holds it up.
         for (const int address : {238, 240, 242, 246}) sensor.SetWord(address, 1);

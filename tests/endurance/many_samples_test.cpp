@@ -59,17 +59,10 @@ double Flat(std::size_t count) {
     return count < isLong ? 3 : 1.5;
 }
 
-orbkl4sim::SimulatorOptions HastySensor() {
-    orbkl4sim::SimulatorOptions options;
-    options.paced = false;
-    options.record = false;
-    return options;
-}
-
 /// A sensor that replies at once, so that a million samples pass in minutes.
 class ManySamples : public EnduranceTest {
   protected:
-    ManySamples() : EnduranceTest(HastySensor(), 0, 0) {}
+    ManySamples() : EnduranceTest({.paced = false, .record = false}, 0, 0) {}
 
     /// Samples `screen` and calls `look` now and then until all samples have come, and checks that
     /// neither memory nor the time of the handler grows.

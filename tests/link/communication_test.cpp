@@ -1,7 +1,6 @@
 #include "link/communication.h"
 
-#include "base/run_time_error.h"
-#include "main_window/start_up.h"
+#include "base/error_of.h"
 #include "platform/events/mscomm.h"
 #include "platform/system/clock.h"
 #include "platform/windows/screen.h"
@@ -21,26 +20,6 @@ namespace orbkl4::test {
 
 namespace {
 
-class Communication : public testing::Test {
-  protected:
-    Communication() {
-        AppState = {};
-        TestForFileFolders();
-        folders.LinkPort(1, line.Path());
-        AppState.CommPort = 1;
-        AppState.CommSettings = "38400,n,8,1";
-    }
-    ~Communication() override {
-        ReplaceTickCount(nullptr);
-        AppState = {};
-    }
-
-    TemporaryFolders folders;
-    PtyMaster line;
-    Screen screen{"Vectors", "Vectors"};
-    MSComm port{&screen, "MSComm2"};
-};
-
 /// The tick counts that the clock will return.
 std::vector<std::int32_t> ticksAhead;
 
@@ -48,18 +27,21 @@ std::vector<std::int32_t> ticksAhead;
 std::size_t TicksTaken(std::vector<std::int32_t> ticks, std::int32_t milliseconds) {
     const std::size_t count = ticks.size();
     ticksAhead = std::move(ticks);
-    ReplaceTickCount([] {
-        const std::int32_t next = ticksAhead.at(0);
-        ticksAhead.erase(ticksAhead.begin());
-        return next;
-    });
     WaitMilliseconds(milliseconds);
     return count - ticksAhead.size();
 }
 
 }  // namespace
 
-TEST_F(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
+TEST(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
+    const TemporaryFolders folders;
+    const PtyMaster line;
+    folders.LinkPort(1, line.Path());
+    AppState = {};
+    AppState.CommPort = 1;
+    AppState.CommSettings = "38400,n,8,1";
+    const Screen screen{"Vectors", "Vectors"};
+    MSComm port(nullptr, "MSComm2");
     port.InputLen(3);
     OpenCommPort(port, screen);
     line.Send({1, 2, 3, 4, 5});
@@ -70,7 +52,7 @@ TEST_F(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
 
     AppState.CommPort = 2;
     AppState.CommSettings = "19200,n,8,1";
-    BoxAnswerer boxes;
+    const BoxAnswerer boxes;
     OpenCommPort(port, screen);
     EXPECT_EQ(port.CommPort(), 1);
     EXPECT_EQ(port.Settings(), "38400,n,8,1");
@@ -80,25 +62,30 @@ TEST_F(Communication, OpensForWholeReadsAndLeavesAnOpenPortAlone) {
     EXPECT_EQ(boxes.Count(), 0U);
 }
 
-TEST_F(Communication, WaitsByCheckedSigned32BitTicksAndRunsNoEvent) {
+TEST(Communication, WaitsByCheckedSigned32BitTicksAndRunsNoEvent) {
     constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    ReplaceTickCount([] {
+        const std::int32_t next = ticksAhead.at(0);
+        ticksAhead.erase(ticksAhead.begin());
+        return next;
+    });
     bool ran = false;
-    QTimer::singleShot(0, &screen, [&] { ran = true; });
+    QTimer::singleShot(0, [&] { ran = true; });
     EXPECT_EQ(TicksTaken({500, 599, 600, 600}, 100), 3U);
     EXPECT_EQ(TicksTaken({500, 500, 500}, 0), 2U) << "returns at once";
     EXPECT_EQ(TicksTaken({500, 500, 500}, -1), 2U);
     EXPECT_EQ(TicksTaken({-50, 49, 50}, 100), 3U) << "crosses 0";
     EXPECT_EQ(TicksTaken({most - 200, most - 100, least}, 100), 2U)
         << "ends before the count overflows";
-    try {
-        TicksTaken({most - 50, most, least + 10}, 100);
-        ADD_FAILURE() << "the count crosses 2^31";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::Overflow);
-    }
+    EXPECT_EQ(ErrorOf([&] {
+                  TicksTaken({most - 50, most, least + 10}, 100);
+              }),
+              ErrorNumber::Overflow)
+        << "the count crosses 2^31";
     EXPECT_FALSE(ran);
     EXPECT_TRUE(WaitFor([&] { return ran; }));
+    ReplaceTickCount(nullptr);
 }
 
 }  // namespace orbkl4::test

@@ -11,8 +11,6 @@
 namespace orbkl4::test {
 namespace {
 
-const QString share = QStringLiteral("/../share/orb-kl4-workbench");
-
 void Write(const QString& path, const char* text) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -41,7 +39,7 @@ TEST(Folders, LieInTheUsersOwnDataFolderWhereTheProgramBelongsToTheSystem) {
 
 TEST(Folders, GetTheInstalledTimeTickTableOnce) {
     const TemporaryFolders folders;
-    QDir().mkpath(ProgramFolder() + share);
+    QDir().mkpath(ProgramFolder() + QStringLiteral("/../share/orb-kl4-workbench"));
     Write(InstalledFile(QStringLiteral("orb-kl4-workbench/TimeTickTable.txt")), "installed");
     TestForFileFolders();
     const QString table = LogsFolder() + QStringLiteral("/TimeTickTable.txt");

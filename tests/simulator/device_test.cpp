@@ -16,15 +16,9 @@ using namespace std::chrono_literals;
 
 Device Level() { return {Rest({0, 0, 0}), false, 1}; }
 
-struct Exchange {
-    const char* what;
-    Bytes request;
-    Bytes reply;
-};
-
 TEST(Device, RepliesWithFactoryDefaults) {
     // The ticks word is 2, the checksum the sum of header and words.
-    const Exchange exchanges[] = {
+    const std::tuple<const char*, Bytes, Bytes> exchanges[] = {
         {"read", {0x28, 0x00, 44}, {0x28, 0x00, 0x40, 0x00, 0x02, 0x00, 0x6A}},
         {"write",
          {0x29, 0x71, 0x00, 26, 0xFF, 0xFE, 0xAA},
@@ -43,8 +37,8 @@ TEST(Device, RepliesWithFactoryDefaults) {
         {"self test has no reply", {0x27, 0x00}, {}},
     };
     Device device = Level();
-    for (const Exchange& exchange : exchanges) {
-        EXPECT_EQ(exchange.reply, ReplyOf(device, exchange.request, 2 * kCycle)) << exchange.what;
+    for (const auto& [what, request, reply] : exchanges) {
+        EXPECT_EQ(reply, ReplyOf(device, request, 2 * kCycle)) << what;
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <numbers>
 #include <stdexcept>
+#include <utility>
 
 namespace orbkl4sim {
 namespace {
@@ -50,11 +51,7 @@ TEST(Motion, TheSuppliedRecordingTurnsOnce) {
 }
 
 TEST(Motion, ReportsABadRecording) {
-    struct Row {
-        const char* text;
-        const char* error;
-    };
-    const Row rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"time,roll,pitch,yaw\n", ": contains no motion"},
         {"time;roll;pitch;yaw\n0;0;0;0\n", ", line 1: the header must be"},
         {"time,roll,pitch,yaw\n0,1,2\n", ", line 2: not 4 numbers"},
@@ -65,10 +62,10 @@ TEST(Motion, ReportsABadRecording) {
          ", line 4: the time does not increase"},
     };
     const TemporaryFolder folder;
-    for (const Row& row : rows) {
-        const auto file = folder.Write("bad.csv", row.text);
+    for (const auto& [text, problem] : rows) {
+        const auto file = folder.Write("bad.csv", text);
         const std::string error = ErrorOf([&] { ReadMotion(file); });
-        EXPECT_TRUE(error.starts_with(file.string() + row.error)) << row.text << error;
+        EXPECT_TRUE(error.starts_with(file.string() + problem)) << text << error;
     }
     EXPECT_THROW(ReadMotion(folder / "missing.csv"), std::runtime_error);
 }

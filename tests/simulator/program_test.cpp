@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <string>
 #include <sys/wait.h>
+#include <utility>
 #include <vector>
 
 namespace orbkl4sim {
@@ -32,11 +33,7 @@ TEST_F(ConsoleTest, ReportsWrongCommandsAndChangesNothing) {
     const std::string word = "WORD must be a whole number from 0 to 65535";
     const std::string celsius = "CELSIUS must be a number from -50 to 449";
     const std::string rate = "RATE must be a number from 0 to 1";
-    struct Row {
-        const char* line;
-        std::string error;
-    };
-    const Row rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"fly", "no command 'fly'; try help"},
         {"eeprom", "ADDRESS is missing; it must be an even number from 0 to 254"},
         {"eeprom 45", "\"45\" is not an even number; " + address},

@@ -13,8 +13,6 @@ class PatientClock {
     /// `sensor` has returned, which waits until the sensor's thread has done its work.
     explicit PatientClock(std::function<void()> sensor);
     ~PatientClock();
-    PatientClock(const PatientClock&) = delete;
-    PatientClock& operator=(const PatientClock&) = delete;
 
   private:
     std::jthread thread_;

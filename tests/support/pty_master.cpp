@@ -24,11 +24,6 @@ PtyMaster::PtyMaster() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
 
 PtyMaster::~PtyMaster() { HangUp(); }
 
-unsigned PtyMaster::Speed() const {
-    termios settings{};
-    return ::tcgetattr(master_, &settings) == 0 ? ::cfgetospeed(&settings) : 0;
-}
-
 void PtyMaster::Send(const Bytes& bytes) const {
     [[maybe_unused]] const auto written = ::write(master_, bytes.data(), bytes.size());
     Q_ASSERT(written == static_cast<ssize_t>(bytes.size()));

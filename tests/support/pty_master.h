@@ -17,18 +17,12 @@ class PtyMaster {
     /// The device that a port opens.
     QString Path() const { return path_; }
 
-    /// The speed that the port was last set to, a code such as B38400.
-    unsigned Speed() const;
-
     /// Sends `bytes` to the program.
     void Send(const Bytes& bytes) const;
 
     /// Takes what has come from the port, and waits up to ten seconds until there are `count`
     /// bytes.
     Bytes Take(std::size_t count) const;
-
-    /// Takes what has come from the port so far.
-    Bytes TakeAll() const { return Take(0); }
 
     /// Pulls the line out: the program sees it hang up.
     void HangUp();

@@ -11,10 +11,6 @@ namespace {
 
 constexpr const char* configVariable = "XDG_CONFIG_HOME";
 
-QString LinkPath(int number) {
-    return ConfigPath(QStringLiteral("ORB-KL4-RS232/ports/%1").arg(number));
-}
-
 }  // namespace
 
 TemporaryFolders::TemporaryFolders() : formerConfig_(qgetenv(configVariable)) {
@@ -31,12 +27,12 @@ TemporaryFolders::~TemporaryFolders() {
 }
 
 void TemporaryFolders::LinkPort(int number, const QString& target) const {
-    UnlinkPort(number);
-    QDir().mkpath(ConfigPath(QStringLiteral("ORB-KL4-RS232/ports")));
-    QFile::link(target, LinkPath(number));
+    const QDir ports(ConfigPath(QStringLiteral("ORB-KL4-RS232/ports")));
+    const QString link = ports.filePath(QString::number(number));
+    QDir().mkpath(ports.path());
+    QFile::remove(link);
+    QFile::link(target, link);
 }
-
-void TemporaryFolders::UnlinkPort(int number) const { QFile::remove(LinkPath(number)); }
 
 QByteArray ContentOf(const QString& path) {
     QFile file(path);

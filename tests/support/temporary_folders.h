@@ -11,17 +11,12 @@ class TemporaryFolders {
   public:
     TemporaryFolders();
     ~TemporaryFolders();
-    TemporaryFolders(const TemporaryFolders&) = delete;
-    TemporaryFolders& operator=(const TemporaryFolders&) = delete;
 
     /// The folder that replaces the per-user configuration folder.
     QString ConfigFolder() const { return root_.filePath(QStringLiteral("config")); }
 
-    /// Links port `number` to `target` in the ports folder.
+    /// Links port `number` to `target` in the ports folder, whatever it was linked to.
     void LinkPort(int number, const QString& target) const;
-
-    /// Removes the link of port `number`.
-    void UnlinkPort(int number) const;
 
   private:
     QTemporaryDir root_;

@@ -6,15 +6,11 @@ namespace orbkl4::test {
 
 namespace {
 
-orbkl4sim::SimulatorOptions Tilted() {
-    orbkl4sim::SimulatorOptions options = QuietSensor();
-    options.motion = orbkl4sim::Rest({25, -40, -130});
-    return options;
-}
-
 class OneAttitude : public ViewTest {
   protected:
-    OneAttitude() : ViewTest(Tilted()) {}
+    OneAttitude()
+        : ViewTest(orbkl4sim::SimulatorOptions{
+              .motion = orbkl4sim::Rest({25, -40, -130}), .noise = false, .paced = false}) {}
 
     /// Samples until the first of `fields` shows something, and compares all of them.
     void Expect(const char* view, const char* entry, const std::string& fields,

@@ -71,11 +71,6 @@ class ViewTest : public ScreenTest {
         EXPECT_TRUE(lines.takeLast().isEmpty()) << "the last row is whole";
         return lines.mid(5);
     }
-
-    /// The row without its time.
-    static std::string Values(const QString& row) {
-        return row.mid(row.indexOf(QLatin1Char(','))).toStdString();
-    }
 };
 
 }  // namespace orbkl4::test

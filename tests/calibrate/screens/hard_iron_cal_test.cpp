@@ -1,17 +1,10 @@
+#include "acquire/screens/view_fixture.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/cw_button.h"
 #include "platform/controls/cw_num_edit.h"
-#include "platform/events/mscomm.h"
-#include "platform/events/timer.h"
 #include "platform/windows/screen_registry.h"
 #include "simulator/environment.h"
-#include "state/app_state.h"
 #include "support/box_answerer.h"
-#include "support/frames.h"
-#include "support/screens/screen_fixture.h"
-#include "support/wait.h"
-
-#include <QWidget>
 
 #include <string_view>
 #include <utility>
@@ -33,9 +26,9 @@ orbkl4sim::SimulatorOptions TumblingSensor() {
     return options;
 }
 
-class HardIron : public ScreenTest {
+class HardIron : public ViewTest {
   protected:
-    HardIron() : ScreenTest(TumblingSensor()) {
+    HardIron() : ViewTest(TumblingSensor()) {
         AppState.FirmwareText = "3.1.01";
         AppState.FirmwareNumber = 3101;
         AppState.MagGainScale = 2500;
@@ -45,7 +38,6 @@ class HardIron : public ScreenTest {
     bool Enabled(const char* entry) const { return screen->Menu(entry).Enabled(); }
     bool Checked(const char* entry) const { return screen->Menu(entry).Checked(); }
     bool IsOpen(const char* port) const { return Get<MSComm>(*screen, port).PortOpen(); }
-    bool Lit() const { return Get<CWButton>(*screen, "LED").Value(); }
 
     /// Chooses `entry` and gives what the box says that follows.
     std::string Outcome(const char* entry) {
@@ -65,28 +57,20 @@ class HardIron : public ScreenTest {
             EXPECT_FALSE(IsOpen(port)) << port;
     }
 
-    Strings Fields(const Strings& names) const {
-        Strings texts;
-        for (const std::string& name : names) texts.push_back(Text(*screen, name.c_str()));
-        return texts;
-    }
-
     BoxAnswerer hand{{}, QMessageBox::Retry};
     Screen* screen = nullptr;
 };
 
-const Strings collectFields{"txtHeader",       "txtMagFieldX",    "txtMagFieldY",
-                            "txtMagFieldZ",    "txtMagFieldMinX", "txtMagFieldMinY",
-                            "txtMagFieldMinZ", "txtMagFieldMaxX", "txtMagFieldMaxY",
-                            "txtMagFieldMaxZ", "txtTimerTicks",   "txtCS"};
-const Strings parameterFields{"txtHeader1",         "txtHardIronOffsetX", "txtHardIronOffsetY",
-                              "txtHardIronOffsetZ", "txtTimerTicks1",     "txtCS1"};
+const Strings collectFields = Split(
+    "txtHeader txtMagFieldX txtMagFieldY txtMagFieldZ txtMagFieldMinX txtMagFieldMinY "
+    "txtMagFieldMinZ txtMagFieldMaxX txtMagFieldMaxY txtMagFieldMaxZ txtTimerTicks txtCS");
+const Strings parameterFields = Split(
+    "txtHeader1 txtHardIronOffsetX txtHardIronOffsetY txtHardIronOffsetZ txtTimerTicks1 txtCS1");
 
 // At a gain of 2500 a word of 13107 is 1 gauss (0.99998).
 const Bytes collected = Frame(0x41, {13107, 0xFFFF, 0, 32768, 40000, 1, 26214, 6554, 32767, 4096});
 // 65 + 13107 + 65535 + 32768 + 40000 + 1 + 26214 + 6554 + 32767 + 4096 = 221107 = 3 x 65536 + 24499
-const Strings collectedTexts{"65",     "1", "-0.0001", "0",      "-2.5", "-1.9482",
-                             "0.0001", "2", "0.5",     "2.4999", "4096", "24499"};
+const Strings collectedTexts = Split("65 1 -0.0001 0 -2.5 -1.9482 0.0001 2 0.5 2.4999 4096 24499");
 
 }  // namespace
 
@@ -95,17 +79,16 @@ TEST_F(HardIron, FromEraseToComputeTheOffsetIsThatOfTheIron) {
     Click(*screen, "mnuCollect");
     // 6.5536 ms pass for the sensor with each reply: 1000 are more than one turn of every axis.
     ASSERT_TRUE(WaitFor([this] { return sensor.Requests().size() > 1000; }, 60000));
-    EXPECT_TRUE(Lit());
+    EXPECT_TRUE(Lit(*screen, "LED"));
     Click(*screen, "mnuCollect");
-    EXPECT_FALSE(Lit());
+    EXPECT_FALSE(Lit(*screen, "LED"));
     Get<ComboBox>(*screen, "cmbType").ListIndex(1);
     EXPECT_EQ(Outcome("mnuCompute"), "Compute Parameter succeeded!");
     ExpectIdle();
     const double iron[] = {orbkl4sim::kHardIron.x, orbkl4sim::kHardIron.y, orbkl4sim::kHardIron.z};
     for (std::size_t axis = 0; axis < 3; ++axis) {
         const double shown = std::stod(Text(*screen, parameterFields[axis + 1].c_str()));
-        constexpr double noise = 0.003;
-        EXPECT_NEAR(shown, iron[axis], noise);
+        EXPECT_NEAR(shown, iron[axis], 0.003);  // the noise
     }
     EXPECT_NE(Text(*screen, "txtMagFieldMaxX"), "") << "computing leaves what was collected";
 }
@@ -155,7 +138,7 @@ TEST_F(HardIron, EachOneShotReplyHasItsWords) {
         ASSERT_TRUE(WaitFor([this] { return !Checked("mnuCompute"); }));
         ExpectIdle();
         const bool shown = reply == computed;
-        EXPECT_EQ(Fields(parameterFields),
+        EXPECT_EQ(Texts(*screen, parameterFields),
                   shown ? (Strings{"66", "1", "-0.0001", "-2.5", "10", "45950"}) : Strings(6));
     }
 }
@@ -194,25 +177,22 @@ TEST_F(HardIron, CollectsAroundBadReplies) {
     Bytes oneByteMore = collected;
     oneByteMore.push_back(0);
     const Bytes otherHeader = Frame(0x01, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    sensor.ReplyTo(0x41, {});
     for (const Bytes& bad : {badSum, oneByteMore, otherHeader}) {
-        sensor.ClearRecord();
-        sensor.ReplyOnceTo(0x41, collected);
-        sensor.ReplyOnceTo(0x41, bad);
+        Script(0x41, {collected, bad});
         std::vector<bool> lamp;
         const auto watch = QObject::connect(&Get<CWButton>(*screen, "LED"), &CWButton::ValueChanged,
                                             [&](bool lit) { lamp.push_back(lit); });
         Click(*screen, "mnuCollect");
-        ASSERT_TRUE(WaitFor([this] { return sensor.Requests().size() == 3; }));
+        ASSERT_TRUE(AwaitRequests(3));
         EXPECT_EQ(lamp, (std::vector<bool>{true, false}));
-        EXPECT_EQ(Fields(collectFields), collectedTexts) << "a bad reply leaves the fields";
+        EXPECT_EQ(Texts(*screen, collectFields), collectedTexts) << "a bad reply leaves the fields";
         QObject::disconnect(watch);
         Click(*screen, "mnuCollect");
-        EXPECT_EQ(Fields(collectFields), collectedTexts) << "a stop leaves them too";
+        EXPECT_EQ(Texts(*screen, collectFields), collectedTexts) << "a stop leaves them too";
     }
     EXPECT_EQ(hand.Count(), 0U);
     Click(*screen, "mnuCollect");
-    EXPECT_EQ(Fields(collectFields), Strings(12));
+    EXPECT_EQ(Texts(*screen, collectFields), Strings(12));
 }
 
 TEST_F(HardIron, ASilentSensorIsAskedAfreshUntilItAnswers) {
@@ -224,7 +204,7 @@ TEST_F(HardIron, ASilentSensorIsAskedAfreshUntilItAnswers) {
     EXPECT_TRUE(Checked("mnuCollect"));
     EXPECT_FALSE(Enabled("mnuCompute"));
     sensor.SetSilent(false);
-    ASSERT_TRUE(WaitFor([&] { return Lit() && !warning.isVisible(); }));
+    ASSERT_TRUE(WaitFor([&] { return Lit(*screen, "LED") && !warning.isVisible(); }));
     EXPECT_EQ(hand.Count(), 0U);
 }
 

@@ -1,7 +1,6 @@
 #include "acquire/screens/view_fixture.h"
 #include "platform/controls/cw_graph.h"
 #include "platform/windows/screen_registry.h"
-#include "state/sample_state.h"
 #include "support/box_answerer.h"
 
 #include <QCheckBox>
@@ -11,14 +10,12 @@ namespace orbkl4::test {
 
 namespace {
 
-const std::vector<std::string> fields{"txtHeader",      "txtRawMag1",     "txtRawMag2",
-                                      "txtRawMag3",     "txtRawAcc1",     "txtRawAcc2",
-                                      "txtRawAcc3",     "txtRawAngRate1", "txtRawAngRate2",
-                                      "txtRawAngRate3", "txtTimerTicks",  "txtCS"};
+const std::vector<std::string> fields = Split(
+    "txtHeader txtRawMag1 txtRawMag2 txtRawMag3 txtRawAcc1 txtRawAcc2 txtRawAcc3 txtRawAngRate1 "
+    "txtRawAngRate2 txtRawAngRate3 txtTimerTicks txtCS");
 const Bytes rawReply = Frame(0x01, {1, 32767, 32768, 65535, 0, 6, 7, 8, 9, 500});
 // 1 + 1 + 32767 + 32768 + 65535 + 6 + 7 + 8 + 9 + 500 = 131602 = 2 x 65536 + 530
-const std::vector<std::string> texts{"1", "1", "32767", "32768", "65535", "0",
-                                     "6", "7", "8",     "9",     "500",   "530"};
+const std::vector<std::string> texts = Split("1 1 32767 32768 65535 0 6 7 8 9 500 530");
 
 class SelfTest : public ViewTest {
   protected:
@@ -42,7 +39,7 @@ class SelfTest : public ViewTest {
 
 TEST_F(SelfTest, ShowsAndDrawsEachGoodReplyUntilTheNextStart) {
     EXPECT_FALSE(ShiftEnabled());
-    EXPECT_EQ(Property(screen, "CWGraph1", "pointCount"), "0");
+    EXPECT_EQ(graph.PointCount(), 0);
     EXPECT_EQ(plot.xAxis->label(), "Reads");
     EXPECT_EQ(plot.yAxis->label(), "Bitsness");
     EXPECT_EQ(plot.yAxis->range().upper, 65535);

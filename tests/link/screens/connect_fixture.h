@@ -4,14 +4,11 @@
 #include "platform/windows/screen_registry.h"
 #include "support/screens/screen_fixture.h"
 
-#include <QEvent>
 #include <QFile>
-#include <QGroupBox>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTabWidget>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -104,22 +101,6 @@ class ConnectScreen : public ScreenTest {
 
     /// The file of the settings store, which is made when something is stored.
     const QString store = folders.ConfigFolder() + QStringLiteral("/Kestrelmoor/ORB-KL4-RS232.ini");
-};
-
-/// Calls `onCaption` with the caption of a frame each time it is painted.
-class CaptionWatch : public QObject {
-  public:
-    explicit CaptionWatch(QGroupBox& frame) : frame_(frame) { frame.installEventFilter(this); }
-
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Paint) onCaption(frame_.title().toStdString());
-        return false;
-    }
-
-    std::function<void(const std::string&)> onCaption;
-
-  private:
-    QGroupBox& frame_;
 };
 
 }  // namespace orbkl4::test

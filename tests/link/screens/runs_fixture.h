@@ -58,29 +58,24 @@ class RunTest : public ScreenTest {
     ~RunTest() override { ReplaceTickCount(nullptr); }
 
     /// Opens the screen `name`, which must not be loaded.
-    Screen& OpenRun(const char* name) {
+    void OpenRun(const char* name) {
         constexpr int writeTick = 2;
         screen = &Open(name);
-        const QString last = QStringLiteral("MSComm3");  // where there are several
-        auto* port = screen->findChild<MSComm*>(last);
-        if (port == nullptr) port = &Port();
-        new TickOnReply(Get<Timer>(*screen, "TimerRead"), *port);
+        auto* last = screen->findChild<MSComm*>(QStringLiteral("MSComm3"));  // of several ports
+        new TickOnReply(Get<Timer>(*screen, "TimerRead"), last == nullptr ? Port() : *last);
         auto* write = screen->findChild<Timer*>(QStringLiteral("TimerWrite"));
         if (write != nullptr) write->Interval(writeTick);
-        return *screen;
     }
 
     /// Opens `name` and waits until the read that opening starts is over.
-    Screen& OpenRead(const char* name) {
+    void OpenRead(const char* name) {
         OpenRun(name);
         EXPECT_TRUE(AwaitEnd());
-        return *screen;
     }
 
     bool Running() const { return !screen->Menu("mnuRead").Enabled(); }
     bool AwaitEnd() const {
-        constexpr int milliseconds = 20000;
-        return WaitFor([this] { return !Running(); }, milliseconds);
+        return WaitFor([this] { return !Running(); });
     }
 
     /// Chooses `entry` and waits until the run that it starts is over.

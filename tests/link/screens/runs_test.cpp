@@ -81,6 +81,7 @@ TEST_F(Runs, ReadsHaveAnErrorInATickWithoutAReplyAndEndByReturn) {
     for (const Reading& reading : readings) {
         const Errors errors;
         Start(reading.name);
+        Get<Timer>(*screen, "TimerRead").Interval(1);  // there is no reply to await
         ASSERT_TRUE(WaitFor([&] { return !errors.texts.empty(); })) << reading.name;
         EXPECT_EQ(errors.texts[0], std::string("9 TimerRead_Timer ") + reading.name);
         Leave();

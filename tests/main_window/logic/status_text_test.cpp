@@ -8,26 +8,17 @@
 
 namespace orbkl4::test {
 
-namespace {
-
-AppStateRecord Connected() {
+TEST(StatusText, SaysWhatIsKnownInAFixedOrder) {
+    const auto expect = [](const AppStateRecord& app, const SampleStateRecord& sample,
+                           const StatusFacts& facts, const std::string& activity) {
+        EXPECT_EQ(StatusText(app, sample, facts).activity, activity);
+    };
     AppStateRecord app;
     app.FirmwareText = "3.1.01";
     app.SerialNumber = 1207;
     app.CommPort = 2;
     app.CommSettings = "115200,n,8,1";
     app.DataFileName = "/home/ann/Data Files/run.csv";
-    return app;
-}
-
-}  // namespace
-
-TEST(StatusText, SaysWhatIsKnownInAFixedOrder) {
-    const auto expect = [](const AppStateRecord& app, const SampleStateRecord& sample,
-                           const StatusFacts& facts, const std::string& activity) {
-        EXPECT_EQ(StatusText(app, sample, facts).activity, activity);
-    };
-    const AppStateRecord app = Connected();
     SampleStateRecord sample;
     EXPECT_EQ(StatusText({}, sample, {}).sensor, "Not connected: choose File, Connect");
     EXPECT_EQ(StatusText(app, sample, {}).sensor,
@@ -58,10 +49,9 @@ TEST(StatusText, RatesKeepTheirWidth) {
     const std::string blank = "\u2007";
     for (const auto& [rate, text] :
          {std::pair{0.0, blank + blank + "0.0"}, std::pair{9.96, blank + "10.0"},
-          std::pair{99.96, std::string("100.0")}, std::pair{1234.5, std::string("1234.5")}}) {
+          std::pair{99.96, std::string("100.0")}, std::pair{1234.5, std::string("1234.5")}})
         EXPECT_EQ(StatusText({}, sample, {.samplesPerSecond = rate}).activity,
                   text + " samples/s · bad replies 0 · restarts 0");
-    }
 }
 
 TEST(StatusText, SizesAndNamesStayShort) {
@@ -69,15 +59,12 @@ TEST(StatusText, SizesAndNamesStayShort) {
     sample.SaveActive = true;
     AppStateRecord app;
     app.DataFileName = "/d/f";
+    using Size = std::pair<std::uint64_t, std::string>;
     for (const auto& [bytes, text] :
-         {std::pair{std::uint64_t{0}, "0 B"}, std::pair{std::uint64_t{999}, "999 B"},
-          std::pair{std::uint64_t{1000}, "1.0 kB"}, std::pair{std::uint64_t{999'949}, "999.9 kB"},
-          std::pair{std::uint64_t{999'950}, "1.0 MB"},
-          std::pair{std::uint64_t{2'500'000'000}, "2.5 GB"},
-          std::pair{std::uint64_t{5'000'000'000'000'000}, "5000.0 TB"}}) {
-        EXPECT_EQ(StatusText(app, sample, {.fileBytes = bytes}).activity,
-                  std::string("f · rows 0 · ") + text);
-    }
+         {Size{0, "0 B"}, Size{999, "999 B"}, Size{1000, "1.0 kB"}, Size{999'949, "999.9 kB"},
+          Size{999'950, "1.0 MB"}, Size{2'500'000'000, "2.5 GB"},
+          Size{5'000'000'000'000'000, "5000.0 TB"}})
+        EXPECT_EQ(StatusText(app, sample, {.fileBytes = bytes}).activity, "f · rows 0 · " + text);
     const std::string head(13, 'a');
     const std::string tail(9, 'z');
     for (const auto& [name, text] :

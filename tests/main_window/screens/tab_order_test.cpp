@@ -2,9 +2,7 @@
 #include "state/app_state.h"
 #include "support/box_answerer.h"
 #include "support/screens/screen_fixture.h"
-#include "support/wait.h"
 
-#include <QLineEdit>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -76,6 +74,20 @@ class TabOrder : public ScreenTest {
         AppState.AdvancedMode = true;
         frame.resize(1240, 760);
     }
+
+    /// Expects on each page of `screen` at least so many stops, in reading order, and unloads it.
+    static void ExpectReadingOrder(Screen& screen, std::size_t least = 1) {
+        auto* tabs = screen.findChild<QTabWidget*>();
+        for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
+            SCOPED_TRACE(screen.objectName().toStdString() + " page " + std::to_string(page));
+            if (tabs != nullptr) tabs->setCurrentIndex(page);
+            const auto stops = TabStops(screen);
+            EXPECT_GE(stops.size(), least);
+            EXPECT_EQ(Misplaced(stops), std::vector<std::string>{});
+        }
+        screen.Unload();
+    }
+
     /// The sensor's answers to what opening a screen asks don't matter here.
     BoxAnswerer boxes;
 };
@@ -88,31 +100,11 @@ TEST_F(TabOrder, IsReadingOrderOnEveryScreen) {
         {"CalcCycle", 1},   {"HardIronCal", 1}, {"Angles", 1},  {"AnglesAccRate", 1},
         {"Matrices", 1},    {"Quaternions", 1}, {"QuatVec", 1}, {"SensorBits", 1},
         {"Vectors", 1},     {"Vertical", 1}};
-    for (const auto& [name, least] : children) {
-        SCOPED_TRACE(name);
-        Screen& screen = Open(name);
-        const auto stops = TabStops(screen);
-        EXPECT_GE(stops.size(), least);
-        EXPECT_EQ(Misplaced(stops), std::vector<std::string>{});
-        screen.Unload();
-    }
-}
-
-TEST_F(TabOrder, IsReadingOrderOnEveryDialog) {
-    Open("EEPROMmap");
+    for (const auto& [name, least] : children) ExpectReadingOrder(Open(name), least);
+    Open("EEPROMmap");  // which ViewMatrix needs
     for (const char* name : {"Connect", "About", "VersionSerial", "GetTemperature", "SetMode",
-                             "SetWriteRate", "ViewMatrix"}) {
-        Screen& screen = OpenModal(name);
-        auto* tabs = screen.findChild<QTabWidget*>();
-        for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
-            SCOPED_TRACE(std::string(name) + " page " + std::to_string(page));
-            if (tabs != nullptr) tabs->setCurrentIndex(page);
-            LetPass(0);
-            const auto stops = TabStops(screen);
-            EXPECT_EQ(Misplaced(stops), std::vector<std::string>{});
-        }
-        screen.Unload();
-    }
+                             "SetWriteRate", "ViewMatrix"})
+        ExpectReadingOrder(OpenModal(name));
 }
 
 }  // namespace orbkl4::test

@@ -6,9 +6,7 @@ namespace orbkl4 {
 namespace {
 
 TEST(CommSettings, StandForTheCodesOfTheBaudRate) {
-    EXPECT_EQ(CommSettingsOfBaudCode(129), "19200,n,8,1");
     EXPECT_EQ(CommSettingsOfBaudCode(64), "38400,n,8,1");
-    EXPECT_EQ(CommSettingsOfBaudCode(21), "115200,n,8,1");
     EXPECT_EQ(CommSettingsOfBaudCode(0), "0");
 }
 

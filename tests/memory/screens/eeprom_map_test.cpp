@@ -14,11 +14,6 @@ class EepromMap : public MapTest {
                 Text(*screen, "txtRemarks"), Text(*screen, "txtMin"), Text(*screen, "txtMax")};
     }
 
-    void PointAt(QWidget& widget, QPoint where) {
-        QTest::mouseMove(&widget, where);
-        LetPass(0);
-    }
-
     bool Visible(const char* entry) const { return screen->Menu(entry).Visible(); }
 };
 
@@ -37,7 +32,6 @@ TEST_F(EepromMap, OpensUnmarkedAtZeroWithoutTouchingTheSensor) {
 
 TEST_F(EepromMap, FitsTheWindowWithoutScrolling) {
     frame.resize(1280, 800);
-    LetPass(0);
     for (int address = 0; address < 256; address += 2) {
         const CWNumEdit& field = Field(address);
         const QRect place(field.mapTo(screen, QPoint()), field.size());
@@ -62,18 +56,18 @@ TEST_F(EepromMap, EnablesTheFieldsOfTheAccessLevel) {
 
 TEST_F(EepromMap, ShowsTheFieldUnderThePointerUntilTheBackground) {
     const Strings offset{"2", "X Accelerometer Offset", "User may not modify.", "0", "65535"};
-    PointAt(Field(2), Field(2).rect().center());
+    QTest::mouseMove(&Field(2));
     EXPECT_EQ(Texts(), offset) << "also for a disabled field";
-    PointAt(Get<QWidget>(*screen, "fraEEPROMAddresses1"), {4, 4});
-    PointAt(Get<QWidget>(*screen, "lblAddress4"), {2, 2});
-    PointAt(Get<QWidget>(*screen, "fraEEPROM"), {40, 4});
+    QTest::mouseMove(&Get<QWidget>(*screen, "fraEEPROMAddresses1"), {4, 4});
+    QTest::mouseMove(&Get<QWidget>(*screen, "lblAddress4"), {2, 2});
+    QTest::mouseMove(&Get<QWidget>(*screen, "fraEEPROM"), {40, 4});
     EXPECT_EQ(Texts(), offset) << "frames and labels don't change the texts";
-    PointAt(*screen, {2, 2});
+    QTest::mouseMove(screen, {2, 2});
     EXPECT_EQ(Texts(), Strings(5));
 
     const Strings baud{"44", "Baud Rate (129=19200, 64=38400, 21=115200)", "User may modify.", "21",
                        "129"};
-    PointAt(Field(44), Field(44).rect().center());
+    QTest::mouseMove(&Field(44));
     EXPECT_EQ(Texts(), baud);
     Field(64).setFocus(Qt::TabFocusReason);
     EXPECT_EQ(Texts()[1], "Node Address") << "also for a field that a key moves to";

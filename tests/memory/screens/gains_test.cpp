@@ -78,9 +78,6 @@ TEST_F(GainsTest, ARetryAsksAgainAndACancelLeavesZeros) {
     AwaitRest();
     EXPECT_EQ(boxes.Texts().back(), readDone) << "a cancelled read ends like any other";
     EXPECT_EQ(Shown(), (Numbers{0, 0, 0}));
-    Click(*screen, "mnuWrite");
-    AwaitRest();
-    EXPECT_EQ(Heard().back(), (Bytes{0x24, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(GainsTest, ARetriedWriteSendsTheFieldsAsTheyAreThen) {

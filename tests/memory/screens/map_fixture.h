@@ -20,14 +20,9 @@ class MapTest : public RunTest {
         Reopen();
     }
 
-    /// Opens the map, which must have been left.
+    /// Opens the map, which must have been left, and gives the frame the focus.
     void Reopen() {
         OpenRun("EEPROMmap");
-        ActivateFrame();
-    }
-
-    /// Gives the frame the focus, as after a message box.
-    void ActivateFrame() {
         frame.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
     }

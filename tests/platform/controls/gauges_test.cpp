@@ -15,6 +15,7 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <utility>
 
 namespace orbkl4 {
 namespace {
@@ -30,32 +31,6 @@ QImage Shot(QWidget& control) {
 constexpr Axis wordAxis{0, 65535, 5000, 2500};
 constexpr Axis turnAxis{-179.99, 179.99, 20, 10};
 constexpr Axis tickAxis{2, 25, 1, 0.5};
-
-/// An interactive, horizontal slide of 400 pixels from 2.0 to 25.0 in steps of 0.1, at 2.0.
-class InteractiveSlide : public testing::Test {
-  protected:
-    InteractiveSlide() {
-        slide.SetAxis(tickAxis);
-        slide.Orientation(Qt::Horizontal);
-        slide.MakeInteractive(0.1);
-        slide.resize(400, 60);
-        slide.Value(2);
-    }
-
-    /// Drags the pointer from 10 over `pixels`.
-    void Drag(int pixels) {
-        slide.Value(10);
-        const QPoint start = slide.PointerPlace().toPoint();
-        const QPoint end = start + QPoint(pixels, 0);
-        QTest::mousePress(&slide, Qt::LeftButton, {}, start);
-        QMouseEvent move(QEvent::MouseMove, end, slide.mapToGlobal(end), Qt::NoButton,
-                         Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&slide, &move);
-        QTest::mouseRelease(&slide, Qt::LeftButton, {}, end);
-    }
-
-    CWSlide slide;
-};
 
 TEST(Axis, HasItsMarksAtWholeMultiples) {
     struct Case {
@@ -102,15 +77,18 @@ TEST(CWSlide, LeavesTheMouseAloneUnlessInteractive) {
     EXPECT_EQ(slide.focusPolicy(), Qt::NoFocus);
 }
 
-TEST_F(InteractiveSlide, StopsAtEveryTenthExactly) {
+TEST(CWSlide, FollowsKeysWheelAndMouseInExactTenths) {
+    CWSlide slide;
+    slide.SetAxis(tickAxis);
+    slide.Orientation(Qt::Horizontal);
+    slide.MakeInteractive(0.1);
+    slide.resize(400, 60);
+    slide.Value(2);
     for (int tenths = 20; tenths <= 250; ++tenths) {
         ASSERT_EQ(slide.Value(), tenths / 10.0);
         QTest::keyClick(&slide, Qt::Key_Right);
     }
     EXPECT_EQ(slide.Value(), 25);
-}
-
-TEST_F(InteractiveSlide, FollowsKeysWheelAndMouse) {
     const std::map<Qt::Key, double> reached{
         {Qt::Key_Up, 10.1},    {Qt::Key_Left, 9.9}, {Qt::Key_Down, 9.9}, {Qt::Key_PageUp, 11},
         {Qt::Key_PageDown, 9}, {Qt::Key_Home, 2},   {Qt::Key_End, 25}};
@@ -134,12 +112,17 @@ TEST_F(InteractiveSlide, FollowsKeysWheelAndMouse) {
     QTest::mouseClick(&slide, Qt::LeftButton, {}, atTwenty);
     EXPECT_NEAR(slide.Value(), 20, 0.1);
 
-    Drag(0);
-    EXPECT_EQ(slide.Value(), 10);
-    Drag(-1000);
-    EXPECT_EQ(slide.Value(), 2);
-    Drag(1000);
-    EXPECT_EQ(slide.Value(), 25);
+    for (const auto& [pixels, value] : {std::pair{0, 10}, {-1000, 2}, {1000, 25}}) {
+        slide.Value(10);
+        const QPoint start = slide.PointerPlace().toPoint();
+        const QPoint end = start + QPoint(pixels, 0);
+        QTest::mousePress(&slide, Qt::LeftButton, {}, start);
+        QMouseEvent move(QEvent::MouseMove, end, slide.mapToGlobal(end), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&slide, &move);
+        QTest::mouseRelease(&slide, Qt::LeftButton, {}, end);
+        EXPECT_EQ(slide.Value(), value);
+    }
 }
 
 TEST(CWKnob, TurnsItsNeedleOverTheSweepAndNoFarther) {

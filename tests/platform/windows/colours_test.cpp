@@ -35,69 +35,51 @@ double Contrast(const QColor& one, const QColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-struct Pair {
-    const char* what;
-    Tint front;
-    std::vector<Tint> backs;
-};
-
-void ExpectContrast(const std::vector<Pair>& pairs, double usual, double high) {
-    for (const Look look : looks) {
-        const double least = IsContrast(look) ? high : usual;
-        for (const Pair& pair : pairs)
-            for (const Tint& back : pair.backs)
-                EXPECT_GE(Contrast(pair.front(look), back(look)), least)
-                    << pair.what << " on " << back(look).name().toStdString() << " in look "
+TEST(Colours, CanBeReadOrMadeOutInEveryLook) {
+    struct Case {
+        const char* what;
+        Tint front;
+        std::vector<Tint> backs;
+        double usual;  ///< the least contrast
+        double high;   ///< the same in a look of high contrast
+    };
+    const Case cases[] = {
+        {"text", ink, {window, base, otherBase, card, button}, 4.5, 7},
+        {"text", ink, {unused, modified, thumbDark}, 4.5, 7},
+        {"marked text", onAccent, {accent}, 4.5, 7},
+        {"heading", onHeading, {heading}, 4.5, 7},
+        {"warning", warning, {window, base}, 4.5, 7},
+        {"link", accent, {base}, 4.5, 7},
+        {"numbers of a dial", dialMark, {dialFace, dialEdge}, 4.5, 7},
+        {"caption of a dial", dialCaption, {dialFace, dialEdge}, 4.5, 7},
+        {"disabled text to be read", paleInk, {disabledBase, card, window}, 4.5, 7},
+        {"disabled text to be read", paleInk, {unused, modified}, 3, 7},
+        {"disabled text", disabledInk, {window, base, card}, 3, 7},
+        {"disabled text", disabledInk, {button, disabledBase, unused}, 3, 7},
+        {"numbers of a disabled dial", dialDimmed, {dialFace, dialEdge}, 3, 7},
+        {"level, focus frame", accent, {base, card, window}, 3, 4.5},
+        {"mark of the thumb", accent, {thumbLight, thumbDark}, 3, 4.5},
+        {"needle", needle, {dialFace, dialEdge}, 3, 4.5},
+        {"fluid", fluid, {glassLight, glassShade}, 3, 4.5},
+        {"glass", glassEdge, {card}, 3, 4.5},
+        {"lit lamp and dark lamp", litCore, {darkCore, darkRim}, 3, 4.5},
+        {"plot 1", plot1, {base}, 3, 4.5},
+        {"plot 2", plot2, {base}, 3, 4.5},
+        {"plot 3", plot3, {base}, 3, 4.5},
+        {"plot 4", plot4, {base}, 3, 4.5},
+        {"axis X", axisX, {window, axisBorder}, 3, 4.5},
+        {"axis Y", axisY, {window, axisBorder}, 3, 4.5},
+        {"axis Z", axisZ, {window, axisBorder}, 3, 4.5},
+        {"border", line, {window}, 1, 7},  // 1 is none
+        {"border of a card", cardLine, {window}, 1, 7},
+    };
+    for (const auto& [what, front, backs, usual, high] : cases) {
+        for (const Look look : looks)
+            for (const Tint& back : backs)
+                EXPECT_GE(Contrast(front(look), back(look)), IsContrast(look) ? high : usual)
+                    << what << " on " << back(look).name().toStdString() << " in look "
                     << static_cast<int>(look);
     }
-}
-
-TEST(Colours, TextIsReadableInEveryLook) {
-    ExpectContrast(
-        {
-            {"text", ink, {window, base, otherBase, card, button, unused, modified, thumbDark}},
-            {"marked text", onAccent, {accent}},
-            {"heading", onHeading, {heading}},
-            {"warning", warning, {window, base}},
-            {"link", accent, {base}},
-            {"numbers of a dial", dialMark, {dialFace, dialEdge}},
-            {"caption of a dial", dialCaption, {dialFace, dialEdge}},
-            {"disabled text to be read", paleInk, {disabledBase, card, window}},
-        },
-        4.5, 7);
-}
-
-TEST(Colours, DisabledTextCanBeMadeOut) {
-    ExpectContrast(
-        {
-            {"disabled text", disabledInk, {window, base, card, button, disabledBase, unused}},
-            {"disabled text to be read", paleInk, {unused, modified}},
-            {"numbers of a disabled dial", dialDimmed, {dialFace, dialEdge}},
-        },
-        3, 7);
-}
-
-TEST(Colours, LargeMarksCanBeMadeOut) {
-    ExpectContrast(
-        {
-            {"level, focus frame", accent, {base, card, window}},
-            {"mark of the thumb", accent, {thumbLight, thumbDark}},
-            {"needle", needle, {dialFace, dialEdge}},
-            {"fluid", fluid, {glassLight, glassShade}},
-            {"glass", glassEdge, {card}},
-            {"lit lamp and dark lamp", litCore, {darkCore, darkRim}},
-            {"plot 1", plot1, {base}},
-            {"plot 2", plot2, {base}},
-            {"plot 3", plot3, {base}},
-            {"plot 4", plot4, {base}},
-            {"axis X", axisX, {window, axisBorder}},
-            {"axis Y", axisY, {window, axisBorder}},
-            {"axis Z", axisZ, {window, axisBorder}},
-        },
-        3, 4.5);
-    for (const Look look : {Look::ContrastLight, Look::ContrastDark})
-        for (const Tint& border : {line, cardLine})
-            EXPECT_GE(Contrast(border(look), window(look)), 7);
 }
 
 TEST(Colours, KeepTheMeaningOfFieldBackgrounds) {
@@ -113,15 +95,13 @@ TEST(Colours, KeepTheMeaningOfFieldBackgrounds) {
     }
 }
 
-struct LookRow {
-    QRgb text;
-    QRgb window;
-    const char* names;
-    Look look;
-};
-
 TEST(Looks, FollowTheDesktop) {
-    const LookRow rows[] = {
+    struct Case {
+        QRgb text, window;
+        const char* names;
+        Look look;
+    };
+    const Case cases[] = {
         {0xFF000000, 0xFFEFEFEF, "", Look::Light},
         {0xFF232629, 0xFFEFF0F1, "'Adwaita' 'default'", Look::Light},
         {0xFFFCFCFC, 0xFF2A2E32, "", Look::Dark},
@@ -133,7 +113,7 @@ TEST(Looks, FollowTheDesktop) {
         {0xFF000000, 0xFFEFEFEF, "HighContrastInverse", Look::ContrastDark},
         {0xFF000000, 0xFFEFEFEF, "'Adwaita' 'prefer-dark' contrast", Look::ContrastDark},
     };
-    for (const LookRow& row : rows) {
+    for (const Case& row : cases) {
         QPalette palette;
         palette.setColor(QPalette::WindowText, QColor(row.text));
         palette.setColor(QPalette::Window, QColor(row.window));
@@ -141,12 +121,7 @@ TEST(Looks, FollowTheDesktop) {
     }
 }
 
-class LooksOfControls : public testing::Test {
-  protected:
-    ~LooksOfControls() override { ApplyHouseStyle(Look::Light); }
-};
-
-TEST_F(LooksOfControls, ReachThePaletteFieldsAndGraph) {
+TEST(Looks, ReachThePaletteFieldsAndGraph) {
     for (const Look look : looks) {
         ApplyHouseStyle(look);
         EXPECT_EQ(QApplication::palette().color(QPalette::Window), window(look));
@@ -162,6 +137,7 @@ TEST_F(LooksOfControls, ReachThePaletteFieldsAndGraph) {
         const QImage drawn = graph.grab().toImage();
         EXPECT_EQ(drawn.pixelColor(1, 1), base(look));
     }
+    ApplyHouseStyle(Look::Light);
 }
 
 }  // namespace

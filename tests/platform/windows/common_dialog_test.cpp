@@ -30,15 +30,6 @@ bool Lists(const QFileDialog& dialog, const char* file) {
     return false;
 }
 
-/// Chooses the filter of `row` by the keyboard.
-void ChooseFilter(QFileDialog& dialog, const Case& row) {
-    auto* filters = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    QTest::keyClick(filters, Qt::Key_Home);
-    for (int i = 0; i < row.row; ++i) QTest::keyClick(filters, Qt::Key_Down);
-    EXPECT_EQ(filters->currentText(), row.shown);
-    EXPECT_TRUE(WaitFor([&] { return Lists(dialog, row.listed); })) << "hides " << row.listed;
-}
-
 }  // namespace
 
 TEST(CommonDialog, ListsAndNamesFilesByTheFilterThatIsChosen) {
@@ -58,7 +49,14 @@ TEST(CommonDialog, ListsAndNamesFilesByTheFilterThatIsChosen) {
         control.FilterIndex(3);
         control.InitDir(folder.path());
         FileDialogAnswerer user({QLatin1String(row.typed)});
-        user.BeforeSave([&](QFileDialog& dialog) { ChooseFilter(dialog, row); });
+        user.BeforeSave([&](QFileDialog& dialog) {  // chooses the row's filter by the keyboard
+            auto* filters = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            QTest::keyClick(filters, Qt::Key_Home);
+            for (int i = 0; i < row.row; ++i) QTest::keyClick(filters, Qt::Key_Down);
+            EXPECT_EQ(filters->currentText(), row.shown);
+            EXPECT_TRUE(WaitFor([&] { return Lists(dialog, row.listed); }))
+                << "hides " << row.listed;
+        });
         control.ShowSave();
         EXPECT_EQ(user.Filter(), "CSV Files (*.csv)");
         EXPECT_EQ(control.FileName(), folder.filePath(QLatin1String(row.saved)));

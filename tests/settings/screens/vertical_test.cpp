@@ -1,5 +1,7 @@
 #include "link/screens/runs_fixture.h"
 
+#include <array>
+
 namespace orbkl4::test {
 
 namespace {
@@ -60,18 +62,16 @@ TEST_F(Vertical, SwitchesTheSensor) {
     SetWords(1, 100);
     OpenRead("Vertical");
     sensor.ClearRecord();
-    Click(*screen, "mnuSet");
-    EXPECT_TRUE(screen->Menu("mnuSet").Checked());
-    EXPECT_FALSE(screen->Menu("mnuRemove").Enabled());
-    EXPECT_EQ(Mode(), "");
-    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 1; }));
-    EXPECT_EQ(Mode(), "vertical");
-    ExpectIdle();
-    Click(*screen, "mnuRemove");
-    EXPECT_FALSE(screen->Menu("mnuSet").Enabled());
-    ASSERT_TRUE(WaitFor([&] { return boxes.Count() == 2; }));
-    EXPECT_EQ(Mode(), "normal");
-    ExpectIdle();
+    using Case = std::array<const char*, 3>;
+    for (const auto& [entry, other, mode] :
+         {Case{"mnuSet", "mnuRemove", "vertical"}, Case{"mnuRemove", "mnuSet", "normal"}}) {
+        Click(*screen, entry);
+        EXPECT_EQ(Disabled(), (Names{"fraMode", other}));
+        EXPECT_EQ(Mode(), "");
+        ASSERT_TRUE(WaitFor([&, entry = entry] { return !screen->Menu(entry).Checked(); }));
+        EXPECT_EQ(Mode(), mode);
+        ExpectIdle();
+    }
     EXPECT_EQ(boxes.Texts(),
               (Strings{"Set Vertical Gyro Mode succeeded!", "Set Normal Mode succeeded!"}));
     EXPECT_EQ(Heard(), (std::vector<Bytes>{{0x29, 0x71, 0x00, 0x78, 0x00, 0x00, 0xAA},
@@ -81,24 +81,15 @@ TEST_F(Vertical, SwitchesTheSensor) {
 }
 
 TEST_F(Vertical, BothRepliesMustPass) {
-    struct Case {
-        const char* entry;
-        std::vector<Bytes> replies;
-        const char* message;
-    };
-    const char* vertical = "Set Vertical Gyro failed checksum!";
-    const char* normal = "Remove Vertical Gyro failed checksum!";
     OpenRead("Vertical");
-    for (const auto& [entry, replies, message] :
-         std::vector<Case>{{"mnuSet", {badSum, written}, vertical},
-                           {"mnuSet", {written, badSum}, vertical},
-                           {"mnuSet", {written, oneByteMore}, malformed},
-                           {"mnuRemove", {badSum, written}, normal},
-                           {"mnuRemove", {written, badSum}, normal},
-                           {"mnuRemove", {otherHeader, written}, malformed}}) {
-        EXPECT_EQ(Messages(entry, replies), Strings{message});
-        EXPECT_EQ(Mode(), "");
-    }
+    const char* vertical = "Set Vertical Gyro failed checksum!";
+    EXPECT_EQ(Messages("mnuSet", {badSum, written}), Strings{vertical});
+    EXPECT_EQ(Messages("mnuSet", {written, badSum}), Strings{vertical});
+    EXPECT_EQ(Messages("mnuSet", {written, oneByteMore}), Strings{malformed});
+    EXPECT_EQ(Mode(), "");
+    EXPECT_EQ(Messages("mnuRemove", {written, badSum}),
+              Strings{"Remove Vertical Gyro failed checksum!"});
+    EXPECT_EQ(Mode(), "");
 }
 
 TEST_F(Vertical, ASecondClickEndsTheWait) {

@@ -13,17 +13,6 @@
 
 namespace orbkl4::test {
 
-namespace {
-
-Screen& AwaitActive(const char* name) {
-    Screen* screen = FindScreen(name);
-    if (screen == nullptr) ADD_FAILURE() << name << " isn't registered";
-    QCoreApplication::processEvents();
-    return *screen;
-}
-
-}  // namespace
-
 orbkl4sim::SimulatorOptions QuietSensor() {
     orbkl4sim::SimulatorOptions options;
     options.motion = orbkl4sim::Rest();
@@ -54,12 +43,14 @@ ScreenTest::~ScreenTest() {
 
 Screen& ScreenTest::Open(const char* name) {
     ShowScreen(name);
-    return AwaitActive(name);
+    QCoreApplication::processEvents();
+    return *FindScreen(name);
 }
 
 Screen& ScreenTest::OpenModal(const char* name) {
     ShowModalScreen(name);
-    return AwaitActive(name);
+    QCoreApplication::processEvents();
+    return *FindScreen(name);
 }
 
 std::string ScreenTest::Property(const Screen& screen, const char* name, const char* property) {

@@ -113,35 +113,30 @@ std::string StreamRig::FaultOfStream(const StreamCase& streamCase) {
     std::ofstream(dataFile_, std::ios::trunc).close();
     savedBytes_ = 0;
     story_.clear();
-    StreamOracle oracle(streamCase);
-    std::string fault = FaultOfStart();
-    for (const Piece& piece : streamCase.pieces) {
-        if (!fault.empty()) return fault;
-        line_.Send(piece.bytes);
-        if (oracle.Takes(piece.bytes)) {
-            fault = FaultOfReply(oracle);
-        } else if ((piece.awaited && !AllIn(oracle)) || !line_.TakeAll().empty()) {
-            fault = "too many or too few bytes wait, or a request before the reply was whole";
-        }
-    }
-    if (!fault.empty()) return fault;
-    if (!AllIn(oracle)) return "too many or too few bytes wait at the end";
-    Click();
-    return line_.TakeAll().empty() ? "" : "a request too many at the end";
-}
-
-std::string StreamRig::FaultOfStart() {
     Click();
     shown_ = Snapshot();
-    const Bytes request = line_.Take(1);
-    if (request != Bytes{static_cast<std::uint8_t>(kind_->command)}) return "the first request";
-    return led_->Value() ? "the lamp is lit at the start" : "";
+    if (line_.Take(1) != Bytes{static_cast<std::uint8_t>(kind_->command)})
+        return "the first request";
+    if (led_->Value()) return "the lamp is lit at the start";
+    StreamOracle oracle(streamCase);
+    for (const auto& [bytes, awaited] : streamCase.pieces) {
+        line_.Send(bytes);
+        if (oracle.Takes(bytes)) {
+            const std::string fault = FaultOfReply(oracle);
+            if (!fault.empty()) return fault;
+        } else if ((awaited && !AllIn(oracle)) || !line_.Take(0).empty()) {
+            return "too many or too few bytes wait, or a request before the reply was whole";
+        }
+    }
+    if (!AllIn(oracle)) return "too many or too few bytes wait at the end";
+    Click();
+    return line_.Take(0).empty() ? "" : "a request too many at the end";
 }
 
 std::string StreamRig::FaultOfReply(const StreamOracle& oracle) {
     Bytes requests;
     WaitFor([&] {
-        const Bytes more = line_.TakeAll();
+        const Bytes more = line_.Take(0);
         requests.insert(requests.end(), more.begin(), more.end());
         return !requests.empty() || boxes_.Count() > 0;
     });

@@ -25,8 +25,6 @@ class StreamRig {
   public:
     StreamRig();
     ~StreamRig();
-    StreamRig(const StreamRig&) = delete;
-    StreamRig& operator=(const StreamRig&) = delete;
 
     /// Feeds the stream made of `data` to its channel and checks after each reply what is shown,
     /// saved and requested, and that another cutting shows the same. Returns what is wrong, or an
@@ -40,7 +38,6 @@ class StreamRig {
     void Show(const PacketKind& kind);
     void Click();
     std::string FaultOfStream(const StreamCase& streamCase);
-    std::string FaultOfStart();
     std::string FaultOfReply(const StreamOracle& oracle);
     std::string FaultOfShown(const StreamOracle& oracle);
     std::string FaultOfSaved(const StreamOracle& oracle);
