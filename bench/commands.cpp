@@ -17,11 +17,11 @@ namespace orbkl4::bench {
 namespace {
 
 constexpr int turns = 5;
-constexpr int baud = 38400;
+constexpr int sensorBaud = 38400;
 
 orbkl4sim::SimulatorOptions Options() {
     orbkl4sim::SimulatorOptions options;
-    options.baud = baud;
+    options.baud = sensorBaud;
     options.record = false;
     return options;
 }
@@ -46,7 +46,7 @@ std::optional<double> SecondsOf(const QStringList& arguments) {
 QStringList On(const orbkl4sim::Simulator& sensor, const QStringList& options) {
     return QStringList{QStringLiteral("--device"),
                        QString::fromStdString(sensor.DevicePath().string()),
-                       QStringLiteral("--baud"), QString::number(baud)} +
+                       QStringLiteral("--baud"), QString::number(sensorBaud)} +
            options;
 }
 
@@ -82,7 +82,7 @@ void MeasureMemory(Table& table) {
     constexpr double bitsPerByte = 10;
     const auto bytes = static_cast<double>(ReadEepromRequest(0).size() +
                                            ReplyLength(DeviceCommand::CmdReadEeprom));
-    const double wire = words * bytes * bitsPerByte / baud;
+    const double wire = words * bytes * bitsPerByte / sensorBaud;
     orbkl4sim::Simulator sensor(Options());
     sensor.Start();
     const QTemporaryDir folder;

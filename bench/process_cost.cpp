@@ -10,8 +10,6 @@ namespace orbkl4::bench {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 QByteArray ReadProc(qint64 process, const char* leaf) {
     QFile file(QStringLiteral("/proc/%1/%2").arg(process).arg(QLatin1String(leaf)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -40,6 +38,7 @@ double ResidentBytes(qint64 process) {
 double CpuSecondsOf(qint64 process) { return static_cast<double>(RunTime(process)) * nanosecond; }
 
 ProcessCost CostOf(const std::string& program, const QStringList& arguments) {
+    using Clock = std::chrono::steady_clock;
     constexpr auto idleFor = std::chrono::milliseconds(200);
     QProcess process;
     const auto start = Clock::now();

@@ -19,8 +19,8 @@ namespace orbkl4 {
 
 namespace {
 
-constexpr int fieldRowGap = 2;  // between rows of fields, in pixels
-constexpr int groupGap = 6;     // between groups of them, besides
+constexpr int fieldRowGap = 2;    // between rows of fields, in pixels
+constexpr int fieldGroupGap = 6;  // between groups of them, besides
 constexpr Axis rawWords{.minimum = 0, .maximum = 65535, .marks = 5000, .subMarks = 2500};
 
 TextField* MakeField(QWidget* frame, const char* name, int decimals) {
@@ -90,7 +90,7 @@ class PanelFiller {
             grid_->setColumnMinimumWidth(column_ - 1, gap);
             ShareWidth();
         }
-        grid_->addItem(new QSpacerItem(0, groupGap), row_++, column_);
+        grid_->addItem(new QSpacerItem(0, fieldGroupGap), row_++, column_);
     }
 
     /// Puts the element `name`, such as "M21", in its place among the nine, its label above it.

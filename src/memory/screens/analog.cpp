@@ -20,8 +20,8 @@ namespace orbkl4 {
 namespace {
 
 constexpr int analogTickMilliseconds = 100;
-constexpr eeprom::Address first = analogWords.front().address;
-constexpr eeprom::Address last = analogWords.back().address;
+constexpr eeprom::Address firstWord = analogWords.front().address;
+constexpr eeprom::Address lastWord = analogWords.back().address;
 
 constexpr auto analogMenu = std::to_array<MenuRow>({
     {"mnuFile", "&File"},
@@ -37,15 +37,15 @@ Analog::Analog()
     : Screen("Analog", "Analog Output"),
       fraAnalog_(MakeFrame(this, "fraAnalog", "Analog Output Settings")),
       cmbFunction_(Named(new ComboBox(fraAnalog_), "cmbFunction")),
-      progress_(this, first, last),
+      progress_(this, firstWord, lastWord),
       port_(this, "MSComm1"),
       timerRead_(this, "TimerRead", analogTickMilliseconds),
       timerWrite_(this, "TimerWrite", analogTickMilliseconds),
       readRun_{.screen = *this,
                .port = port_,
                .timer = timerRead_,
-               .first = first,
-               .last = last,
+               .first = firstWord,
+               .last = lastWord,
                .take = [this](auto address, double number) { TakeWord(address, number); },
                .pass = [this](auto address) { progress_.Value(address); },
                .end = [this] { EndRun("Read process has completed!"); }},
@@ -95,7 +95,7 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
     auto* field = Named(new CWNumEdit(fraAnalog_), ("NumEdit" + address).c_str());
     field->Limits(0, word.maximum);
     field->WholeNumbers(true);
-    fields_.at(static_cast<std::size_t>(word.address - first) / 2) = field;
+    fields_.at(static_cast<std::size_t>(word.address - firstWord) / 2) = field;
     const bool isCommand = word.address == eeprom::analogCommand;
     const std::string rangeName = isCommand ? "lblCommandByte" : "lblRange" + address;
     QLabel* range = MakeLabel(fraAnalog_, rangeName.c_str(), word.range);
@@ -107,7 +107,7 @@ void Analog::AddWordRow(QGridLayout& grid, int row, const AnalogWord& word) {
 }
 
 CWNumEdit& Analog::FieldOf(eeprom::Address address) const {
-    return *fields_.at(static_cast<std::size_t>(address - first) / 2);
+    return *fields_.at(static_cast<std::size_t>(address - firstWord) / 2);
 }
 
 void Analog::Form_Load() {
@@ -151,7 +151,7 @@ void Analog::EnableControls(bool enabled) {
 
 void Analog::BeginRun(const char* caption) {
     EnableControls(false);
-    progress_.Start(first, caption);
+    progress_.Start(firstWord, caption);
 }
 
 void Analog::EndRun(const char* message) {
