@@ -16,7 +16,6 @@ namespace orbkl4::bench {
 
 namespace {
 
-constexpr int turns = 5;
 constexpr int sensorBaud = 38400;
 
 orbkl4sim::SimulatorOptions Options() {
@@ -28,6 +27,7 @@ orbkl4sim::SimulatorOptions Options() {
 
 /// The median time in seconds of `arguments`; none where the program doesn't end with 0.
 std::optional<double> SecondsOf(const QStringList& arguments) {
+    constexpr int turns = 5;
     using Clock = std::chrono::steady_clock;
     std::vector<double> times;
     for (int turn = 0; turn < turns; ++turn) {
