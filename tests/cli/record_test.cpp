@@ -125,12 +125,12 @@ TEST_F(Record, CountsBadAndMissingReplies) {
     bad[5] ^= 1;
     const Bytes cut(good.begin(), good.begin() + 9);
     const Bytes stray{0xFF, 0x28};  // the second might begin a reply, of 7 bytes
-    for (const Bytes& reply : {good, bad, cut, Bytes{}, Bytes{}, stray + good})
+    for (const Bytes& reply : {good, bad, cut, bad, Bytes{}, Bytes{}, stray + good})
         sensor.ReplyOnceTo(0x02, reply);
     EXPECT_EQ(0, RunToFile({"--samples", "3"}).exit);
     EXPECT_EQ(4U, Lines().size());
     EXPECT_EQ(115200, Beside()["baud"].toInt());
-    EXPECT_EQ(2, Beside()["badReplies"].toInt());
+    EXPECT_EQ(3, Beside()["badReplies"].toInt());
     EXPECT_EQ(2, Beside()["timeouts"].toInt());
     ASSERT_EQ(1, Beside()["gaps"].toArray().size());
     EXPECT_EQ(QJsonValue("no-answer"), Beside()["gaps"][0]["why"]);
