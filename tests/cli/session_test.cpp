@@ -1,4 +1,7 @@
+#include "cli/session.h"
+
 #include "cli/cli_test.h"
+#include "platform/system/port_device.h"
 #include "simulator/host_line.h"
 
 #include <QJsonArray>
@@ -110,6 +113,20 @@ TEST_F(Info, TakesNoLateReplyForThatToTheNextRequest) {
     EXPECT_EQ(8727, scales["gyro"].toInt());
     EXPECT_EQ(5000, scales["accelerometer"].toInt());
     EXPECT_EQ(2500, scales["magnetometer"].toInt());
+}
+
+TEST_F(Info, TakesNothingThatCameBeforeTheRequest) {
+    Simulator& sensor = Plug(1);
+    const QString device = QString::fromStdString(sensor.DevicePath().string());
+    Session session(FoundSensor{std::make_unique<Line>(DeviceAt(device), 38400), 1042, "3.1.01"});
+    const Bytes other{0xF1, 0x04, 0x13, 0x05, 0x04};  // the serial number 1043
+    sensor.SendUnasked(other);
+    ASSERT_TRUE(Comes([&] {
+        int waiting = 0;
+        ::ioctl(session.SerialLine().Handle(), FIONREAD, &waiting);
+        return waiting == static_cast<int>(other.size());
+    }));
+    EXPECT_EQ(1042, session.ReadSerialNumber());
 }
 
 TEST_F(Ports, ListsAndAsksAllSixteen) {
