@@ -33,6 +33,10 @@ QJsonObject JsonOf(const std::string& text) {
     return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
 }
 
+std::string TextOf(const QJsonObject& object) {
+    return QJsonDocument(object).toJson().toStdString();
+}
+
 std::vector<int> MemoryOf(const orbkl4sim::Simulator& sensor) {
     std::vector<int> words;
     for (int address = 0; address < 256; address += 2) words.push_back(sensor.Word(address));

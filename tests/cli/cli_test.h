@@ -22,6 +22,9 @@ using Environment = std::map<std::string, std::string>;
 /// The JSON object in `text`; empty if there is none.
 QJsonObject JsonOf(const std::string& text);
 
+/// An object as JSON text, to be compared and printed.
+std::string TextOf(const QJsonObject& object);
+
 /// All words of a sensor's memory.
 std::vector<int> MemoryOf(const orbkl4sim::Simulator& sensor);
 

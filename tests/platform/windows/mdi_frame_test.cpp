@@ -60,7 +60,7 @@ TEST_F(MdiFrameTest, ScreensFillItAndTheirTypeGrowsWithIt) {
           std::pair{QSize(3800, 2280), 2.0}, std::pair{QSize(960, 600), 1.0},
           std::pair{QSize(1900, 1140), 1.5}}) {
         frame.resize(size);
-        ASSERT_TRUE(WaitFor([&] { return frame.size() == size; }));
+        ASSERT_TRUE(WaitFor([&, size = size] { return frame.size() == size; }));
         QCoreApplication::processEvents();
         EXPECT_EQ(upper.size(), upper.parentWidget()->size());
         EXPECT_EQ(upper.width(), size.width());
