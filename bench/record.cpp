@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <stdexcept>
 #include <vector>
 
 namespace orbkl4::bench {
@@ -62,6 +63,7 @@ LoopResult RawProcess(const std::string& device, int baud, double seconds) {
         {QString::fromStdString(device), QString::number(ByteOf(DeviceCommand::CmdGyroStabVectors)),
          QString::number(baud), QString::number(seconds)});
     process.waitForFinished();
+    if (process.exitCode() != 0) throw std::runtime_error("the raw loop can't run on " + device);
     const QList<QByteArray> figures = process.readAllStandardOutput().split(' ');
     LoopResult result;
     result.samples = figures.value(0).toDouble();

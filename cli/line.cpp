@@ -48,6 +48,7 @@ Line::Line(const PortDevice& device, int baud)
         throw CliError(Failure::NoLine, error.what());
     }
     handle_ = static_cast<int>(port_.handle());
+    // Not the port's own handle, as a write must not wait for a device that takes nothing.
     LetReadsWait(hold_.Handle(), name_);
 }
 
