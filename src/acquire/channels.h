@@ -40,7 +40,7 @@ struct SamplingChannel {
     ChannelExtras extras = {};
 
     /// The one-byte request.
-    constexpr DeviceCommand Command() const { return decode.command; }
+    constexpr DeviceCommand Command() const { return decode.packet.command; }
 };
 
 /// The channels of `screen`, the gyro-stabilized one first.

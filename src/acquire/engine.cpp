@@ -119,7 +119,7 @@ void CaptureWhileSampling(LiveChannel& channel) {
 LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, ChannelDisplay display) {
     constexpr int watchdogMilliseconds = 1000;
     return {.row = row,
-            .packet = PacketOf(row.Command()),
+            .packet = row.decode.packet,
             .screen = screen,
             .entry = screen.Menu(row.entry),
             .port = *new MSComm(&screen, row.port),

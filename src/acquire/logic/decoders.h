@@ -8,25 +8,24 @@ namespace orbkl4 {
 
 /// The decoder of one data command under its own name, for the program's two records.
 struct Decoder {
-    DeviceCommand command;
+    const SamplePacket& packet;
 
     /// Decodes `AppState.CommandBytes` into `SampleState`; false for a bad packet, see `Decode`.
-    bool operator()() const {
-        return Decode(PacketOf(command), AppState.CommandBytes, AppState, SampleState);
-    }
+    bool operator()() const { return Decode(packet, AppState.CommandBytes, AppState, SampleState); }
 };
 
-inline constexpr Decoder DecodeRawBits{DeviceCommand::CmdRawSensorBits};
-inline constexpr Decoder DecodeGyroVectors{DeviceCommand::CmdGyroStabVectors};
-inline constexpr Decoder DecodeInstantVectors{DeviceCommand::CmdInstantVectors};
-inline constexpr Decoder DecodeGyroQuaternion{DeviceCommand::CmdGyroStabQuaternion};
-inline constexpr Decoder DecodeInstantQuaternion{DeviceCommand::CmdInstantQuaternion};
-inline constexpr Decoder DecodeGyroMatrix{DeviceCommand::CmdGyroStabMatrix};
-inline constexpr Decoder DecodeInstantMatrix{DeviceCommand::CmdInstantMatrix};
-inline constexpr Decoder DecodeGyroEuler{DeviceCommand::CmdGyroStabEuler};
-inline constexpr Decoder DecodeInstantEuler{DeviceCommand::CmdInstantEuler};
-inline constexpr Decoder DecodeEulerAccelRate{DeviceCommand::CmdEulerAccelRate};
-inline constexpr Decoder DecodeGyroQuatVectors{DeviceCommand::CmdGyroStabQuatCompVectors};
-inline constexpr Decoder DecodeInstantQuatVectors{DeviceCommand::CmdGyroStabQuatInstantVectors};
+inline constexpr Decoder DecodeRawBits{PacketOf(DeviceCommand::CmdRawSensorBits)};
+inline constexpr Decoder DecodeGyroVectors{PacketOf(DeviceCommand::CmdGyroStabVectors)};
+inline constexpr Decoder DecodeInstantVectors{PacketOf(DeviceCommand::CmdInstantVectors)};
+inline constexpr Decoder DecodeGyroQuaternion{PacketOf(DeviceCommand::CmdGyroStabQuaternion)};
+inline constexpr Decoder DecodeInstantQuaternion{PacketOf(DeviceCommand::CmdInstantQuaternion)};
+inline constexpr Decoder DecodeGyroMatrix{PacketOf(DeviceCommand::CmdGyroStabMatrix)};
+inline constexpr Decoder DecodeInstantMatrix{PacketOf(DeviceCommand::CmdInstantMatrix)};
+inline constexpr Decoder DecodeGyroEuler{PacketOf(DeviceCommand::CmdGyroStabEuler)};
+inline constexpr Decoder DecodeInstantEuler{PacketOf(DeviceCommand::CmdInstantEuler)};
+inline constexpr Decoder DecodeEulerAccelRate{PacketOf(DeviceCommand::CmdEulerAccelRate)};
+inline constexpr Decoder DecodeGyroQuatVectors{PacketOf(DeviceCommand::CmdGyroStabQuatCompVectors)};
+inline constexpr Decoder DecodeInstantQuatVectors{
+    PacketOf(DeviceCommand::CmdGyroStabQuatInstantVectors)};
 
 }  // namespace orbkl4

@@ -64,11 +64,6 @@ void ConvertWords(const SamplePacket& packet, const GainScales& gainScales, Samp
 
 }  // namespace
 
-double ScaledWord(double word, double gainScale) {
-    constexpr double divisor = 32768000;  // 32768 times 1000
-    return RoundTo(gainScale * ToSigned16(word) / divisor, 4);
-}
-
 bool Decode(const SamplePacket& packet, const Bytes& reply, const GainScales& gainScales,
             Sample& sample) {
     try {

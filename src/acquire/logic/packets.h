@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/arithmetic.h"
 #include "base/bytes.h"
 #include "link/logic/device_command.h"
+#include "link/logic/words.h"
 #include "state/app_state.h"
 #include "state/sample_fields.h"
 #include "state/sample_state.h"
@@ -133,7 +135,10 @@ constexpr const SamplePacket& PacketOf(DeviceCommand command) {
 }
 
 /// A word times its gain scale, rounded to four decimals.
-double ScaledWord(double word, double gainScale);
+inline double ScaledWord(double word, double gainScale) {
+    constexpr double divisor = 32768000;  // 32768 times 1000
+    return RoundTo(gainScale * ToSigned16(word) / divisor, 4);
+}
 
 /// Decodes `reply`, whose length and header the caller has checked, into `sample`. False for a bad
 /// checksum, and for any run-time error on the way; the payload fields then hold raw words.
