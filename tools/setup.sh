@@ -53,7 +53,7 @@ show_progress() {
 build() {
   local preset=$1 minutes=$2 start=$SECONDS first=""
   shift 2
-  [ -e "build/$preset/.ninja_log" ] || first="; the first time, this takes about $minutes minutes"
+  [ -e "build/$preset/.ninja_log" ] || first="; the first time, this takes about $minutes min"
   echo "Building ${*:-all programs and tests} (preset $preset)$first ..."
   logged "build/$preset.log" cmake --preset "$preset"
   cmake --build --preset "$preset" ${1:+--target "$@"} 2>&1 | show_progress
