@@ -113,7 +113,7 @@ void MeasurePaced(Table& table) {
     for (const int baud : {19200, 38400, 115200}) {
         Workbench workbench(Sensor(true, baud), true);
         for (const SamplingChannel* channel : AllChannels()) {
-            const double bytes = 1 + static_cast<double>(ReplyLength(channel->Command()));
+            const double bytes = 1 + static_cast<double>(channel->Packet().length);
             const double limit = baud / bitsPerByte / bytes;
             const Compared rate = InTurn(
                 turns, [&] { return workbench.SampleLoop(*channel, seconds, true).Rate(); },
@@ -176,7 +176,7 @@ Bytes GoodPacket(DeviceCommand command, std::size_t length) {
 void MeasureDecoders(Table& table) {
     constexpr int decodes = 100000;
     for (const SamplingChannel* channel : AllChannels()) {
-        const Bytes packet = GoodPacket(channel->Command(), ReplyLength(channel->Command()));
+        const Bytes packet = GoodPacket(channel->Command(), channel->Packet().length);
         AppState.CommandBytes = packet;
         if (!channel->decode()) std::printf("%s doesn't decode\n", NameOf(*channel).c_str());
         std::vector<double> times;

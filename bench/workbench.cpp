@@ -107,7 +107,7 @@ LoopResult Workbench::SampleLoop(const SamplingChannel& channel, double seconds,
 std::vector<double> Workbench::HandlerTimes(const SamplingChannel& channel, int count) {
     Screen& screen = Start(channel, true);
     MSComm& port = PortOf(screen, channel);
-    const auto length = static_cast<std::int16_t>(ReplyLength(channel.Command()));
+    const auto length = static_cast<std::int16_t>(channel.Packet().length);
     constexpr int repliesPerPaint = 3;  // about as many as come between two frames of a display
     std::vector<double> times;
     for (int i = 0; i < count; ++i) {

@@ -39,8 +39,11 @@ struct SamplingChannel {
     const char* ownFrame = "";  ///< enabled while the channel runs only
     ChannelExtras extras = {};
 
+    /// The reply.
+    constexpr const SamplePacket& Packet() const { return decode.packet; }
+
     /// The one-byte request.
-    constexpr DeviceCommand Command() const { return decode.packet.command; }
+    constexpr DeviceCommand Command() const { return Packet().command; }
 };
 
 /// The channels of `screen`, the gyro-stabilized one first.

@@ -66,7 +66,7 @@ void SaveOrShow(const LiveChannel& channel) {
         channel.display.show();
         return;
     }
-    const Side side = channel.packet.side;
+    const Side side = channel.row.Packet().side;
     if (!TakeThrottleStep(SampleState, SampleState, side)) return;
     channel.display.show();
     (*write)(side, SampleState.SampleTimeText);
@@ -110,7 +110,7 @@ void CaptureWhileSampling(LiveChannel& channel) {
     Send(channel.port, DeviceCommand::CmdCaptureGyroBias);
     WaitMilliseconds(milliseconds);
     channel.port.Input(AppState.CommandBytes);
-    channel.port.RThreshold(static_cast<std::int16_t>(channel.packet.length));
+    channel.port.RThreshold(static_cast<std::int16_t>(channel.row.Packet().length));
     Send(channel.port, channel.row.Command());
 }
 
@@ -119,7 +119,6 @@ void CaptureWhileSampling(LiveChannel& channel) {
 LiveChannel BindChannel(const SamplingChannel& row, Screen& screen, ChannelDisplay display) {
     constexpr int watchdogMilliseconds = 1000;
     return {.row = row,
-            .packet = row.decode.packet,
             .screen = screen,
             .entry = screen.Menu(row.entry),
             .port = *new MSComm(&screen, row.port),
@@ -154,7 +153,7 @@ void StartChannel(LiveChannel& channel) {
     Run(channel.display.atStart);
     EnableOthers(channel, false);
     channel.led.Value(false);
-    channel.port.RThreshold(static_cast<std::int16_t>(channel.packet.length));
+    channel.port.RThreshold(static_cast<std::int16_t>(channel.row.Packet().length));
     OpenCommPort(channel.port, channel.screen);
     channel.timer.Enabled(true);
     StartSampleTime(SampleState, PerformanceCounter());

@@ -25,7 +25,6 @@ struct ChannelDisplay {
 /// A channel with the controls of its screen, looked up once. Null is none.
 struct LiveChannel {
     const SamplingChannel& row;
-    const SamplePacket& packet;
     Screen& screen;
     MenuEntry& entry;
     MSComm& port;
