@@ -62,8 +62,8 @@ LoopResult RawProcess(const std::string& device, int baud, double seconds) {
         QStringLiteral(RAW_LOOP),
         {QString::fromStdString(device), QString::number(ByteOf(DeviceCommand::CmdGyroStabVectors)),
          QString::number(baud), QString::number(seconds)});
-    process.waitForFinished();
-    if (process.exitCode() != 0) throw std::runtime_error("the raw loop can't run on " + device);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        throw std::runtime_error("the raw loop can't run on " + device);
     const QList<QByteArray> figures = process.readAllStandardOutput().split(' ');
     LoopResult result;
     result.samples = figures.value(0).toDouble();
