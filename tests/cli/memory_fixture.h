@@ -3,7 +3,6 @@
 #include "cli/cli_test.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
 #include <chrono>
@@ -43,7 +42,7 @@ class Memory : public CliTest {
             words[address / 2] = word;
         }
         document["words"] = words;
-        folder_.Write("changed.json", QJsonDocument(document).toJson().toStdString());
+        folder_.Write("changed.json", TextOf(document));
         return path;
     }
 

@@ -1,5 +1,7 @@
 #include "cli/memory_fixture.h"
 
+#include <QJsonDocument>
+
 #include <utility>
 
 namespace orbkl4::cli::test {

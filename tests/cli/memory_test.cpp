@@ -1,6 +1,7 @@
 #include "cli/memory_fixture.h"
 
 #include <QDateTime>
+#include <QJsonDocument>
 
 #include <csignal>
 #include <regex>
